@@ -1,0 +1,54 @@
+# Native targets: the simulated desktop, the rehearsal player, tests, fuzz targets and benchmarks.
+set(POINTALK_CLANG_TIDY "" CACHE STRING "clang-tidy command to run on the core and the simulated desktop")
+
+find_package(nlohmann_json 3 REQUIRED)
+find_package(Threads REQUIRED)
+
+pointalk_glob(sim_sources sim/*.cpp)
+list(FILTER sim_sources EXCLUDE REGEX "/sim/rehearse_main\\.cpp$")
+pointalk_library(pointalk_sim SOURCES ${sim_sources} LIBRARIES pointalk_core nlohmann_json::nlohmann_json)
+pointalk_program(pointalk-rehearse SOURCES sim/rehearse_main.cpp LIBRARIES pointalk_sim)
+
+find_package(GTest QUIET)
+option(POINTALK_TESTS "Build the tests (needs GoogleTest with GoogleMock)" ${GTest_FOUND})
+if(POINTALK_TESTS)
+  find_package(GTest REQUIRED)
+  enable_testing()
+
+  pointalk_glob(test_sources tests/text/*.cpp tests/app/*.cpp tests/tones/*.cpp tests/reader/*.cpp tests/speech/*.cpp
+                tests/crash/*.cpp tests/registry/*.cpp tests/sim/*.cpp tests/support/*.cpp)
+  pointalk_test_program(pointalk_tests SOURCES ${test_sources}
+                        LIBRARIES pointalk_sim GTest::gmock_main Threads::Threads)
+  target_compile_definitions(pointalk_tests PRIVATE POINTALK_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  add_test(NAME pointalk_tests COMMAND pointalk_tests)
+
+  pointalk_glob(contract_sources tests/contract/*_test.cpp tests/contract/sim/*.cpp)
+  if(contract_sources)
+    pointalk_test_program(pointalk_contract SOURCES ${contract_sources}
+                          LIBRARIES pointalk_sim GTest::gmock_main Threads::Threads)
+    add_test(NAME pointalk_contract COMMAND pointalk_contract)
+  endif()
+
+  find_package(Python3 COMPONENTS Interpreter QUIET)
+  if(Python3_FOUND)
+    add_test(NAME rehearsals COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tools/check_rehearsals.py
+             --program $<TARGET_FILE:pointalk-rehearse>)
+  endif()
+endif()
+
+if(POINTALK_FUZZ)
+  pointalk_glob(fuzz_sources tests/fuzz/*_fuzz.cpp)
+  foreach(source IN LISTS fuzz_sources)
+    cmake_path(GET source STEM name)
+    pointalk_program(${name} SOURCES ${source} LIBRARIES pointalk_sim)
+    target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+  endforeach()
+endif()
+
+find_package(benchmark QUIET)
+option(POINTALK_BENCH "Build the benchmarks (needs Google Benchmark)" ${benchmark_FOUND})
+pointalk_glob(bench_sources tests/bench/*_bench.cpp)
+if(POINTALK_BENCH AND bench_sources)
+  find_package(benchmark REQUIRED)
+  pointalk_program(pointalk_bench SOURCES ${bench_sources} LIBRARIES pointalk_sim benchmark::benchmark_main)
+endif()

@@ -1,0 +1,57 @@
+# Windows targets: Pointalk.exe, the contract suite and the benchmarks that run there, the test targets and Wine's companions.
+
+# libuuid has to come before liboleacc: the other order links a wrong IID_IAccessible.
+set(pointalk_system_libraries user32 gdi32 uuid ole32 oleaut32 oleacc winmm advapi32 shell32 comctl32)
+
+pointalk_glob(win32_sources win32/*.cpp)
+list(FILTER win32_sources EXCLUDE REGEX "/win32/win_main\\.cpp$")
+pointalk_library(pointalk_win32 SOURCES ${win32_sources} LIBRARIES pointalk_core ${pointalk_system_libraries})
+
+enable_language(RC)
+set(packaging ${PROJECT_SOURCE_DIR}/packaging)
+pointalk_program(Pointalk SOURCES win32/win_main.cpp packaging/pointalk.rc LIBRARIES pointalk_win32)
+set_target_properties(Pointalk PROPERTIES WIN32_EXECUTABLE ON)
+target_compile_definitions(Pointalk PRIVATE POINTALK_MAJOR=${PROJECT_VERSION_MAJOR}
+                           POINTALK_MINOR=${PROJECT_VERSION_MINOR} POINTALK_PATCH=${PROJECT_VERSION_PATCH})
+set_source_files_properties(packaging/pointalk.rc PROPERTIES INCLUDE_DIRECTORIES ${packaging}
+                            OBJECT_DEPENDS "${packaging}/pointalk.manifest;${packaging}/pointalk.ico")
+
+set(POINTALK_GOOGLETEST_DIR /usr/src/googletest CACHE PATH "GoogleTest's sources, compiled for Windows here")
+if(EXISTS ${POINTALK_GOOGLETEST_DIR}/CMakeLists.txt)
+  set(pointalk_has_googletest ON)
+else()
+  set(pointalk_has_googletest OFF)
+endif()
+option(POINTALK_TESTS "Build the tests" ${pointalk_has_googletest})
+if(POINTALK_TESTS)
+  set(INSTALL_GTEST OFF)
+  add_subdirectory(${POINTALK_GOOGLETEST_DIR} ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
+
+  pointalk_glob(contract_sources tests/contract/*_test.cpp tests/contract/win32/*.cpp)
+  if(contract_sources)
+    pointalk_test_program(pointalk_contract SOURCES ${contract_sources} LIBRARIES pointalk_win32 gmock_main)
+  endif()
+
+  pointalk_glob(bench_sources tests/bench/win32/*.cpp)
+  pointalk_glob(watched_sources tests/support/watched_platform.cpp)
+  foreach(source IN LISTS bench_sources)
+    cmake_path(GET source STEM name)
+    pointalk_program(${name} SOURCES ${source} ${watched_sources} LIBRARIES pointalk_win32)
+  endforeach()
+
+  add_subdirectory(tests/win32)
+  if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+    add_subdirectory(tests/wine)
+  endif()
+endif()
+
+# The voice and the synthesizer are for Wine, and run where a 64-bit Wine does.
+if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+  add_subdirectory(wine)
+  if(POINTALK_TESTS)
+    # The contract suite asks the target, and listens to the synthesizer, which has to lie beside it to be loaded.
+    add_dependencies(pointalk_contract pointalk_target pointalk_winmm)
+    add_custom_command(TARGET pointalk_contract POST_BUILD COMMAND ${CMAKE_COMMAND} -E copy_if_different
+                       $<TARGET_FILE:pointalk_winmm> $<TARGET_FILE_DIR:pointalk_contract>)
+  endif()
+endif()
