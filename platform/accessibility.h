@@ -1,0 +1,38 @@
+// Seam: the accessible object at a point of the screen.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "platform/text.h"
+#include "platform/types.h"
+
+namespace pointalk {
+
+// What an accessible object tells of itself; a property that could not be read is missing.
+struct AccessibleFacts {
+  std::optional<Text> name;
+  std::optional<std::int32_t> role;  // missing also when the object gives a role that is not a number
+  std::optional<Text> description;
+  std::optional<Text> value;
+};
+
+class Accessibility {
+ public:
+  virtual ~Accessibility() = default;
+
+  // Asks the object at the pointer's place on the screen, with a time limit of 250 ms over all; a slow one is
+  // given up sooner when the pointer leaves its program. Nothing when there is no object, it failed, or it
+  // did not answer in time; a program that ran over the limit is not asked again until it shows that it
+  // answers.
+  virtual std::optional<AccessibleFacts> ObjectAt(Point screen) = 0;
+
+  // True while an earlier question about this window has run over its limit and not yet come back.
+  virtual bool QueryStillOut(WindowHandle window) = 0;
+
+  // The platform's text for a role number, as it stands in a buffer of capacity characters: a text that fills
+  // the buffer had no room for its end. Empty when there is none.
+  virtual Text RoleText(std::int32_t role, int capacity) = 0;
+};
+
+}  // namespace pointalk

@@ -1,0 +1,71 @@
+// Seam: the platform's registry functions, one method each, with the platform's own return codes (0 is
+// success).
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "platform/text.h"
+
+namespace pointalk {
+
+using RegistryKey = std::uint64_t;  // an open key or a root key's number; 0 is none
+
+struct RegistryOpening {
+  std::int32_t code = 0;
+  RegistryKey key = 0;
+};
+
+struct RegistryValueSize {
+  std::int32_t code = 0;
+  std::uint32_t type = 0;   // 1 text, 3 binary, 4 32-bit number
+  std::uint32_t bytes = 0;  // for text with its ending NUL
+};
+
+struct RegistryValueData {
+  std::int32_t code = 0;
+  std::uint32_t type = 0;
+  std::vector<std::byte> data;
+};
+
+struct RegistryKeyInfo {
+  std::int32_t code = 0;
+  std::uint32_t subKeys = 0;
+  std::uint32_t longestSubKeyName = 0;  // characters, without the ending NUL
+  std::uint32_t values = 0;
+  std::uint32_t longestValueName = 0;  // characters, without the ending NUL
+};
+
+struct RegistryName {
+  std::int32_t code = 0;
+  Text name;
+};
+
+class RegistryApi {
+ public:
+  virtual ~RegistryApi() = default;
+
+  // Both ask for all access.
+  virtual RegistryOpening CreateKey(RegistryKey root, TextView subKey) = 0;
+  virtual RegistryOpening OpenKey(RegistryKey root, TextView subKey) = 0;
+  virtual std::int32_t CloseKey(RegistryKey key) = 0;
+
+  // Text data is 8-bit text with its ending NUL; the platform stores what it is given.
+  virtual std::int32_t SetValue(RegistryKey key, TextView name, std::uint32_t type,
+                                const std::vector<std::byte>& data) = 0;
+
+  // The type and the size only; and the data, into a buffer of that size.
+  virtual RegistryValueSize QueryValueSize(RegistryKey key, TextView name) = 0;
+  virtual RegistryValueData QueryValue(RegistryKey key, TextView name, std::uint32_t bytes) = 0;
+  virtual std::int32_t DeleteValue(RegistryKey key, TextView name) = 0;
+
+  virtual RegistryKeyInfo QueryKey(RegistryKey key) = 0;
+  virtual RegistryName SubKeyName(RegistryKey key, std::uint32_t index, std::uint32_t capacity) = 0;
+  virtual RegistryName ValueName(RegistryKey key, std::uint32_t index, std::uint32_t capacity) = 0;
+
+  // Removes a key that has no sub-keys; with an empty name the open key itself.
+  virtual std::int32_t DeleteKey(RegistryKey key, TextView subKey) = 0;
+};
+
+}  // namespace pointalk

@@ -1,0 +1,41 @@
+// Seam: what the program asks of the system as a whole.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "platform/text.h"
+
+namespace pointalk {
+
+struct SystemVersion {
+  std::uint32_t platform = 0;  // 1 is the Windows 95 family
+  std::uint32_t major = 0;
+  std::uint32_t minor = 0;
+};
+
+class System {
+ public:
+  virtual ~System() = default;
+
+  virtual std::optional<SystemVersion> Version() = 0;
+
+  // The program's folder, without a backslash at its end.
+  virtual Text ProgramFolder() = 0;
+
+  // The 8.3 form of a path, at most capacity characters of it; empty on failure.
+  virtual Text ShortPath(TextView path, int capacity) = 0;
+
+  // Empties the clipboard and puts a text on it.
+  [[nodiscard]] virtual bool SetClipboard(TextView text) = 0;
+
+  // Has the shell carry out an operation on a file, with the panel as owner.
+  [[nodiscard]] virtual bool ShellOpen(TextView operation, TextView file, TextView parameters,
+                                       TextView directory, int show) = 0;
+
+  // Ends the process at once. It does not return; a simulated machine leaves it, and a question that is never
+  // answered, by throwing something that is no std::exception, which nothing in the program catches.
+  [[noreturn]] virtual void EndProgram() = 0;
+};
+
+}  // namespace pointalk
