@@ -1,0 +1,20 @@
+// Upper and lower case, character by character: a character becomes one character or stays.
+#pragma once
+
+#include "platform/text.h"
+
+namespace pointalk {
+
+char16_t ToUpper(char16_t character);
+char16_t ToLower(char16_t character);
+
+Text ToLower(TextView text);
+Text ToUpper(TextView text);
+
+// A character with an upper and a lower form.
+bool IsLetter(char16_t character);
+
+// A character that has a lower form of its own.
+bool IsCapital(char16_t character);
+
+}  // namespace pointalk
