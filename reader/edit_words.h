@@ -1,0 +1,57 @@
+// Lines and words of text fields: the cutting, and what of it is said.
+#pragma once
+
+#include <cstdint>
+
+#include "platform/text.h"
+#include "reader/object_description.h"
+#include "reader/object_speech.h"
+
+namespace pointalk {
+
+// The word of a line at a position.
+struct LineWord {
+  std::int32_t start =
+      0;      // 1-based place of its leading blank, or of the line's beginning; 0 in an empty line
+  Text word;  // with its leading blank; the whole line where the word is blank
+  bool emptyLine = true;  // nothing but blanks, CR and LF
+};
+
+// The position counts characters from 0 and is looked for among the first that many of the line, CR and LF
+// not counted.
+LineWord WordAt(TextView line, std::int32_t position);
+
+// The two halves of what a text field says about a point; -1 is no character.
+struct CharPosition {
+  std::int32_t line = 0;
+  std::int32_t character = 0;
+};
+CharPosition SplitCharPosition(std::int32_t answer);
+
+inline constexpr std::int32_t kNoCharacter = -1;
+
+// What is remembered of the line and word last read.
+class EditWords {
+ public:
+  EditWords(const ObjectDescription& theDescription, ObjectSpeech& theSpeech)
+      : description(theDescription), speech(theSpeech) {}
+
+  // Says a line when it is entered, and each word of it once while the pointer moves along.
+  void SpeakEditWord(TextView line, std::int32_t lineIndex, std::int32_t position, TextView className);
+
+  // Marks of the describer: the next line is read whole.
+  void MarkNewWindow() { mEditReadMark = -4; }
+  void MarkOtherClass() { mEditReadMark = -1; }
+  void MarkScrollBar() { mEditReadMark = -2; }
+
+ private:
+  const ObjectDescription& description;
+  ObjectSpeech& speech;
+
+  std::int32_t mEditReadMark = 0;   // index of the line last read, or one of the marks
+  std::int32_t mEditWordStart = 0;  // of the word last said on it
+
+  Text Substitute(TextView className) const;
+};
+
+}  // namespace pointalk
