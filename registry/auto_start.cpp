@@ -1,0 +1,36 @@
+// Writes and deletes the value.
+#include "registry/auto_start.h"
+
+#include <tuple>
+
+#include "platform/dialogs.h"
+
+namespace pointalk {
+namespace {
+
+constexpr TextView kRunKey = u"HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run";
+constexpr TextView kValueName = u"Pointalk";
+constexpr TextView kValueData = u"Pointalk.exe";  // no folder: Windows finds it by its own search path
+
+}  // namespace
+
+void AutoStart::mnuProgramMakeAutoStart_Click() {
+  registry.WriteRegistry(kRunKey, kValueName, Text(kValueData));
+  std::ignore = dialogs.AskSpoken(
+      u"Now Pointalk will start automatically every time Windows is loaded.\r\n"
+      u"To make it NOT start automatically, see the Program menu above.",
+      kBoxOk);
+  registry.ClearError();
+}
+
+void AutoStart::mnuProgramMakeNotAutoStart_Click() {
+  registry.WriteRegistry(kRunKey, kValueName, Text(kValueData));  // so that there is a value to delete
+  registry.DeleteRegistry(kRunKey, kValueName);
+  std::ignore = dialogs.AskSpoken(
+      u"Now Pointalk will NOT start automatically every time Windows is loaded.\r\n"
+      u"To make it start automatically, see the Program menu above.",
+      kBoxOk);
+  registry.ClearError();
+}
+
+}  // namespace pointalk

@@ -1,0 +1,59 @@
+// Reads, writes and deletes registry keys and values by their paths. Nothing stops a caller: what failed
+// stands in the error object until the next operation begins.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "platform/ansi.h"
+#include "platform/registry_api.h"
+#include "platform/text.h"
+#include "registry/registry_error.h"
+#include "registry/registry_value.h"
+#include "registry/variant.h"
+
+namespace pointalk {
+
+struct NamedRegistryValue {
+  Text name;
+  std::uint32_t type = 0;  // the platform's
+  Variant value;
+};
+
+class RegistryLayer {
+ public:
+  RegistryLayer(RegistryApi& theApi, AnsiCodePage& theAnsi) : api(theApi), ansi(theAnsi) {}
+
+  // Makes the key where it is missing. A value that does not fit the type is not written.
+  void WriteRegistry(TextView path, TextView name, const Variant& value, std::uint32_t type = kChooseType);
+
+  // Without a name the key's default value; empty when there is none.
+  Variant ReadRegistry(TextView path, TextView name = {});
+
+  // Deletes a value.
+  void DeleteRegistry(TextView path, TextView name);
+
+  // Deletes a key with all keys below it, the deepest first. One that cannot be deleted stays, and with it
+  // the keys above it.
+  void DeleteRegistry(TextView path);
+
+  // In the platform's order, without those that cannot be read.
+  std::vector<NamedRegistryValue> EnumerateRegistryValues(TextView path);
+
+  const RegistryError& Error() const { return error; }
+  void ClearError() { error.Clear(); }
+
+ private:
+  RegistryApi& api;
+  AnsiCodePage& ansi;
+
+  RegistryError error;
+
+  RegistryKey OpenPath(TextView path);
+  RegistryKey OpenKey(RegistryKey parent, TextView subKey);
+  bool DeleteTree(RegistryKey parent, TextView subKey, int level);
+  std::vector<Text> SubKeyNames(RegistryKey key);
+  RegistryValueData QueryData(RegistryKey key, TextView name);
+};
+
+}  // namespace pointalk
