@@ -1,0 +1,34 @@
+// Memory in the simulated processes.
+#pragma once
+
+#include "platform/remote_memory.h"
+#include "sim/machine.h"
+#include "sim/process_memory.h"
+
+namespace pointalk::sim {
+
+class SimRemoteMemory final : public RemoteMemory {
+ public:
+  explicit SimRemoteMemory(const Machine& machine) : machine_(machine) {}
+
+  int PointerBytes(ProcessId) override { return 4; }
+  RemoteAddress Allocate(ProcessId process, std::size_t bytes) override {
+    return memory_.Allocate(process, bytes);
+  }
+  bool Write(ProcessId process, RemoteAddress to, std::span<const std::byte> from) override {
+    return memory_.Write(process, to, from);
+  }
+  bool Read(ProcessId process, RemoteAddress from, std::span<std::byte> to) override {
+    return memory_.Read(process, from, to);
+  }
+  void Free(ProcessId process, RemoteAddress block) override;
+
+  // As the processes themselves see it.
+  ProcessMemory& memory() { return memory_; }
+
+ private:
+  const Machine& machine_;
+  ProcessMemory memory_;
+};
+
+}  // namespace pointalk::sim

@@ -1,0 +1,49 @@
+// The transcript: one line for each step and each effect, as a rehearsal prints it.
+#pragma once
+
+#include <concepts>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "platform/text.h"
+
+namespace pointalk::sim {
+
+// How a part of a line is written where its type alone does not tell. Texts are written as JSON strings,
+// whole numbers as decimals.
+struct Number {
+  double value;
+};  // at most 15 significant digits, never an exponent
+struct Hexadecimal {
+  std::uint32_t value;
+};  // with "0x", without leading zeros
+struct Bare {
+  TextView text;
+};  // without quotes
+
+class Transcript {
+ public:
+  // A line of parts, parted by blanks.
+  template <typename... Parts> void Add(std::string_view what, const Parts&... parts) {
+    text_ += what;
+    ((text_ += ' ', Write(parts)), ...);
+    text_ += '\n';
+  }
+
+  const std::string& text() const { return text_; }
+
+ private:
+  void Write(std::string_view word) { text_ += word; }
+  void Write(const char* word) { text_ += word; }
+  void Write(std::integral auto number) { text_ += std::to_string(number); }
+  void Write(TextView text);
+  void Write(const Text& text) { Write(TextView(text)); }
+  void Write(Number number);
+  void Write(Hexadecimal number);
+  void Write(Bare word);
+
+  std::string text_;
+};
+
+}  // namespace pointalk::sim
