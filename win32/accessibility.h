@@ -1,0 +1,40 @@
+// The accessible object at a point, asked for within a time limit.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <vector>
+
+#include "platform/accessibility.h"
+#include "win32/object_worker.h"
+#include "win32/patience.h"
+
+namespace pointalk::win32 {
+
+class WinAccessibility final : public Accessibility {
+ public:
+  explicit WinAccessibility(Patience& patience) : patience_(patience) {}
+
+  std::optional<AccessibleFacts> ObjectAt(Point screen) override;
+  bool QueryStillOut(WindowHandle window) override;
+  Text RoleText(std::int32_t role, int capacity) override;
+
+ private:
+  // A worker whose question ran over the limit, and whom it was asked.
+  struct LeftBehind {
+    std::unique_ptr<ObjectWorker> worker;
+    HWND window = nullptr;
+    DWORD thread = 0;
+  };
+
+  bool MayAsk(Point screen);
+  bool HaveWorker();
+  void WelcomeBack();
+
+  Patience& patience_;
+  std::unique_ptr<ObjectWorker> worker_;  // with nothing to do
+  std::vector<LeftBehind> leftBehind_;
+};
+
+}  // namespace pointalk::win32

@@ -1,0 +1,48 @@
+#include "win32/com.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <string_view>
+
+#include "win32/wide_text.h"
+
+namespace pointalk::win32 {
+namespace {
+
+constexpr std::size_t kLongestText = 1024 * 1024;
+
+bool IsWhole(double number) {
+  return number >= std::numeric_limits<std::int32_t>::min() &&
+         number <= std::numeric_limits<std::int32_t>::max() && std::trunc(number) == number;
+}
+
+}  // namespace
+
+ComText MakeComText(TextView text) {
+  const std::wstring wide = Wide(text);
+  return ComText(SysAllocStringLen(wide.data(), static_cast<UINT>(wide.size())));
+}
+
+Text FromComText(const OLECHAR* text) {
+  if (text == nullptr) return {};
+  const std::size_t length = SysStringLen(const_cast<OLECHAR*>(text));
+  return FromWide({text, std::min(length, kLongestText)});
+}
+
+Variant::Variant(double number) : Variant() {
+  if (IsWhole(number)) {
+    value_.vt = VT_I4;
+    value_.lVal = static_cast<LONG>(number);
+  } else {
+    value_.vt = VT_R8;
+    value_.dblVal = number;
+  }
+}
+
+Variant::Variant(TextView text) : Variant() {
+  value_.vt = VT_BSTR;
+  value_.bstrVal = MakeComText(text).release();
+}
+
+}  // namespace pointalk::win32

@@ -1,0 +1,28 @@
+// Messages to other programs' controls, each with a time limit.
+#pragma once
+
+#include "platform/control_messages.h"
+#include "win32/guarded_buffer.h"
+#include "win32/patience.h"
+
+namespace pointalk::win32 {
+
+class WinControlMessages final : public ControlMessages {
+ public:
+  explicit WinControlMessages(Patience& patience) : patience_(patience) {}
+
+  std::optional<std::int32_t> Send(WindowHandle window, std::uint32_t message, std::uint64_t wParam,
+                                   std::uint64_t lParam) override;
+  std::optional<Text> WindowText(WindowHandle window, std::int32_t capacity) override;
+  std::optional<Text> EditLine(WindowHandle window, std::int32_t line, std::int32_t capacity) override;
+  std::optional<Text> ListBoxText(WindowHandle window, std::int32_t item, std::int32_t length) override;
+
+ private:
+  // The low 32 bits of the result, signed; nothing when the message was not answered.
+  std::optional<std::int32_t> Ask(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+  Patience& patience_;
+  GuardedBuffer room_;  // for texts of a length that the control decides
+};
+
+}  // namespace pointalk::win32

@@ -1,0 +1,85 @@
+#include "win32/files.h"
+
+#include <windows.h>
+
+#include <string>
+
+#include "win32/ansi.h"
+#include "win32/handles.h"
+#include "win32/program_folder.h"
+#include "win32/wide_text.h"
+
+namespace pointalk::win32 {
+namespace {
+
+constexpr LONGLONG kLargestFile = 16 * 1024 * 1024;  // bytes
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+// Searchers and virus scanners hold a file for a moment after it was written.
+constexpr int kReplaceAttempts = 4;
+constexpr DWORD kAttemptPause = 10;  // milliseconds
+
+std::wstring WholePath(FilePath path) {
+  if (path.folder == Folder::kCurrent) return Wide(path.name);
+  return ProgramFolderPath() + L'\\' + Wide(path.name);
+}
+
+OwnedHandle Open(const std::wstring& path, DWORD access, DWORD how) {
+  const HANDLE file =
+      CreateFileW(path.c_str(), access, kShareAll, nullptr, how, FILE_ATTRIBUTE_NORMAL, nullptr);
+  return OwnedHandle(file == INVALID_HANDLE_VALUE ? nullptr : file);
+}
+
+bool WriteAll(const std::wstring& path, DWORD access, DWORD how, const std::string& bytes) {
+  const OwnedHandle file = Open(path, access, how);
+  if (!file) return false;
+  DWORD written = 0;
+  return WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
+         written == bytes.size();
+}
+
+bool Replace(const std::wstring& from, const std::wstring& to) {
+  for (int attempt = 1;; ++attempt) {
+    if (MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING)) return true;
+    const DWORD error = GetLastError();
+    const bool mayBeHeld = error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED;
+    if (!mayBeHeld || attempt == kReplaceAttempts) return false;
+    Sleep(kAttemptPause);
+  }
+}
+
+}  // namespace
+
+bool WinFiles::Exists(FilePath path) {
+  const DWORD attributes = GetFileAttributesW(WholePath(path).c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+std::optional<Text> WinFiles::Read(FilePath path) {
+  const OwnedHandle file = Open(WholePath(path), GENERIC_READ, OPEN_EXISTING);
+  LARGE_INTEGER size;
+  if (!file || !GetFileSizeEx(file.get(), &size) || size.QuadPart > kLargestFile) return std::nullopt;
+  std::string bytes(static_cast<std::size_t>(size.QuadPart), '\0');
+  DWORD read = 0;
+  if (!ReadFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr))
+    return std::nullopt;
+  bytes.resize(read);
+  return Widen(bytes);
+}
+
+// The new content is whole before it takes the old one's name. It is left to the system's cache, which
+// outlives the process: waiting for the disk would cost a turn of it three times a description while classes
+// are logged.
+bool WinFiles::Write(FilePath path, TextView text) {
+  const std::wstring whole = WholePath(path);
+  const std::wstring fresh = whole + L".new";
+  if (WriteAll(fresh, GENERIC_WRITE, CREATE_ALWAYS, Narrow(text)) && Replace(fresh, whole)) return true;
+  DeleteFileW(fresh.c_str());
+  return false;
+}
+
+bool WinFiles::Append(FilePath path, TextView text) {
+  return WriteAll(WholePath(path), FILE_APPEND_DATA, OPEN_ALWAYS, Narrow(text));
+}
+
+}  // namespace pointalk::win32

@@ -1,0 +1,24 @@
+// Owners of what the system hands out.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <type_traits>
+
+namespace pointalk::win32 {
+
+// Gives a resource back by a function of the system's.
+template <auto Give> struct GivenBackBy {
+  template <typename Pointer> void operator()(Pointer* resource) const { Give(resource); }
+};
+
+template <typename Handle, auto Give>
+using Owned = std::unique_ptr<std::remove_pointer_t<Handle>, GivenBackBy<Give>>;
+
+using OwnedHandle = Owned<HANDLE, CloseHandle>;
+using OwnedFont = Owned<HFONT, DeleteObject>;
+using OwnedIcon = Owned<HICON, DestroyIcon>;
+using OwnedAccelerators = Owned<HACCEL, DestroyAcceleratorTable>;
+
+}  // namespace pointalk::win32

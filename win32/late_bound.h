@@ -1,0 +1,46 @@
+// An object whose members are called by their names.
+#pragma once
+
+#include <windows.h>
+
+#include <oleauto.h>
+
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "win32/com.h"
+
+namespace pointalk::win32 {
+
+class LateBound {
+ public:
+  LateBound() = default;  // no object: every member fails
+  explicit LateBound(ComPointer<IDispatch> object) : object_(std::move(object)) {}
+
+  // An object of a class; nothing when the class is not there.
+  static std::optional<LateBound> Create(const CLSID& classId);
+
+  // Arguments are in the order in which the member has them.
+  using Arguments = std::initializer_list<VARIANT>;
+  [[nodiscard]] bool Call(const wchar_t* member, Arguments arguments = {});
+  std::optional<Variant> Get(const wchar_t* member, Arguments arguments = {});
+  std::optional<LateBound> Fetch(const wchar_t* member, Arguments arguments = {});
+  [[nodiscard]] bool Put(const wchar_t* member, const Variant& value);
+  [[nodiscard]] bool PutReference(const wchar_t* member, const LateBound& value);
+
+ private:
+  struct Member {
+    std::wstring name;
+    DISPID id;
+  };
+
+  std::optional<DISPID> IdOf(const wchar_t* member);
+  bool Invoke(const wchar_t* member, WORD kind, Arguments arguments, VARIANT* result);
+
+  ComPointer<IDispatch> object_;
+  std::vector<Member> members_;  // those called so far: a name is looked up once
+};
+
+}  // namespace pointalk::win32

@@ -1,0 +1,42 @@
+#include "win32/menus.h"
+
+#include <algorithm>
+
+#include "win32/ansi.h"
+#include "win32/window_handles.h"
+
+namespace pointalk::win32 {
+namespace {
+
+constexpr int kLongestItem = 64 * 1024;  // bytes
+
+HMENU ToMenu(MenuHandle menu) { return reinterpret_cast<HMENU>(static_cast<std::uintptr_t>(menu)); }
+
+MenuHandle FromMenu(HMENU menu) { return reinterpret_cast<std::uintptr_t>(menu); }
+
+}  // namespace
+
+MenuHandle WinMenus::MenuOf(WindowHandle window) { return FromMenu(GetMenu(ToWindow(window))); }
+
+MenuHandle WinMenus::SubMenuOf(MenuHandle menu, int position) {
+  return FromMenu(GetSubMenu(ToMenu(menu), position));
+}
+
+bool WinMenus::IsMenu(MenuHandle menu) { return ::IsMenu(ToMenu(menu)) != FALSE; }
+
+std::int32_t WinMenus::ItemAt(WindowHandle window, MenuHandle menu, Point screen) {
+  return MenuItemFromPoint(ToWindow(window), ToMenu(menu), {screen.x, screen.y});
+}
+
+std::int32_t WinMenus::ItemText(MenuHandle menu, std::int32_t position, Text& buffer, int capacity) {
+  if (position < 0 || capacity <= 1) return 0;
+  std::string bytes(static_cast<std::size_t>(std::min(capacity, kLongestItem)), '\0');
+  const int length = GetMenuStringA(ToMenu(menu), static_cast<UINT>(position), bytes.data(),
+                                    static_cast<int>(bytes.size()), MF_BYPOSITION);
+  bytes.resize(static_cast<std::size_t>(std::max(length, 0)));
+  const Text text = Widen(bytes);
+  buffer.replace(0, text.size(), text);
+  return static_cast<std::int32_t>(text.size());
+}
+
+}  // namespace pointalk::win32

@@ -1,0 +1,114 @@
+#include "win32/object_worker.h"
+
+#include <exception>
+#include <tuple>
+#include <utility>
+
+#include "win32/com.h"
+#include "win32/handles.h"
+#include "win32/object_question.h"
+
+namespace pointalk::win32 {
+namespace {
+
+class Locked {
+ public:
+  explicit Locked(SRWLOCK& lock) : lock_(lock) { AcquireSRWLockExclusive(&lock_); }
+  ~Locked() { ReleaseSRWLockExclusive(&lock_); }
+  Locked(const Locked&) = delete;
+  Locked& operator=(const Locked&) = delete;
+
+ private:
+  SRWLOCK& lock_;
+};
+
+}  // namespace
+
+struct ObjectWorker::Shared {
+  SRWLOCK lock = SRWLOCK_INIT;
+  CONDITION_VARIABLE asked = CONDITION_VARIABLE_INIT;
+  CONDITION_VARIABLE answered = CONDITION_VARIABLE_INIT;
+  std::optional<Point> question;  // not yet answered
+  std::optional<AccessibleFacts> answer;
+  OwnedHandle event;  // once somebody waits for it
+  bool unwanted = false;
+
+  void Serve();
+  std::optional<Point> NextQuestion();
+};
+
+// Nothing when the thread is to end.
+std::optional<Point> ObjectWorker::Shared::NextQuestion() {
+  const Locked locked(lock);
+  while (!question && !unwanted) SleepConditionVariableSRW(&asked, &lock, INFINITE, 0);
+  return unwanted ? std::nullopt : question;
+}
+
+void ObjectWorker::Shared::Serve() {
+  const ComThread com(COINIT_MULTITHREADED);
+  while (const auto place = NextQuestion()) {
+    std::optional<AccessibleFacts> facts;
+    try {
+      facts = AskObjectAt(*place);
+    } catch (const std::exception&) {  // a text too long for our memory
+      facts.reset();
+    }
+    const Locked locked(lock);
+    answer = std::move(facts);
+    question.reset();
+    if (event) SetEvent(event.get());
+    WakeConditionVariable(&answered);
+  }
+}
+
+std::unique_ptr<ObjectWorker> ObjectWorker::Start() {
+  const auto shared = std::make_shared<Shared>();
+  auto kept = std::make_unique<std::shared_ptr<Shared>>(shared);
+  const OwnedHandle thread(CreateThread(nullptr, 0, &ThreadMain, kept.get(), 0, nullptr));
+  if (!thread) return nullptr;
+  std::ignore = kept.release();  // the thread takes it
+  return std::unique_ptr<ObjectWorker>(new ObjectWorker(shared));
+}
+
+DWORD WINAPI ObjectWorker::ThreadMain(void* shared) {
+  const std::unique_ptr<std::shared_ptr<Shared>> kept(static_cast<std::shared_ptr<Shared>*>(shared));
+  (*kept)->Serve();
+  return 0;
+}
+
+ObjectWorker::~ObjectWorker() {
+  const Locked locked(shared_->lock);
+  shared_->unwanted = true;
+  WakeConditionVariable(&shared_->asked);
+}
+
+void ObjectWorker::Ask(Point screen) {
+  const Locked locked(shared_->lock);
+  shared_->question = screen;
+  if (shared_->event) ResetEvent(shared_->event.get());
+  WakeConditionVariable(&shared_->asked);
+}
+
+bool ObjectWorker::AnswersWithin(DWORD milliseconds) {
+  const ULONGLONG end = GetTickCount64() + milliseconds;
+  const Locked locked(shared_->lock);
+  while (shared_->question) {
+    const ULONGLONG now = GetTickCount64();
+    if (now >= end) return false;
+    SleepConditionVariableSRW(&shared_->answered, &shared_->lock, static_cast<DWORD>(end - now), 0);
+  }
+  return true;
+}
+
+HANDLE ObjectWorker::AnswerEvent() {
+  const Locked locked(shared_->lock);
+  if (!shared_->event) shared_->event.reset(CreateEventW(nullptr, TRUE, !shared_->question, nullptr));
+  return shared_->event.get();
+}
+
+std::optional<AccessibleFacts> ObjectWorker::TakeAnswer() {
+  const Locked locked(shared_->lock);
+  return std::exchange(shared_->answer, std::nullopt);
+}
+
+}  // namespace pointalk::win32

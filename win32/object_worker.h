@@ -1,0 +1,46 @@
+// A thread that asks accessible objects, so that nobody else has to wait for them.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <optional>
+
+#include "platform/accessibility.h"
+
+namespace pointalk::win32 {
+
+class ObjectWorker {
+ public:
+  // Nothing when the system gives no thread.
+  static std::unique_ptr<ObjectWorker> Start();
+
+  // The thread ends once it is back from what it was asked last; nobody waits for that.
+  ~ObjectWorker();
+  ObjectWorker(const ObjectWorker&) = delete;
+  ObjectWorker& operator=(const ObjectWorker&) = delete;
+
+  // Only while no other question is under way.
+  void Ask(Point screen);
+
+  // Waits for the answer; false when it is not there in time.
+  bool AnswersWithin(DWORD milliseconds);
+
+  // An event that is set when the answer is there. Setting it costs more than the wait above; it is for
+  // whoever has to wait for other things as well.
+  HANDLE AnswerEvent();
+
+  bool IsBack() { return AnswersWithin(0); }
+  std::optional<AccessibleFacts> TakeAnswer();
+
+ private:
+  struct Shared;
+
+  explicit ObjectWorker(std::shared_ptr<Shared> shared) : shared_(std::move(shared)) {}
+  static DWORD WINAPI ThreadMain(void* shared);
+
+  // Belongs to the thread as well, which may outlive everything else.
+  std::shared_ptr<Shared> shared_;
+};
+
+}  // namespace pointalk::win32

@@ -1,0 +1,199 @@
+#include "win32/panel.h"
+
+#include "win32/late_procedure.h"
+#include "win32/mouse_reports.h"
+#include "win32/panel_commands.h"
+#include "win32/wide_text.h"
+
+namespace pointalk::win32 {
+namespace {
+
+constexpr wchar_t kClassName[] = L"PointalkPanel";
+constexpr UINT_PTR kPollTimer = 1;
+constexpr DWORD kStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
+constexpr UINT kUsualDpi = 96;
+
+UINT DpiOf(HWND window) {
+  const auto ask = LateProcedure<decltype(&GetDpiForWindow)>(L"user32.dll", "GetDpiForWindow");
+  if (ask != nullptr) return ask(window);
+  const HDC screen = GetDC(nullptr);
+  const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
+  ReleaseDC(nullptr, screen);
+  return dpi > 0 ? static_cast<UINT>(dpi) : kUsualDpi;
+}
+
+POINT TopLeftOfScreen() {
+  RECT work{};
+  SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+  return {work.left, work.top};
+}
+
+void RegisterPanelClass(WNDPROC procedure) {
+  WNDCLASSEXW panel{};
+  panel.cbSize = sizeof panel;
+  panel.lpfnWndProc = procedure;
+  panel.hInstance = GetModuleHandleW(nullptr);
+  panel.hIcon = LoadIconW(panel.hInstance, MAKEINTRESOURCEW(1));
+  panel.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));
+  panel.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+  panel.lpszClassName = kClassName;
+  RegisterClassExW(&panel);  // a second panel in one process finds it there
+}
+
+bool TellsTheForm(UINT message) {
+  return message == WM_TIMER || message == kMouseReport || message == WM_COMMAND || message == WM_LBUTTONUP ||
+         message == WM_CLOSE;
+}
+
+}  // namespace
+
+WinPanel::WinPanel() : keys_(MakePanelAccelerators()) {
+  RegisterPanelClass(&OnMessage);
+  menu_ = MakePanelMenu();
+  window_ = CreateWindowExW(0, kClassName, Wide(kPanelCaption).c_str(), kStyle, CW_USEDEFAULT, CW_USEDEFAULT,
+                            400, 200, nullptr, menu_, GetModuleHandleW(nullptr), nullptr);
+  SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  controls_.emplace(window_);
+  focus_ = controls_->FirstButton();
+  Fit(TopLeftOfScreen());
+}
+
+WinPanel::~WinPanel() { DestroyWindow(window_); }
+
+// The frame is taken from the window itself, whose menu may need a second line.
+void WinPanel::Fit(POINT place) {
+  const SIZE inside = controls_->Arrange(DpiOf(window_));
+  SetWindowPos(window_, nullptr, place.x, place.y, inside.cx * 2, inside.cy * 2,
+               SWP_NOZORDER | SWP_NOACTIVATE);
+  RECT whole, client;
+  GetWindowRect(window_, &whole);
+  GetClientRect(window_, &client);
+  SetWindowPos(window_, nullptr, place.x, place.y, whole.right - whole.left - client.right + inside.cx,
+               whole.bottom - whole.top - client.bottom + inside.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+LRESULT CALLBACK WinPanel::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+  auto* const panel = reinterpret_cast<WinPanel*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (panel == nullptr) return DefWindowProcW(window, message, wParam, lParam);
+  // Another program that presses a button waits until the press is handled, and a command may ask the user
+  // and speak for minutes: it becomes an event of its own. For the same reason no event comes in while we
+  // wait for others.
+  if (TellsTheForm(message) && InSendMessage()) {
+    PostMessageW(window, message, wParam, lParam);
+    return 0;
+  }
+  auto result = panel->HandleEvent(message, wParam);
+  if (!result) result = panel->HandleWindow(message, wParam, lParam);
+  return result ? *result : DefWindowProcW(window, message, wParam, lParam);
+}
+
+std::optional<LRESULT> WinPanel::HandleEvent(UINT message, WPARAM wParam) {
+  if (events_ == nullptr) return std::nullopt;
+  switch (message) {
+    case WM_TIMER: TellTick(); return 0;
+    case kMouseReport: events_->OnMouse(static_cast<std::int32_t>(wParam)); return 0;
+    case WM_COMMAND: TellCommand(LOWORD(wParam)); return 0;
+    case WM_LBUTTONUP: events_->OnClick(); return 0;
+    case WM_CLOSE: events_->OnUnload(); return 0;
+    case WM_ENDSESSION:
+      if (wParam != FALSE) events_->OnUnload();
+      return 0;
+    default: return std::nullopt;
+  }
+}
+
+std::optional<LRESULT> WinPanel::HandleWindow(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_ACTIVATE:
+      if (LOWORD(wParam) != WA_INACTIVE) return std::nullopt;
+      KeepFocus();
+      return 0;
+    case WM_SYSCOMMAND: KeepFocus(); return std::nullopt;
+    case WM_SETFOCUS: SetFocus(focus_); return 0;
+    case WM_SIZE:  // a control of a minimised window could not be given the keyboard
+      if (wParam != SIZE_MINIMIZED && GetFocus() == window_) SetFocus(focus_);
+      return std::nullopt;
+    case DM_GETDEFID: return MAKELONG(GetDlgCtrlID(controls_->FirstButton()), DC_HASDEFID);
+    case WM_DPICHANGED: {
+      const RECT& suggested = *reinterpret_cast<const RECT*>(lParam);
+      Fit({suggested.left, suggested.top});
+      return 0;
+    }
+    default: return std::nullopt;
+  }
+}
+
+void WinPanel::KeepFocus() {
+  if (const HWND focus = GetFocus(); focus != nullptr && IsChild(window_, focus)) focus_ = focus;
+}
+
+void WinPanel::TellCommand(UINT command) {
+  if (const Handler handler = HandlerOf(command)) events_->OnCommand(handler);
+}
+
+void WinPanel::HandOn(MSG& message) {
+  const bool ours = message.hwnd == window_ || IsChild(window_, message.hwnd);
+  if (ours && TranslateAcceleratorW(window_, keys_.get(), &message) != 0) return;
+  if (ours && IsDialogMessageW(window_, &message)) return;
+  TranslateMessage(&message);
+  DispatchMessageW(&message);
+}
+
+void WinPanel::Run() {
+  MSG message;
+  while (GetMessageW(&message, nullptr, 0, 0) > 0) HandOn(message);
+}
+
+void WinPanel::LetMessagesRun() {
+  MSG message;
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+    if (message.message == WM_QUIT) return PostQuitMessage(static_cast<int>(message.wParam));  // for Run
+    HandOn(message);
+  }
+}
+
+// Only the foreground program's window may hand the keyboard to the next one; a minimised one has nothing to
+// do.
+void WinPanel::Minimise() {
+  if (IsIconic(window_)) return;
+  KeepFocus();  // the system takes it from the control before it tells
+  ShowWindow(window_, GetForegroundWindow() == window_ ? SW_MINIMIZE : SW_SHOWMINNOACTIVE);
+}
+
+// A tick switches the timer off and on again around what it must not be disturbed in. The system's timer goes
+// on meanwhile, so that the next tick comes 30 ms after this one began and not after it ended; it is stopped
+// only when it fires while nobody wants it.
+void WinPanel::SetTimerEnabled(bool enabled) {
+  timerEnabled_ = enabled;
+  if (enabled && !timerArmed_) ArmTimer();
+}
+
+void WinPanel::SetTimerInterval(int milliseconds) {
+  if (milliseconds == timerInterval_) return;
+  timerInterval_ = milliseconds;
+  if (timerArmed_) ArmTimer();
+}
+
+void WinPanel::ArmTimer() {
+  timerArmed_ = SetTimer(window_, kPollTimer, static_cast<UINT>(timerInterval_), nullptr) != 0;
+}
+
+void WinPanel::TellTick() {
+  if (timerEnabled_) return events_->OnTick();
+  KillTimer(window_, kPollTimer);
+  timerArmed_ = false;
+}
+
+bool WinPanel::MenuChecked(TextView name) {
+  const UINT command = EntryCommand(name);
+  if (command == 0) return false;
+  const UINT state = GetMenuState(menu_, command, MF_BYCOMMAND);
+  return state != static_cast<UINT>(-1) && (state & MF_CHECKED) != 0;
+}
+
+void WinPanel::SetMenuChecked(TextView name, bool checked) {
+  const UINT command = EntryCommand(name);
+  if (command != 0) CheckMenuItem(menu_, command, static_cast<UINT>(checked ? MF_CHECKED : MF_UNCHECKED));
+}
+
+}  // namespace pointalk::win32

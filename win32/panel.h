@@ -1,0 +1,63 @@
+// The control panel's window.
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+
+#include "platform/panel.h"
+#include "win32/panel_controls.h"
+#include "win32/panel_events.h"
+
+namespace pointalk::win32 {
+
+class WinPanel final : public Panel {
+ public:
+  // The window is made hidden, and tells nobody anything before Serve.
+  WinPanel();
+  ~WinPanel() override;
+  WinPanel(const WinPanel&) = delete;
+  WinPanel& operator=(const WinPanel&) = delete;
+
+  HWND window() const { return window_; }
+
+  // From now on the form hears what happens; it has to stay until nothing is told any more.
+  void Serve(PanelEvents* events) { events_ = events; }
+
+  // Handles messages until somebody ends the thread's message loop.
+  void Run();
+
+  void Minimise() override;
+  bool TimerEnabled() override { return timerEnabled_; }
+  void SetTimerEnabled(bool enabled) override;
+  void SetTimerInterval(int milliseconds) override;
+  bool MenuChecked(TextView name) override;
+  void SetMenuChecked(TextView name, bool checked) override;
+  void LetMessagesRun() override;
+
+ private:
+  static LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+
+  std::optional<LRESULT> HandleEvent(UINT message, WPARAM wParam);
+  std::optional<LRESULT> HandleWindow(UINT message, WPARAM wParam, LPARAM lParam);
+  void HandOn(MSG& message);
+  void KeepFocus();
+  void TellTick();
+  void TellCommand(UINT command);
+  void Fit(POINT place);
+
+  void ArmTimer();
+
+  HWND window_ = nullptr;
+  HMENU menu_ = nullptr;  // the window's
+  OwnedAccelerators keys_;
+  std::optional<PanelControls> controls_;
+  HWND focus_ = nullptr;  // the control that had the keyboard when the window last lost it
+  PanelEvents* events_ = nullptr;
+
+  bool timerEnabled_ = false;
+  bool timerArmed_ = false;  // the system's timer runs, which may be so a moment longer than it is enabled
+  int timerInterval_ = 30;   // milliseconds
+};
+
+}  // namespace pointalk::win32

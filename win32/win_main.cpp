@@ -1,0 +1,53 @@
+// Where Pointalk begins: makes the seam and the form, and hands the window's events to the form.
+#include <windows.h>
+
+#include <objbase.h>
+
+#include "app/mouse.h"
+#include "win32/com.h"
+#include "win32/program_folder.h"
+#include "win32/throttling.h"
+#include "win32/win_platform.h"
+
+namespace pointalk::win32 {
+namespace {
+
+class FormEvents final : public PanelEvents {
+ public:
+  FormEvents(Mouse& form, System& system) : form_(form), system_(system) {}
+
+  void OnTick() override { form_.Timer1_Timer(); }
+  void OnMouse(std::int32_t message) override { form_.WinHook1_Message(message); }
+  void OnClick() override { form_.Form_Click(); }
+  void OnCommand(Handler handler) override { (form_.*handler)(); }
+  void OnUnload() override {
+    form_.Form_Terminate();
+    system_.EndProgram();
+  }
+
+ private:
+  Mouse& form_;
+  System& system_;
+};
+
+void RunPointalk() {
+  LeaveSystemFolder();
+  RefuseThrottling();
+  const ComThread com(COINIT_APARTMENTTHREADED);
+  WinPlatform platform;
+  Mouse form(platform.Seam());
+  FormEvents events(form, platform.system);
+  platform.panel.Serve(&events);
+  platform.clock.BeginSecond();
+  form.Form_Load();
+  platform.panel.Run();
+  events.OnUnload();
+}
+
+}  // namespace
+}  // namespace pointalk::win32
+
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+  pointalk::win32::RunPointalk();
+  return 0;
+}

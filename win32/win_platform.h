@@ -1,0 +1,50 @@
+// The whole seam on Windows.
+#pragma once
+
+#include "platform/platform.h"
+#include "win32/accessibility.h"
+#include "win32/ansi.h"
+#include "win32/clock.h"
+#include "win32/control_messages.h"
+#include "win32/dialogs.h"
+#include "win32/files.h"
+#include "win32/input.h"
+#include "win32/menus.h"
+#include "win32/midi_out.h"
+#include "win32/panel.h"
+#include "win32/patience.h"
+#include "win32/registry_api.h"
+#include "win32/remote_memory.h"
+#include "win32/speech_engines.h"
+#include "win32/system.h"
+#include "win32/window_tree.h"
+
+namespace pointalk::win32 {
+
+// Belongs to the thread that made it, which handles its messages and has COM.
+struct WinPlatform {
+  Platform Seam() {
+    return {input, windows, messages, memory, ansi,  menus,    accessibility, midi,
+            sapi5, sapi4,   dialogs,  panel,  files, registry, clock,         system};
+  }
+
+  Patience patience;
+  WinPanel panel;
+  WinInput input{panel.window()};
+  WinWindowTree windows;
+  WinControlMessages messages{patience};
+  WinRemoteMemory memory;
+  WinAnsi ansi;
+  WinMenus menus;
+  WinAccessibility accessibility{patience};
+  WinMidiOut midi;
+  WinSapi5Voice sapi5;
+  WinSapi4Control sapi4;
+  WinDialogs dialogs{panel.window()};
+  WinFiles files;
+  WinRegistry registry;
+  WinClock clock;
+  WinSystem system{panel.window()};
+};
+
+}  // namespace pointalk::win32

@@ -1,0 +1,62 @@
+#include "win32/window_tree.h"
+
+#include <algorithm>
+
+#include "win32/ansi.h"
+#include "win32/wide_text.h"
+#include "win32/window_handles.h"
+#include "win32/window_scale.h"
+
+namespace pointalk::win32 {
+namespace {
+
+constexpr int kLongestClassName = 256;        // characters, which the system allows no more of
+constexpr int kLongestCaption = 1024 * 1024;  // characters
+
+}  // namespace
+
+WindowHandle WinWindowTree::WindowAt(Point screen) {
+  return FromWindow(WindowFromPoint({screen.x, screen.y}));
+}
+
+std::optional<Text> WinWindowTree::ClassOf(WindowHandle window, int limit) {
+  wchar_t name[kLongestClassName + 1] = {};
+  const int length = GetClassNameW(ToWindow(window), name, std::clamp(limit, 0, kLongestClassName + 1));
+  if (length <= 0) return std::nullopt;
+  return ThroughAnsi(FromWide({name, static_cast<std::size_t>(length)}));
+}
+
+WindowHandle WinWindowTree::ParentOf(WindowHandle window) { return FromWindow(GetParent(ToWindow(window))); }
+
+WindowHandle WinWindowTree::FirstChildOf(WindowHandle window) {
+  if (window == 0) return 0;  // taken for the desktop otherwise
+  return FromWindow(GetWindow(ToWindow(window), GW_CHILD));
+}
+
+WindowHandle WinWindowTree::FindTopLevel(TextView className, TextView title) {
+  return FromWindow(FindWindowA(Narrow(className).c_str(), Narrow(title).c_str()));
+}
+
+std::optional<ProcessId> WinWindowTree::ProcessOf(WindowHandle window) {
+  DWORD process = 0;
+  if (GetWindowThreadProcessId(ToWindow(window), &process) == 0 || process == 0) return std::nullopt;
+  return process;
+}
+
+std::optional<Point> WinWindowTree::ToClient(WindowHandle window, Point screen) {
+  POINT place{screen.x, screen.y};
+  if (window == 0 || !ScreenToClient(ToWindow(window), &place)) return std::nullopt;
+  place = AsWindowCounts(ToWindow(window), place);
+  return Point{place.x, place.y};
+}
+
+// For a window of another program the system gives the text that it keeps itself, without asking there.
+Text WinWindowTree::CaptionOf(WindowHandle window, int capacity) {
+  if (capacity <= 1) return {};
+  std::wstring caption(static_cast<std::size_t>(std::min(capacity, kLongestCaption)), L'\0');
+  const int length = GetWindowTextW(ToWindow(window), caption.data(), static_cast<int>(caption.size()));
+  caption.resize(static_cast<std::size_t>(std::max(length, 0)));
+  return ThroughAnsi(FromWide(caption));
+}
+
+}  // namespace pointalk::win32

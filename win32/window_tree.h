@@ -1,0 +1,20 @@
+// The windows of the desktop.
+#pragma once
+
+#include "platform/window_tree.h"
+
+namespace pointalk::win32 {
+
+class WinWindowTree final : public WindowTree {
+ public:
+  WindowHandle WindowAt(Point screen) override;
+  std::optional<Text> ClassOf(WindowHandle window, int limit) override;
+  WindowHandle ParentOf(WindowHandle window) override;
+  WindowHandle FirstChildOf(WindowHandle window) override;
+  WindowHandle FindTopLevel(TextView className, TextView title) override;
+  std::optional<ProcessId> ProcessOf(WindowHandle window) override;
+  std::optional<Point> ToClient(WindowHandle window, Point screen) override;
+  Text CaptionOf(WindowHandle window, int capacity) override;
+};
+
+}  // namespace pointalk::win32
