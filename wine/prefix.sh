@@ -1,0 +1,104 @@
+#!/bin/sh
+# Wine prefixes for Pointalk.
+#
+#   prefix.sh make PREFIX              a 64-bit prefix with one virtual desktop of 1024 x 768 and no crash
+#                                      dialog; done once, a ready one is left alone
+#   prefix.sh copy READY PREFIX        a copy of a ready prefix, which nothing may be using; PREFIX must not exist
+#   prefix.sh engines PREFIX WHICH DLL which speech engines are there: sapi5, sapi4, both or none; DLL is the
+#                                      built pointalk_voice.dll, which is copied into the prefix
+#
+# No display is needed. Programs are to be started with WINEDLLOVERRIDES="mscoree,mshtml,winedbg.exe=;winmm=n,b".
+set -eu
+
+usage() {
+  sed -n '2,/^set/s/^# \{0,1\}//p' "$0" >&2
+  exit 2
+}
+
+in_prefix() {
+  env -u DISPLAY WINEPREFIX="$prefix" WINEARCH=win64 WINEDEBUG=-all \
+    WINEDLLOVERRIDES="mscoree,mshtml,winedbg.exe=" "$@" </dev/null
+}
+
+wine_for() {
+  limit=$1
+  shift
+  in_prefix timeout "$limit" wine "$@" >/dev/null 2>&1 || { echo "wine $* failed" >&2; exit 1; }
+}
+
+make_prefix() {
+  mark=$prefix/pointalk-ready
+  version=$(wine --version 2>/dev/null)
+  [ "$(cat "$mark" 2>/dev/null)" != "$version" ] || return 0
+  mkdir -p "$prefix"
+  wine_for 180 wineboot -i
+  in_prefix wineserver -w
+  import <<'REG'
+[HKEY_CURRENT_USER\Software\Wine\Explorer]
+"Desktop"="Default"
+
+[HKEY_CURRENT_USER\Software\Wine\Explorer\Desktops]
+"Default"="1024x768"
+REG
+  in_prefix wineserver -k || true
+  in_prefix wineserver -w
+  echo "$version" >"$mark"
+}
+
+import() {
+  keys=$prefix/pointalk.reg
+  { printf 'REGEDIT4\n\n'; cat; } | sed 's/$/\r/' >"$keys"
+  wine_for 60 regedit /S "$(windows_path "$keys")"
+  rm "$keys"
+}
+
+windows_path() {
+  case $1 in
+  /*) path=$1 ;;
+  *) path=$PWD/$1 ;;
+  esac
+  printf 'Z:%s' "$path" | tr / '\\'
+}
+
+sapi5='{96749377-3391-11D2-9EE3-00C04F797396}'
+sapi4='{EEE78591-FE22-11D0-8BEF-0060081841DE}'
+
+# Wine's own SpVoice, which answers nothing, goes as well when there is to be none.
+engine_keys() {
+  printf '[-HKEY_LOCAL_MACHINE\\Software\\Classes\\CLSID\\%s]\n\n' "$1"
+  [ "$2" = present ] || return 0
+  printf '[HKEY_LOCAL_MACHINE\\Software\\Classes\\CLSID\\%s]\n@="Pointalk voice"\n\n' "$1"
+  printf '[HKEY_LOCAL_MACHINE\\Software\\Classes\\CLSID\\%s\\InprocServer32]\n' "$1"
+  printf '@="C:\\\\windows\\\\system32\\\\pointalk_voice.dll"\n"ThreadingModel"="Apartment"\n\n'
+}
+
+set_engines() {
+  case $1 in
+  sapi5) five=present four=absent ;;
+  sapi4) five=absent four=present ;;
+  both) five=present four=present ;;
+  none) five=absent four=absent ;;
+  *) usage ;;
+  esac
+  cp -f "$2" "$prefix/drive_c/windows/system32/pointalk_voice.dll"
+  { engine_keys "$sapi5" "$five"; engine_keys "$sapi4" "$four"; } | import
+}
+
+case ${1:-} in
+make)
+  [ $# = 2 ] || usage
+  prefix=$(realpath -m "$2")
+  make_prefix
+  ;;
+copy)
+  [ $# = 3 ] || usage
+  [ ! -e "$3" ] || { echo "$3 is already there" >&2; exit 1; }
+  cp -a --reflink=auto "$2" "$3"
+  ;;
+engines)
+  [ $# = 4 ] || usage
+  prefix=$(realpath -m "$2")
+  set_engines "$3" "$4"
+  ;;
+*) usage ;;
+esac

@@ -1,0 +1,100 @@
+#!/usr/bin/env python3
+"""The tour: Pointalk over Wine's own programs on a virtual screen, and what was heard and seen on it.
+
+    tour.py OUTPUT_FOLDER        POINTALK_WIN_BUILD names the folder with the programs built for Windows
+
+Leaves transcript.txt, tour.mid, tour.wav and a picture for each screen (tour.png, tour-2.png, ...). Exits with 1 when
+something that must be heard was not; what it was is printed and stands at the transcript's end.
+"""
+
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+
+HERE = pathlib.Path(__file__).resolve().parent
+sys.path.insert(0, str(HERE.parents[1] / "tests" / "win32"))
+
+from harness import BUILD, ROOT, Desktop, now  # noqa: E402
+import picture  # noqa: E402
+import record  # noqa: E402
+import screens  # noqa: E402
+from places import Places  # noqa: E402
+from walk import Walk  # noqa: E402
+
+
+class Guide:
+    """Shows the screens one after the other and keeps what they leave."""
+
+    def __init__(self, desktop, pointalk, walk, places, output):
+        self.desktop, self.pointalk, self.walk, self.places, self.output = desktop, pointalk, walk, places, output
+        self._started = []
+
+    def start_program(self, *command):
+        """Starts a program of Wine's own."""
+        self._started.append(subprocess.Popen(["wine", *command], env=self.desktop.environment, stdin=subprocess.DEVNULL,
+                                              stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL))
+
+    def picture(self, number, since):
+        screenshot = self.desktop.folder / f"screen{number}.png"
+        self.desktop.screenshot(screenshot)
+        name = "tour.png" if number == 1 else f"tour-{number}.png"
+        picture.draw(screenshot, self.output / name, [move for move in self.walk.moves if move[0] >= since],
+                     self.pointalk.heard.lines(since))
+
+    def end_programs(self):
+        for process in self._started:
+            if process.poll() is None:
+                process.kill()
+            process.wait(20)
+        self._started.clear()
+
+
+def walk_through(guide):
+    for number, screen in enumerate(screens.ALL, 1):
+        since = now()
+        screen(guide)
+        guide.picture(number, since)
+        guide.end_programs()
+
+
+def make_files(output, waves, heard, walk, begin):
+    lines = heard.lines(begin)
+    record.write_transcript(output / "transcript.txt", lines, walk.moves, walk.stops, begin)
+    record.write_midi(output / "tour.mid", lines, begin)
+    with tempfile.TemporaryDirectory() as scratch:
+        spoke = record.write_sound(output / "tour.wav", output / "tour.mid", waves, lines, begin, pathlib.Path(scratch))
+    if not spoke:
+        walk.missed.append("the voice: a sound")
+
+
+def main():
+    output = pathlib.Path(sys.argv[1])
+    shutil.rmtree(output, ignore_errors=True)
+    output.mkdir(parents=True)
+    settings = (ROOT / "packaging" / "PTK.ini").read_text(encoding="ascii").replace("\n", "\r\n")
+    with tempfile.TemporaryDirectory() as waves, Desktop(private=True) as desktop, desktop.probe() as probe, \
+            desktop.hand() as hand, desktop.pointalk(settings) as pointalk:
+        walk = Walk(hand, pointalk.heard)
+        guide = Guide(desktop, pointalk, walk, Places(probe), output)
+        begin = now()
+        try:
+            pointalk.start(POINTALK_WAVES=waves)
+            pointalk.wait_ready()
+            walk_through(guide)
+        except Exception as problem:  # what was heard up to here is kept
+            walk.missed.append(f"the rest of the tour: {problem!r}")
+        finally:
+            guide.end_programs()
+            make_files(output, waves, pointalk.heard, walk, begin)
+    for missed in walk.missed:
+        print("Not heard:", missed)
+    with open(output / "transcript.txt", "a", encoding="utf-8") as file:
+        file.writelines(f"not heard: {missed}\n" for missed in walk.missed)
+    print(f"The tour has {len(walk.stops)} stops and is in {output}: {len(walk.missed)} not heard.")
+    return 1 if walk.missed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,42 @@
+// The older engine: an object of the shape of SAPI 4's text-to-speech control.
+#pragma once
+
+#include "wine/voice/late_bound.h"
+#include "wine/voice/utterances.h"
+
+namespace pointalk::wine {
+
+constexpr CLSID kSapi4Class = {0xEEE78591, 0xFE22, 0x11D0, {0x8B, 0xEF, 0x00, 0x60, 0x08, 0x18, 0x41, 0xDE}};
+constexpr IID kSapi4Interface = {
+    0xEEE78590, 0xFE22, 0x11D0, {0x8B, 0xEF, 0x00, 0x60, 0x08, 0x18, 0x41, 0xDE}};
+
+// Speak queues and returns; AudioReset silences. Speed is in words per minute.
+class Sapi4Voice final : public LateBound {
+ public:
+  Sapi4Voice();
+  ~Sapi4Voice() override;
+
+ protected:
+  HRESULT Call(DISPID member, Access access, const Arguments& arguments, VARIANT& result) override;
+
+ private:
+  HRESULT Speed(Access access, const Arguments& arguments, VARIANT& result);
+  HRESULT LastWordPosition(Access access, const Arguments& arguments, VARIANT& result);
+  HRESULT Find(const Arguments& arguments, VARIANT& result) const;
+  HRESULT Select(const Arguments& arguments);
+  HRESULT Speak(const Arguments& arguments);
+  HRESULT AudioReset();
+  void NoticeNewWord();
+
+  double mSpeed = 150;
+  LONG mVolumeLeft = 100;
+  LONG mVolumeRight = 100;
+  std::size_t mVoice = 0;
+  std::u16string mText;         // spoken last
+  std::int64_t mUtterance = 0;  // its number
+  LONG mLastWordPosition = 0;   // in characters from the text's beginning; what is put stays until a new word
+  std::size_t mLastWordBegin = 0;  // of the word that was sounding when the position was last looked at
+  Utterances mUtterances;
+};
+
+}  // namespace pointalk::wine

@@ -1,0 +1,33 @@
+// The newer engine: an object of the shape of SAPI 5's SpVoice.
+#pragma once
+
+#include "wine/voice/late_bound.h"
+#include "wine/voice/utterances.h"
+
+namespace pointalk::wine {
+
+constexpr CLSID kSapi5Class = {0x96749377, 0x3391, 0x11D2, {0x9E, 0xE3, 0x00, 0xC0, 0x4F, 0x79, 0x73, 0x96}};
+constexpr IID kSapi5Interface = {
+    0x269316D8, 0x57BD, 0x11D2, {0x9E, 0xEE, 0x00, 0xC0, 0x4F, 0x79, 0x73, 0x96}};
+
+// Rate, Volume and Voice keep what they are given, also outside the limits of the real engine; the speech
+// itself keeps within them.
+class Sapi5Voice final : public LateBound {
+ public:
+  Sapi5Voice();
+  ~Sapi5Voice() override;
+
+ protected:
+  HRESULT Call(DISPID member, Access access, const Arguments& arguments, VARIANT& result) override;
+
+ private:
+  HRESULT Voice(Access access, const Arguments& arguments, VARIANT& result);
+  HRESULT Speak(const Arguments& arguments, VARIANT& result);
+
+  LONG mRate = 0;
+  LONG mVolume = 100;
+  std::size_t mVoice = 0;
+  Utterances mUtterances;
+};
+
+}  // namespace pointalk::wine
