@@ -1,0 +1,75 @@
+// The program on a simulated machine, with a hand in front of every call that it makes of its platform.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "app/mouse.h"
+#include "tests/sim/simulated.h"
+#include "tests/support/watched_platform.h"
+
+namespace pointalk {
+
+class RunningProgram final : private testing::Watcher {
+ public:
+  // The script gives the machine, its windows and objects; the program is started at once.
+  explicit RunningProgram(std::string_view script = "{}") : simulated(script), mouse(watched.Get()) {
+    machine.setup.files[u"current\\DidWarn.flg"] = u"x";
+  }
+
+  void Start() {
+    mouse.Form_Load();
+    Heard();
+  }
+
+  // Ticks of the poll timer as far as it is on.
+  void Tick(int times = 1) {
+    for (int i = 0; i < times; ++i) {
+      machine.Pass(30'000);
+      if (TimerEnabled()) mouse.Timer1_Timer();
+    }
+  }
+  void MoveTo(Point place) {
+    machine.pointer = place;
+    Tick();
+  }
+  void Hold(int virtualKey, bool down) { machine.keys[static_cast<std::size_t>(virtualKey)].down = down; }
+
+  bool TimerEnabled() { return simulated.platform.panel.TimerEnabled(); }
+
+  // What the program did since this was last asked for, one line for each effect.
+  std::string Heard() {
+    const std::string& all = simulated.transcript();
+    std::string fresh = all.substr(heard);
+    heard = all.size();
+    return fresh;
+  }
+
+  std::function<void(std::string_view call)> before = [](std::string_view) {};
+
+ private:
+  bool Enter(const char* call) override {
+    before(call);
+    return true;
+  }
+  void Leave() override {}
+
+  sim::Simulated simulated;
+  testing::WatchedPlatform watched{simulated.platform.Seam(), *this};
+  std::size_t heard = 0;
+
+ public:
+  sim::Machine& machine = simulated.machine;
+  Mouse mouse;
+};
+
+// The lines of an utterance of SAPI 5 that is not waited for, and of one that is.
+inline std::string Said(const std::string& text) {
+  return "sapi5 speak 3 \" \"\nsapi5 speak 3 \"" + text + "\"\n";
+}
+inline std::string SaidAndWaitedFor(const std::string& text) {
+  return "sapi5 speak 3 \" \"\nsapi5 speak 2 \"" + text + "\"\n";
+}
+
+}  // namespace pointalk

@@ -1,0 +1,102 @@
+// Messages to controls of other programs.
+#include <gtest/gtest.h>
+
+#include "reader/messages.h"
+#include "tests/contract/world.h"
+
+namespace pointalk::contract {
+namespace {
+
+constexpr Text::value_type kNul = u'\0';
+
+class ControlMessagesContract : public testing::Test {
+ protected:
+  std::uint64_t PointIn(std::string_view window, Point screen) {
+    const Point client = windows_.ToClient(world_->Window(window), screen).value();
+    return PackedPoint(client.x, client.y);
+  }
+
+  std::unique_ptr<World> world_ = MakeWorld({{
+      {"frame", u"ContractFrame", u"Title \u4E2D end", {100, 100, 700, 500}},
+      {"edit", u"Edit", u"first line\r\nthe second\r\n\r\nlast", {110, 110, 300, 250}, "frame"},
+      {"list", u"ListBox", u"", {310, 110, 450, 250}, "frame", {u"Apple", u"Caf\u00E9", u"", u"Date"}},
+  }});
+  ControlMessages& messages_ = world_->Seam().messages;
+  WindowTree& windows_ = world_->Seam().windows;
+};
+
+TEST_F(ControlMessagesContract, AWindowGivesItsTextAsTheCodePageHasIt) {
+  EXPECT_EQ(messages_.WindowText(world_->Window("frame"), 100), u"Title ? end");
+  EXPECT_EQ(messages_.Send(world_->Window("frame"), kWmGetTextLength, 0, 0), 11);
+}
+
+TEST_F(ControlMessagesContract, ATextIsCutToItsRoom) {
+  EXPECT_EQ(messages_.WindowText(world_->Window("frame"), 12), u"Title ? end");
+  EXPECT_EQ(messages_.WindowText(world_->Window("frame"), 6), u"Title");
+  EXPECT_EQ(messages_.WindowText(world_->Window("frame"), 1), u"");
+}
+
+TEST_F(ControlMessagesContract, AnEditGivesItsTextAndItsLines) {
+  const WindowHandle edit = world_->Window("edit");
+  EXPECT_EQ(messages_.WindowText(edit, 100), u"first line\r\nthe second\r\n\r\nlast");
+  EXPECT_EQ(messages_.EditLine(edit, 0, 100), u"first line");
+  EXPECT_EQ(messages_.EditLine(edit, 1, 100), u"the second");
+  EXPECT_EQ(messages_.EditLine(edit, 2, 100), u"");
+  EXPECT_EQ(messages_.EditLine(edit, 3, 100), u"last");
+  EXPECT_EQ(messages_.EditLine(edit, 9, 100), u"");
+}
+
+TEST_F(ControlMessagesContract, ALineIsCutToItsRoom) {
+  EXPECT_EQ(messages_.EditLine(world_->Window("edit"), 0, 10), u"first line");
+  EXPECT_EQ(messages_.EditLine(world_->Window("edit"), 0, 5), u"first");
+  EXPECT_EQ(messages_.EditLine(world_->Window("edit"), 0, 1), u"f");
+  EXPECT_EQ(messages_.EditLine(world_->Window("edit"), 0, 0), u"");
+}
+
+TEST_F(ControlMessagesContract, AnEditFindsTheCharacterUnderAPoint) {
+  const WindowHandle edit = world_->Window("edit");
+  const std::uint64_t point = PointIn("edit", world_->CharacterPlace("edit", 16));
+  EXPECT_EQ(messages_.Send(edit, kEmCharFromPos, 0, point), 65536 + 16);
+  EXPECT_EQ(messages_.Send(edit, kEmLineFromChar, 16, 0), 1);
+  EXPECT_EQ(messages_.Send(edit, kEmLineLength, 12, 0), 10);
+}
+
+TEST_F(ControlMessagesContract, AListBoxFindsAndGivesItsItems) {
+  const WindowHandle list = world_->Window("list");
+  EXPECT_EQ(messages_.Send(list, kLbItemFromPoint, 0, PointIn("list", world_->ItemPlace("list", 1))), 1);
+  EXPECT_EQ(messages_.Send(list, kLbItemFromPoint, 0, PointIn("list", {380, 245})), 65536 + 3);
+  EXPECT_EQ(messages_.Send(list, kLbGetTopIndex, 0, 0), 0);
+  EXPECT_EQ(messages_.Send(list, kLbGetTextLen, 1, 0), 4);
+  EXPECT_EQ(messages_.Send(list, kLbGetTextLen, 9, 0), -1);
+  EXPECT_EQ(messages_.ListBoxText(list, 0, 5), u"Apple");
+  EXPECT_EQ(messages_.ListBoxText(list, 1, 4), u"Caf\u00E9");
+}
+
+TEST_F(ControlMessagesContract, AnItemsTextHasTheLengthAskedFor) {
+  const WindowHandle list = world_->Window("list");
+  EXPECT_EQ(messages_.ListBoxText(list, 3, 2), u"Da");
+  EXPECT_EQ(messages_.ListBoxText(list, 3, 6), Text(u"Date") + kNul + kNul);
+  EXPECT_EQ(messages_.ListBoxText(list, 9, 2), Text(2, kNul));
+  EXPECT_EQ(messages_.ListBoxText(list, 0, 0), std::nullopt);
+  EXPECT_EQ(messages_.ListBoxText(list, 0, -1), std::nullopt);
+}
+
+TEST_F(ControlMessagesContract, WhatIsNoWindowAnswersNothing) {
+  for (const WindowHandle handle : {WindowHandle{0}, world_->NoWindow()}) {
+    EXPECT_EQ(messages_.Send(handle, kWmGetTextLength, 0, 0), std::nullopt);
+    EXPECT_EQ(messages_.WindowText(handle, 100), std::nullopt);
+    EXPECT_EQ(messages_.EditLine(handle, 0, 100), std::nullopt);
+    EXPECT_EQ(messages_.ListBoxText(handle, 0, 5), std::nullopt);
+  }
+}
+
+TEST_F(ControlMessagesContract, AHungProgramAnswersNothing) {
+  world_->Hang("frame");
+  EXPECT_EQ(messages_.Send(world_->Window("frame"), kWmGetTextLength, 0, 0), std::nullopt);
+  EXPECT_EQ(messages_.WindowText(world_->Window("edit"), 100), std::nullopt);
+  EXPECT_EQ(messages_.EditLine(world_->Window("edit"), 0, 100), std::nullopt);
+  EXPECT_EQ(messages_.ListBoxText(world_->Window("list"), 0, 5), std::nullopt);
+}
+
+}  // namespace
+}  // namespace pointalk::contract

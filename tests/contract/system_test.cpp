@@ -1,0 +1,84 @@
+// The system as a whole, its code page and its clock, and the panel's menu and timer.
+#include <gtest/gtest.h>
+
+#include "app/panel_table.h"
+#include "tests/contract/world.h"
+
+namespace pointalk::contract {
+namespace {
+
+class SystemContract : public testing::Test {
+ protected:
+  std::unique_ptr<World> world_ = MakeWorld({});
+  Platform seam_ = world_->Seam();
+};
+
+TEST_F(SystemContract, TheVersionIsNotThatOfWindows95) {
+  const auto version = seam_.system.Version();
+  ASSERT_TRUE(version);
+  EXPECT_EQ(version->platform, 2U);
+  EXPECT_GE(version->major, 5U);
+}
+
+TEST_F(SystemContract, TheProgramsFolderHasNoBackslashAtItsEnd) {
+  const Text folder = seam_.system.ProgramFolder();
+  ASSERT_FALSE(folder.empty());
+  EXPECT_EQ(folder.substr(1, 2), u":\\");
+  EXPECT_NE(folder.back(), u'\\');
+}
+
+TEST_F(SystemContract, AShortPathIsCutToItsRoom) {
+  const Text whole = seam_.system.ShortPath(seam_.system.ProgramFolder(), 1000);
+  EXPECT_FALSE(whole.empty());
+  EXPECT_EQ(seam_.system.ShortPath(seam_.system.ProgramFolder(), 4), whole.substr(0, 4));
+}
+
+TEST_F(SystemContract, TheClipboardHoldsTheLastText) {
+  EXPECT_TRUE(seam_.system.SetClipboard(u"first"));
+  EXPECT_TRUE(seam_.system.SetClipboard(u"Gr\u00FC\u00DFe\r\n\u4E2D"));
+  EXPECT_EQ(world_->Clipboard(), u"Gr\u00FC\u00DFe\r\n?");
+  EXPECT_TRUE(seam_.system.SetClipboard(u""));
+  EXPECT_EQ(world_->Clipboard(), u"");
+}
+
+TEST_F(SystemContract, TheCodePageConvertsBothWays) {
+  const std::vector<std::byte> bytes = seam_.ansi.ToBytes(TextView(u"a\0\u00E9\u20AC\u4E2D", 5));
+  EXPECT_EQ(bytes,
+            (std::vector{std::byte{'a'}, std::byte{0}, std::byte{0xE9}, std::byte{0x80}, std::byte{'?'}}));
+  EXPECT_EQ(seam_.ansi.ToText(bytes), Text(u"a\0\u00E9\u20AC?", 5));
+  EXPECT_TRUE(seam_.ansi.ToBytes(u"").empty());
+  EXPECT_EQ(seam_.ansi.ToText({}), u"");
+}
+
+TEST_F(SystemContract, TheDelayLoopTakesTime) {
+  const double before = seam_.clock.SecondsSinceMidnight();
+  EXPECT_GE(before, 0);
+  EXPECT_LT(before, 86'400);
+  for (int pass = 0; pass < 100; ++pass) seam_.clock.SpinPass();
+  const double after = seam_.clock.SecondsSinceMidnight();
+  EXPECT_TRUE(after > before || before > 86'000) << before << " " << after;
+}
+
+TEST_F(SystemContract, EveryMenuEntryHasACheckMark) {
+  for (const MenuEntry& entry : PanelMenu()) {
+    if (entry.handler == nullptr) continue;
+    EXPECT_EQ(seam_.panel.MenuChecked(entry.name), entry.checkedAtStart);
+    seam_.panel.SetMenuChecked(entry.name, !entry.checkedAtStart);
+    EXPECT_EQ(seam_.panel.MenuChecked(entry.name), !entry.checkedAtStart);
+  }
+  EXPECT_FALSE(seam_.panel.MenuChecked(u"mnuNobody"));
+  seam_.panel.SetMenuChecked(u"mnuNobody", true);
+  EXPECT_FALSE(seam_.panel.MenuChecked(u"mnuNobody"));
+}
+
+TEST_F(SystemContract, TheTimerIsOffUntilItIsSwitchedOn) {
+  EXPECT_FALSE(seam_.panel.TimerEnabled());
+  seam_.panel.SetTimerInterval(30);
+  seam_.panel.SetTimerEnabled(true);
+  EXPECT_TRUE(seam_.panel.TimerEnabled());
+  seam_.panel.SetTimerEnabled(false);
+  EXPECT_FALSE(seam_.panel.TimerEnabled());
+}
+
+}  // namespace
+}  // namespace pointalk::contract

@@ -1,0 +1,106 @@
+// Who has the keyboard while a dialog is open, and what stands in an input box.
+#include <gtest/gtest.h>
+
+#include <thread>
+
+#include "tests/contract/win32/win_world.h"
+
+namespace pointalk::contract {
+namespace {
+
+constexpr ULONGLONG kPatience = 5000;  // milliseconds
+
+class DialogKeysTest : public testing::Test {
+ protected:
+  void BringOtherProgramToTheFront() {
+    world_.Tell("foreground front");
+    const HWND front = win32::ToWindow(world_.Window("front"));
+    ASSERT_TRUE(world_.RunUntil([&] { return GetForegroundWindow() == front; }, kPatience));
+  }
+
+  WinWorld world_{{{{"front", u"ContractFront", u"Front", {100, 100, 500, 400}}}}};
+  Dialogs& dialogs_ = world_.platform.dialogs;
+};
+
+TEST_F(DialogKeysTest, ABoxGetsTheKeysThoughAnotherProgramIsInFront) {
+  world_.platform.panel.Minimise();
+  BringOtherProgramToTheFront();
+  world_.AnswerBox(kAnswerYes);
+  EXPECT_EQ(dialogs_.AskByBox(u"Do you agree?", u"Pointalk", kBoxYesNo), kAnswerYes);
+}
+
+TEST_F(DialogKeysTest, AnInputBoxGetsTheKeysThoughAnotherProgramIsInFront) {
+  world_.platform.panel.Minimise();
+  BringOtherProgramToTheFront();
+  world_.AnswerInput(u"7");
+  EXPECT_EQ(dialogs_.AskByInput(u"Which?", u"Pointalk", u"100"), u"7");
+}
+
+TEST_F(DialogKeysTest, EnterAloneTakesTheProposal) {
+  world_.AnswerInput(u"");
+  EXPECT_EQ(dialogs_.AskByInput(u"Which?", u"Pointalk", u"a proposal"), u"a proposal");
+}
+
+TEST_F(DialogKeysTest, TheProposalCanBeAddedTo) {
+  world_.answers.Type({VK_END, '2', VK_RETURN});
+  EXPECT_EQ(dialogs_.AskByInput(u"Which?", u"Pointalk", u"1"), u"12");
+}
+
+TEST_F(DialogKeysTest, TabReachesTheButtons) {
+  world_.answers.Type({VK_TAB, VK_TAB, VK_SPACE});
+  EXPECT_EQ(dialogs_.AskByInput(u"Which?", u"Pointalk", u"1"), u"");
+}
+
+TEST_F(DialogKeysTest, TheFormHearsTheMouseWhileABoxIsOpen) {
+  world_.MovePointer({150, 150});
+  ASSERT_TRUE(world_.platform.input.ReportMouse(true));
+  std::thread mouse([&] {
+    for (const ULONGLONG end = GetTickCount64() + kPatience;
+         OwnDialog() == nullptr && GetTickCount64() < end;)
+      Sleep(10);
+    world_.SetLeftButton(true);
+    world_.SetLeftButton(false);
+    Sleep(300);
+    PostMessageW(OwnDialog(), WM_COMMAND, IDOK, 0);
+  });
+  EXPECT_EQ(dialogs_.AskByBox(u"Wait.", u"Pointalk", kBoxOk), kAnswerOk);
+  mouse.join();
+  EXPECT_EQ(world_.mouseReports.size(), 2U);
+}
+
+// The prompt is the label before the edit, whole and unabridged, and everything is inside the window.
+TEST_F(DialogKeysTest, ALongPromptIsWrappedAndNamesTheEdit) {
+  Text prompt;
+  for (int i = 0; i < 40; ++i) prompt += u"Horizontal & vertical volume. ";
+  std::wstring label;
+  LONG labelHeight = 0;
+  bool buttonInside = false;
+  std::thread looker([&] {
+    HWND box = nullptr;
+    for (const ULONGLONG end = GetTickCount64() + kPatience; box == nullptr && GetTickCount64() < end;
+         Sleep(50))
+      box = OwnDialog();
+    Sleep(300);
+    const HWND edit = FindWindowExW(box, nullptr, L"Edit", nullptr);
+    const HWND before = GetWindow(edit, GW_HWNDPREV);
+    label.resize(4096);
+    label.resize(static_cast<std::size_t>(GetWindowTextW(before, label.data(), 4096)));
+    RECT place{}, button{}, inside{};
+    GetWindowRect(before, &place);
+    labelHeight = place.bottom - place.top;
+    GetWindowRect(GetDlgItem(box, IDOK), &button);
+    GetClientRect(box, &inside);
+    MapWindowPoints(box, nullptr, reinterpret_cast<POINT*>(&inside), 2);
+    buttonInside =
+        button.bottom <= inside.bottom && button.right <= inside.right && button.top > place.bottom;
+    PostMessageW(box, WM_COMMAND, IDCANCEL, 0);
+  });
+  EXPECT_EQ(dialogs_.AskByInput(prompt, u"Pointalk", u"1"), u"");
+  looker.join();
+  EXPECT_EQ(win32::FromWide(label), prompt);
+  EXPECT_GT(labelHeight, 60);
+  EXPECT_TRUE(buttonInside);
+}
+
+}  // namespace
+}  // namespace pointalk::contract

@@ -1,0 +1,144 @@
+// Programs that do not answer, answer late, or die while they are asked.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <array>
+
+#include "reader/messages.h"
+#include "tests/contract/win32/win_world.h"
+
+namespace pointalk::contract {
+namespace {
+
+constexpr ULONGLONG kPatience = 10'000;  // milliseconds
+constexpr Point kHungPlace{150, 150};
+constexpr Point kOtherPlace{450, 150};
+
+class HangTest : public testing::Test {
+ protected:
+  HangTest() {
+    // On a thread of its own, as if it were another program.
+    world_.Tell("create other class=ContractOther title=Other rect=400,100,600,300 thread=other");
+    world_.Tell("element other 0 name=Other role=10 rect=400,100,600,300");
+    other_ = windows_.FindTopLevel(u"ContractOther", u"Other");
+  }
+
+  std::optional<std::int32_t> Length(WindowHandle window) {
+    return messages_.Send(window, kWmGetTextLength, 0, 0);
+  }
+
+  std::optional<AccessibleFacts> Ask(Point place) {
+    world_.MovePointer(place);
+    return accessibility_.ObjectAt(place);
+  }
+
+  int Count(const std::string& message) {
+    const std::string counts = world_.Tell("counts hung");
+    const std::string_view count = RawField(counts, message);
+    return count.empty() ? 0 : std::stoi(std::string(count));
+  }
+
+  WinWorld world_{{{{"hung", u"ContractHung", u"Hung", {100, 100, 300, 300}}},
+                   {{"hung", {100, 100, 300, 300}, u"Hung", kPushButton}}}};
+  ControlMessages& messages_ = world_.platform.messages;
+  Accessibility& accessibility_ = world_.platform.accessibility;
+  WindowTree& windows_ = world_.platform.windows;
+  WindowHandle hung_ = world_.Window("hung");
+  WindowHandle other_ = 0;
+};
+
+TEST_F(HangTest, AThreadThatHangsIsAskedOnceAndAgainWhenItAnswers) {
+  world_.Tell("reset");
+  world_.Tell("hang hung 2");
+  for (int tick = 0; tick < 30; ++tick) {
+    EXPECT_EQ(Length(hung_), std::nullopt);
+    EXPECT_EQ(messages_.WindowText(hung_, 100), std::nullopt);
+    EXPECT_EQ(Length(other_), 5);
+  }
+  EXPECT_TRUE(world_.RunUntil([&] { return Length(hung_) == 4; }, kPatience));
+  EXPECT_LE(Count("WM_GETTEXTLENGTH"), 2);
+  EXPECT_EQ(Count("WM_GETTEXT"), 0);
+}
+
+TEST_F(HangTest, AQueryThatHangsIsOutUntilItsProgramAnswers) {
+  world_.Tell("hang hung 6");
+  EXPECT_FALSE(Ask(kHungPlace));
+  EXPECT_TRUE(accessibility_.QueryStillOut(hung_));
+  EXPECT_FALSE(accessibility_.QueryStillOut(other_));
+  EXPECT_EQ(Length(hung_), std::nullopt);
+  for (int tick = 0; tick < 10; ++tick) {
+    EXPECT_FALSE(Ask(kHungPlace));
+    const auto healthy = Ask(kOtherPlace);
+    ASSERT_TRUE(healthy);
+    EXPECT_EQ(healthy->name, u"Other");
+  }
+  EXPECT_TRUE(world_.RunUntil([&] { return Ask(kHungPlace).has_value(); }, kPatience));
+  EXPECT_FALSE(accessibility_.QueryStillOut(hung_));
+}
+
+TEST_F(HangTest, AnObjectThatAnswersLateIsAskedAgainWhenItHasAnswered) {
+  world_.Tell("rule hung accName delay 1500");
+  EXPECT_FALSE(Ask(kHungPlace));
+  EXPECT_TRUE(accessibility_.QueryStillOut(hung_));
+  world_.Tell("unrule hung accName");
+  EXPECT_TRUE(world_.RunUntil([&] { return Ask(kHungPlace).has_value(); }, kPatience));
+}
+
+TEST_F(HangTest, AnObjectThatAnswersWithinTheLimitIsWaitedForWhileThePointerStays) {
+  world_.Tell("rule hung accName delay 100");
+  EXPECT_TRUE(Ask(kHungPlace));
+  EXPECT_FALSE(accessibility_.QueryStillOut(hung_));
+  world_.MovePointer(kOtherPlace);
+  EXPECT_FALSE(accessibility_.ObjectAt(kHungPlace));
+  EXPECT_TRUE(accessibility_.QueryStillOut(hung_));
+  EXPECT_TRUE(Ask(kOtherPlace));
+  EXPECT_TRUE(world_.RunUntil([&] { return !accessibility_.QueryStillOut(hung_); }, kPatience));
+}
+
+TEST_F(HangTest, FourQueriesMayBeOutAndNoMore) {
+  for (int i = 0; i < 5; ++i) {
+    const std::string name = "slow" + std::to_string(i);
+    const std::string rect = std::to_string(100 + 100 * i) + ",400," + std::to_string(180 + 100 * i) + ",480";
+    world_.Tell("create " + name + " class=ContractSlow rect=" + rect + " thread=" + name);
+    world_.Tell("element " + name + " 0 name=Slow rect=" + rect);
+    world_.Tell("hang " + name + " 5");
+  }
+  for (int i = 0; i < 5; ++i) {
+    EXPECT_FALSE(Ask({140 + 100 * i, 440}));
+    const WindowHandle window = windows_.WindowAt({140 + 100 * i, 440});
+    EXPECT_EQ(accessibility_.QueryStillOut(window), i < 4) << i;
+  }
+  EXPECT_FALSE(Ask(kOtherPlace));
+  EXPECT_TRUE(world_.RunUntil([&] { return Ask(kOtherPlace).has_value(); }, kPatience));
+}
+
+TEST_F(HangTest, AProgramMayDieInAMessage) {
+  world_.Tell("rule hung WM_GETTEXT die");
+  EXPECT_EQ(messages_.WindowText(hung_, 100), std::nullopt);
+  EXPECT_TRUE(world_.RunUntil([&] { return windows_.ClassOf(hung_, 100) == std::nullopt; }, kPatience));
+  EXPECT_EQ(messages_.WindowText(hung_, 100), std::nullopt);
+}
+
+TEST_F(HangTest, AProgramMayDieInAQuery) {
+  world_.Tell("rule hung accName die");
+  const auto facts = Ask(kHungPlace);
+  EXPECT_TRUE(!facts || !facts->name);
+  EXPECT_TRUE(world_.RunUntil([&] { return !accessibility_.QueryStillOut(hung_); }, kPatience));
+}
+
+TEST_F(HangTest, MemoryOfAProgramThatDiedIsGone) {
+  const ProcessId process = windows_.ProcessOf(hung_).value();
+  RemoteMemory& memory = world_.platform.memory;
+  const RemoteAddress block = memory.Allocate(process, 16);
+  ASSERT_NE(block, 0U);
+  world_.Tell("rule hung WM_GETTEXT die");
+  messages_.WindowText(hung_, 100);
+  std::array<std::byte, 4> bytes{};
+  EXPECT_TRUE(world_.RunUntil([&] { return !memory.Read(process, block, bytes); }, kPatience));
+  EXPECT_FALSE(memory.Write(process, block, bytes));
+  EXPECT_EQ(memory.Allocate(process, 16), 0U);
+  memory.Free(process, block);
+}
+
+}  // namespace
+}  // namespace pointalk::contract

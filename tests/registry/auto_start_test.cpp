@@ -1,0 +1,124 @@
+// The two commands for starting with Windows.
+#include "registry/auto_start.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tests/sim/simulated.h"
+
+namespace pointalk {
+namespace {
+
+constexpr std::string_view kSet =
+    R"(registry set "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run" "Pointalk" 1 "Pointalk.exe"
+)";
+constexpr std::string_view kDelete =
+    R"(registry delete "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run" "Pointalk"
+)";
+constexpr std::string_view kConfirmedOn =
+    R"(sapi5 speak 3 " "
+sapi5 speak 3 "Now Pointalk will start automatically every time Windows is loaded. To make it NOT start automatically, see the Program menu above. Hit Enter."
+box 0 "Pointalk" "Now Pointalk will start automatically every time Windows is loaded.\r\nTo make it NOT start automatically, see the Program menu above." -> 1
+sapi5 speak 3 " "
+sapi5 speak 3 "Thank you."
+)";
+constexpr std::string_view kConfirmedOff =
+    R"(sapi5 speak 3 " "
+sapi5 speak 3 "Now Pointalk will NOT start automatically every time Windows is loaded. To make it start automatically, see the Program menu above. Hit Enter."
+box 0 "Pointalk" "Now Pointalk will NOT start automatically every time Windows is loaded.\r\nTo make it start automatically, see the Program menu above." -> 1
+sapi5 speak 3 " "
+sapi5 speak 3 "Thank you."
+)";
+
+std::string Lines(std::initializer_list<std::string_view> parts) {
+  std::string lines;
+  for (const std::string_view part : parts) lines += part;
+  return lines;
+}
+
+// The rooms that the commands need, with a voice.
+struct Rooms {
+  explicit Rooms(std::string_view script = "{}")
+      : simulated(script),
+        engine(simulated.platform.sapi5, simulated.platform.sapi4),
+        pronouncer(simulated.platform.input, input, description),
+        speaker(simulated.platform.input, simulated.platform.panel, input, settings, engine, pronouncer),
+        dialogs(simulated.platform.dialogs, simulated.platform.panel, input, speaker),
+        registry(simulated.platform.registry, simulated.platform.ansi),
+        autoStart(registry, dialogs) {
+    settings.mSapiVersion = 5;
+    EXPECT_TRUE(simulated.platform.sapi5.Create());
+    engine.SetVoice(Engine::Object::kSapi5);
+  }
+  Rooms(const Rooms&) = delete;
+  Rooms& operator=(const Rooms&) = delete;
+
+  // The values of the Run key by name.
+  std::vector<NamedRegistryValue> Values() {
+    return registry.EnumerateRegistryValues(u"HKLM\\Software\\Microsoft\\Windows\\CurrentVersion\\Run");
+  }
+
+  sim::Simulated simulated;
+  InputState input;
+  ObjectDescription description;
+  VoiceSettings settings;
+  Engine engine;
+  Pronouncer pronouncer;
+  Speaker speaker;
+  SpokenDialogs dialogs;
+  RegistryLayer registry;
+  AutoStart autoStart;
+};
+
+TEST(AutoStart, WritesTheValueAndConfirms) {
+  Rooms rooms;
+  rooms.autoStart.mnuProgramMakeAutoStart_Click();
+  EXPECT_EQ(rooms.simulated.transcript(), Lines({kSet, kConfirmedOn}));
+  EXPECT_EQ(rooms.registry.Error(), RegistryError());
+}
+
+TEST(AutoStart, MadeTwiceLeavesOneValue) {
+  Rooms rooms;
+  rooms.autoStart.mnuProgramMakeAutoStart_Click();
+  rooms.autoStart.mnuProgramMakeAutoStart_Click();
+  const auto values = rooms.Values();
+  ASSERT_EQ(values.size(), 1u);
+  EXPECT_EQ(values[0].name, u"Pointalk");
+  EXPECT_EQ(values[0].type, kStringType);
+  EXPECT_EQ(values[0].value, Variant(Text(u"Pointalk.exe")));
+}
+
+TEST(AutoStart, UnmadeWithoutHavingBeenMadeWritesDeletesAndConfirms) {
+  Rooms rooms;
+  rooms.autoStart.mnuProgramMakeNotAutoStart_Click();
+  EXPECT_EQ(rooms.simulated.transcript(), Lines({kSet, kDelete, kConfirmedOff}));
+  EXPECT_TRUE(rooms.Values().empty());
+  EXPECT_EQ(rooms.registry.Error(), RegistryError());
+}
+
+TEST(AutoStart, LeavesTheOtherValuesOfTheRunKey) {
+  Rooms rooms(R"({"machine": {"registry": {
+      "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run":
+          {"Other": "other.exe", "Pointalk": "elsewhere"}}}})");
+  rooms.autoStart.mnuProgramMakeAutoStart_Click();
+  EXPECT_EQ(rooms.Values().size(), 2u);
+  rooms.autoStart.mnuProgramMakeNotAutoStart_Click();
+  const auto values = rooms.Values();
+  ASSERT_EQ(values.size(), 1u);
+  EXPECT_EQ(values[0].name, u"Other");
+}
+
+TEST(AutoStart, ConfirmsAlsoWhenDenied) {
+  Rooms rooms(R"({"machine": {"registryDenied": true}})");
+  rooms.autoStart.mnuProgramMakeAutoStart_Click();
+  EXPECT_EQ(rooms.registry.Error(), RegistryError());
+  rooms.autoStart.mnuProgramMakeNotAutoStart_Click();
+  EXPECT_EQ(rooms.simulated.transcript(), Lines({kConfirmedOn, kConfirmedOff}));
+  EXPECT_EQ(rooms.registry.Error(), RegistryError());
+}
+
+}  // namespace
+}  // namespace pointalk

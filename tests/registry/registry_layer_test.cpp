@@ -1,0 +1,312 @@
+// The registry layer on a simulated registry.
+#include "registry/registry_layer.h"
+
+#include <gtest/gtest.h>
+
+#include <string_view>
+
+#include "tests/registry/tallied_registry.h"
+#include "tests/sim/simulated.h"
+#include "tests/support/watched_platform.h"
+#include "text/numbers.h"
+
+namespace pointalk {
+namespace {
+
+constexpr std::string_view kRegistry = R"({"machine": {"registry": {
+    "HKEY_CURRENT_USER\\App": {"Name": "v", "Count": 4000000000, "": "default"},
+    "HKEY_CURRENT_USER\\App\\Sub": {"a": "1"},
+    "HKEY_CURRENT_USER\\App\\Sub\\Deep": {},
+    "HKEY_CURRENT_USER\\App\\Sub 2": {},
+    "HKEY_CURRENT_USER\\Apple": {"stays": "x"}}}})";
+
+// Lets calls of the registry fail.
+struct FailingCalls final : testing::Watcher {
+  bool Enter(const char* call) override {
+    const std::string_view name = call;
+    if (!name.starts_with("RegistryApi::")) return true;
+    ++calls;
+    return calls != failing && name != failingName;
+  }
+  void Leave() override {}
+
+  int calls = 0;
+  int failing = 0;               // the call of that number fails
+  std::string_view failingName;  // and so does every call of that name
+};
+
+// A layer on a simulated registry.
+struct Layer {
+  explicit Layer(std::string_view script = kRegistry)
+      : simulated(script),
+        watched(simulated.platform.Seam(), failures),
+        tally(watched.Get().registry),
+        layer(tally, simulated.platform.ansi) {}
+  Layer(const Layer&) = delete;
+  Layer& operator=(const Layer&) = delete;
+  ~Layer() { EXPECT_TRUE(tally.open.empty()) << "keys were left open"; }
+
+  bool HasKey(TextView path) { return simulated.machine.setup.registry.Find(path) != nullptr; }
+  Text Description() const { return layer.Error().description; }
+
+  sim::Simulated simulated;
+  FailingCalls failures;
+  testing::WatchedPlatform watched;
+  testing::TalliedRegistry tally;
+  RegistryLayer layer;
+};
+
+TEST(RegistryLayer, WritesWhatItReadsAgain) {
+  const Variant values[] = {Text(u"5"),       Text(u"caf\u00E9 \u20AC"),
+                            Text(),           std::int32_t{5},
+                            std::int32_t{-1}, VariantArray{std::byte{0}, std::byte{255}}};
+  Layer on("{}");
+  for (const Variant& value : values) {
+    on.layer.WriteRegistry(u"HKCU\\New\\Key", u"x", value);
+    EXPECT_EQ(on.layer.Error(), RegistryError());
+    EXPECT_EQ(on.layer.ReadRegistry(u"\\hkey_current_user\\new\\key", u"X"), value) << value.index();
+    EXPECT_EQ(on.layer.Error(), RegistryError());
+  }
+}
+
+TEST(RegistryLayer, ChoosesTheTypeByTheVariant) {
+  Layer on("{}");
+  on.layer.WriteRegistry(u"HKCU\\K", u"n", std::int16_t{5});
+  on.layer.WriteRegistry(u"HKCU\\K", u"s", Text(u"5"));
+  on.layer.WriteRegistry(u"HKCU\\K", u"b", std::uint8_t{5});
+  on.layer.WriteRegistry(u"HKCU\\K", u"", true);
+  on.layer.WriteRegistry(u"HKCU\\K", u"as told", std::int16_t{5}, kStringType);
+  EXPECT_EQ(on.simulated.transcript(), R"(registry set "HKEY_CURRENT_USER\\K" "n" 4 5
+registry set "HKEY_CURRENT_USER\\K" "s" 1 "5"
+registry set "HKEY_CURRENT_USER\\K" "b" 3 "05"
+registry set "HKEY_CURRENT_USER\\K" "" 4 4294967295
+registry set "HKEY_CURRENT_USER\\K" "as told" 1 "5"
+)");
+}
+
+TEST(RegistryLayer, DoesNotWriteWhatDoesNotFit) {
+  Layer on("{}");
+  on.layer.WriteRegistry(u"HKCU\\K", u"n", Text(u"5"), kNumberType);
+  EXPECT_EQ(on.layer.Error(),
+            (RegistryError{-2147221501, u" [Let ValueOf]", u"Type passed doesn't match Value passed."}));
+  on.layer.WriteRegistry(u"HKCU\\K", u"n", Text(u"5"), 2);
+  EXPECT_EQ(on.layer.Error(), (RegistryError{-2147221500, u" [Let ValueOf]",
+                                             u"Type passed doesn't exist. Use STRING, DWORD or BINARY."}));
+  EXPECT_EQ(on.simulated.transcript(), "");
+  EXPECT_TRUE(on.HasKey(u"HKEY_CURRENT_USER\\K"));
+}
+
+TEST(RegistryLayer, ReadsTheDefaultValueWithoutAName) {
+  Layer on;
+  EXPECT_EQ(on.layer.ReadRegistry(u"HKCU\\App"), Variant(Text(u"default")));
+  EXPECT_EQ(on.layer.ReadRegistry(u"HKCU\\App", u""), Variant(Text(u"default")));
+  EXPECT_EQ(on.layer.ReadRegistry(u"HKCU\\App", u"count"), Variant(static_cast<std::int32_t>(4000000000u)));
+  EXPECT_EQ(on.layer.ReadRegistry(u"HKCU\\App\\Sub"), Variant());
+  EXPECT_EQ(on.Description(), u"Key/Value does not exist.");
+}
+
+TEST(RegistryLayer, ReadsNothingWhereThereIsNoData) {
+  Layer on;
+  for (const std::uint32_t type : {1u, 3u, 4u}) {
+    auto* const key = on.simulated.machine.setup.registry.Find(u"HKEY_CURRENT_USER\\App\\Sub");
+    key->Make(u"hollow").type = type;
+    EXPECT_EQ(on.layer.ReadRegistry(u"HKCU\\App\\Sub", u"hollow"), Variant()) << type;
+    EXPECT_EQ(on.layer.Error(), RegistryError()) << type;
+  }
+}
+
+TEST(RegistryLayer, TellsWhyAKeyDoesNotOpen) {
+  Layer on;
+  EXPECT_EQ(on.layer.ReadRegistry(u"HKCU\\None", u"x"), Variant());
+  EXPECT_EQ(on.layer.Error(), (RegistryError{0, u"Registry[API Call]", u"Key/Value does not exist."}));
+  on.layer.DeleteRegistry(u"HKCU\\None", u"x");
+  EXPECT_EQ(on.Description(), u"Key/Value does not exist.");
+  on.layer.DeleteRegistry(u"HKCU\\None");
+  EXPECT_EQ(on.Description(), u"Key/Value does not exist.");
+  EXPECT_TRUE(on.layer.EnumerateRegistryValues(u"HKCU\\None").empty());
+  EXPECT_EQ(on.Description(), u"Key/Value does not exist.");
+  EXPECT_EQ(on.simulated.transcript(), "");
+}
+
+TEST(RegistryLayer, GoesOnWithoutARootAndLetsThePlatformRefuse) {
+  const RegistryError refused{-2147221502, u"Registry[API Call]", u"Undefined key error code!"};
+  Layer on;
+  on.layer.WriteRegistry(u"HKXX\\App", u"x", Text(u"y"));
+  EXPECT_EQ(on.layer.Error(), refused);
+  EXPECT_EQ(on.layer.ReadRegistry(u"HKXX\\App"), Variant());
+  EXPECT_EQ(on.layer.Error(), refused);
+  on.layer.DeleteRegistry(u"HKXX\\App", u"x");
+  EXPECT_EQ(on.layer.Error(), refused);
+  on.layer.DeleteRegistry(u"HKXX\\App");
+  EXPECT_EQ(on.layer.Error(), refused);
+  EXPECT_TRUE(on.layer.EnumerateRegistryValues(u"HKXX\\App").empty());
+  EXPECT_EQ(on.layer.Error(), refused);
+  on.layer.ClearError();
+  EXPECT_EQ(on.layer.Error(), RegistryError());
+}
+
+TEST(RegistryLayer, ForgetsAnEarlierErrorWithTheNextOperation) {
+  Layer on;
+  on.layer.WriteRegistry(u"HKXX", u"x", Text(u"y"));
+  EXPECT_EQ(on.layer.ReadRegistry(u"HKCU\\None"), Variant());
+  EXPECT_EQ(on.layer.Error().number, 0);
+  on.layer.DeleteRegistry(u"HKCU\\App", u"Name");
+  EXPECT_EQ(on.layer.Error(), RegistryError());
+}
+
+TEST(RegistryLayer, TellsThatAccessIsDenied) {
+  Layer on(R"({"machine": {"registryDenied": true}})");
+  const RegistryError denied{0, u"Registry[API Call]", u"Access to Registry Denied."};
+  on.layer.WriteRegistry(u"HKLM\\A", u"x", Text(u"y"));
+  EXPECT_EQ(on.layer.Error(), denied);
+  EXPECT_EQ(on.layer.ReadRegistry(u"HKLM\\A", u"x"), Variant());
+  EXPECT_EQ(on.layer.Error(), denied);
+  on.layer.DeleteRegistry(u"HKLM\\A", u"x");
+  EXPECT_EQ(on.layer.Error(), denied);
+  on.layer.DeleteRegistry(u"HKLM\\A");
+  EXPECT_EQ(on.layer.Error(), denied);
+}
+
+TEST(RegistryLayer, DeletesOneValue) {
+  Layer on;
+  on.layer.DeleteRegistry(u"HKCU\\App", u"name");
+  EXPECT_EQ(on.layer.Error(), RegistryError());
+  on.layer.DeleteRegistry(u"HKCU\\App", u"");
+  EXPECT_EQ(on.layer.Error(), RegistryError());
+  EXPECT_EQ(on.simulated.transcript(), R"(registry delete "HKEY_CURRENT_USER\\App" "Name"
+registry delete "HKEY_CURRENT_USER\\App" ""
+)");
+  on.layer.DeleteRegistry(u"HKCU\\App", u"name");
+  EXPECT_EQ(on.Description(), u"Key/Value does not exist.");
+  EXPECT_TRUE(on.HasKey(u"HKEY_CURRENT_USER\\App\\Sub\\Deep"));
+}
+
+TEST(RegistryLayer, DeletesATreeFromItsDepthUp) {
+  for (const TextView path : {u"HKCU\\App", u"HKCU\\App\\"}) {
+    Layer on;
+    on.layer.DeleteRegistry(path);
+    EXPECT_EQ(on.layer.Error(), RegistryError());
+    EXPECT_EQ(on.simulated.transcript(), R"(registry remove "HKEY_CURRENT_USER\\App\\Sub\\Deep"
+registry remove "HKEY_CURRENT_USER\\App\\Sub"
+registry remove "HKEY_CURRENT_USER\\App\\Sub 2"
+registry remove "HKEY_CURRENT_USER\\App"
+)") << ::testing::PrintToString(path);
+    EXPECT_TRUE(on.HasKey(u"HKEY_CURRENT_USER\\Apple"));
+  }
+}
+
+TEST(RegistryLayer, TriesEveryKeyOnceWhereNoneMayBeDeleted) {
+  Layer on;
+  on.failures.failingName = "RegistryApi::DeleteKey";
+  on.layer.DeleteRegistry(u"HKCU\\App");
+  EXPECT_EQ(on.Description(), u"Access to Registry Denied.");
+  // Open, ask, delete and close each of the four keys, and name three.
+  EXPECT_EQ(on.failures.calls, 4 * 4 + 3);
+  EXPECT_TRUE(on.HasKey(u"HKEY_CURRENT_USER\\App\\Sub\\Deep"));
+}
+
+TEST(RegistryLayer, DeletesATreeOfTenThousandKeys) {
+  Layer on("{}");
+  for (int i = 0; i < 100; ++i) {
+    const Text branch = u"HKEY_CURRENT_USER\\Wide\\" + WholeNumberText(i) + u"\\";
+    for (int j = 0; j < 100; ++j) on.simulated.machine.setup.registry.Make(branch + WholeNumberText(j));
+  }
+  on.layer.DeleteRegistry(u"HKCU\\Wide");
+  EXPECT_EQ(on.layer.Error(), RegistryError());
+  EXPECT_TRUE(on.simulated.machine.setup.registry.SubKeyNames(u"HKEY_CURRENT_USER").empty());
+  EXPECT_LE(on.tally.mostOpen, 3u);
+}
+
+TEST(RegistryLayer, DeletesATreeOfFiveHundredLevels) {
+  Layer on("{}");
+  Text path = u"HKEY_CURRENT_USER\\Deep";
+  for (int level = 0; level < 500; ++level) path += u"\\" + WholeNumberText(level % 10);
+  on.simulated.machine.setup.registry.Make(path);
+  on.layer.DeleteRegistry(u"HKCU\\Deep");
+  EXPECT_EQ(on.layer.Error(), RegistryError());
+  EXPECT_FALSE(on.HasKey(u"HKEY_CURRENT_USER\\Deep"));
+}
+
+TEST(RegistryLayer, DoesNotFollowLinksForEver) {
+  Layer on("{}");
+  on.simulated.machine.setup.registry.Make(u"HKEY_CURRENT_USER\\Round\\Again 1");
+  on.simulated.machine.setup.registry.Make(u"HKEY_CURRENT_USER\\Round\\Again 2");
+  on.tally.link = u"Again";
+  on.layer.DeleteRegistry(u"HKCU\\Round");
+  EXPECT_EQ(on.Description(), u"Access to Registry Denied.");
+  EXPECT_EQ(on.tally.mostOpen, 512u);
+  // Open, ask, name both, delete and close each key once.
+  EXPECT_EQ(on.failures.calls, 512 * 6);
+  EXPECT_TRUE(on.HasKey(u"HKEY_CURRENT_USER\\Round"));
+}
+
+TEST(RegistryLayer, LeavesAKeyWhoseNameIsLost) {
+  Layer on;
+  on.tally.loseNames = true;
+  on.layer.DeleteRegistry(u"HKCU\\App");
+  EXPECT_EQ(on.Description(), u"Access to Registry Denied.");
+  EXPECT_EQ(on.tally.mostOpen, 1u);
+  EXPECT_TRUE(on.HasKey(u"HKEY_CURRENT_USER\\App\\Sub\\Deep"));
+}
+
+TEST(RegistryLayer, EnumeratesValuesInThePlatformsOrder) {
+  Layer on("{}");
+  on.layer.WriteRegistry(u"HKCU\\K", u"z", Text(u"last first"));
+  on.layer.WriteRegistry(u"HKCU\\K", u"number", std::int32_t{70000});
+  on.layer.WriteRegistry(u"HKCU\\K", u"a name of many more letters", VariantArray{std::byte{7}});
+  on.layer.WriteRegistry(u"HKCU\\K", u"", Text(u"\u00E9"));
+  const auto values = on.layer.EnumerateRegistryValues(u"HKCU\\K");
+  EXPECT_EQ(on.layer.Error(), RegistryError());
+  ASSERT_EQ(values.size(), 4u);
+  EXPECT_EQ(values[0].name, u"z");
+  EXPECT_EQ(values[0].type, 1u);
+  EXPECT_EQ(values[0].value, Variant(Text(u"last first")));
+  EXPECT_EQ(values[1].name, u"number");
+  EXPECT_EQ(values[1].type, 4u);
+  EXPECT_EQ(values[1].value, Variant(std::int32_t{70000}));
+  EXPECT_EQ(values[2].name, u"a name of many more letters");
+  EXPECT_EQ(values[2].type, 3u);
+  EXPECT_EQ(values[2].value, Variant(VariantArray{std::byte{7}}));
+  EXPECT_EQ(values[3].name, u"");
+  EXPECT_EQ(values[3].value, Variant(Text(u"\u00E9")));
+  EXPECT_TRUE(on.layer.EnumerateRegistryValues(u"HKCU").empty());
+  EXPECT_EQ(on.layer.Error(), RegistryError());
+}
+
+TEST(RegistryLayer, EnumeratesWithoutTheValueThatCannotBeRead) {
+  for (const std::string_view call : {"RegistryApi::ValueName", "RegistryApi::QueryValue"}) {
+    Layer on;
+    on.failures.failingName = call;
+    EXPECT_TRUE(on.layer.EnumerateRegistryValues(u"HKCU\\App").empty()) << call;
+  }
+}
+
+// Every operation, whichever call fails: it comes back, and leaves no key open.
+TEST(RegistryLayer, OutlivesTheFailureOfAnyCall) {
+  const auto run = [](RegistryLayer& layer) {
+    layer.WriteRegistry(u"HKCU\\App", u"new", std::int32_t{1});
+    std::ignore = layer.ReadRegistry(u"HKCU\\App", u"Name");
+    std::ignore = layer.EnumerateRegistryValues(u"HKCU\\App");
+    layer.DeleteRegistry(u"HKCU\\App", u"new");
+    layer.DeleteRegistry(u"HKCU\\App");
+  };
+  int calls = 0;
+  {
+    Layer healthy;
+    run(healthy.layer);
+    calls = healthy.failures.calls;
+    EXPECT_FALSE(healthy.HasKey(u"HKEY_CURRENT_USER\\App"));
+  }
+  ASSERT_GT(calls, 30);
+  for (int failing = 1; failing <= calls; ++failing) {
+    SCOPED_TRACE(failing);
+    Layer on;
+    on.failures.failing = failing;
+    run(on.layer);
+    EXPECT_GE(on.failures.calls, failing);
+    EXPECT_TRUE(on.HasKey(u"HKEY_CURRENT_USER\\Apple"));
+  }
+}
+
+}  // namespace
+}  // namespace pointalk

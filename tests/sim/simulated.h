@@ -1,0 +1,22 @@
+// A simulated machine with its seam, made from a script, for tests that ask the seam themselves.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "sim/machine.h"
+#include "sim/script.h"
+#include "sim/sim_platform.h"
+
+namespace pointalk::sim {
+
+struct Simulated {
+  explicit Simulated(std::string_view script = "{}") : machine(ReadScript(script)), platform(machine) {}
+
+  const std::string& transcript() const { return machine.transcript.text(); }
+
+  Machine machine;
+  SimPlatform platform;
+};
+
+}  // namespace pointalk::sim

@@ -1,0 +1,51 @@
+// A platform in front of another one: every call passes a watcher, which may count it, time it, or let it
+// fail without being made.
+#pragma once
+
+#include <memory>
+
+#include "platform/platform.h"
+
+namespace pointalk::testing {
+
+class Watcher {
+ public:
+  virtual ~Watcher() = default;
+
+  // Before each call, with its name. False lets the call fail as its interface says failure looks; a call
+  // whose interface knows no failure is made all the same.
+  virtual bool Enter(const char* call) = 0;
+
+  // After each call that was made.
+  virtual void Leave() = 0;
+
+  // Makes a call, or gives what stands for its failure.
+  template <class Result, class Call> Result Pass(const char* name, Result failure, Call call) {
+    if (!Enter(name)) return failure;
+    Result result = call();
+    Leave();
+    return result;
+  }
+  template <class Call> void Pass(const char* name, Call call) {
+    Enter(name);
+    call();
+    Leave();
+  }
+};
+
+// Keep the base and the watcher alive longer than this.
+class WatchedPlatform {
+ public:
+  WatchedPlatform(const Platform& theBase, Watcher& theWatcher);
+  ~WatchedPlatform();
+  WatchedPlatform(const WatchedPlatform&) = delete;
+  WatchedPlatform& operator=(const WatchedPlatform&) = delete;
+
+  Platform Get();
+
+ private:
+  struct Parts;
+  std::unique_ptr<Parts> parts;
+};
+
+}  // namespace pointalk::testing

@@ -1,0 +1,163 @@
+"""Pointalk's control panel and the boxes that it asks with, by keys alone."""
+
+import contextlib
+
+from .waiting import wait_until
+
+PANEL_CLASS = "PointalkPanel"
+CAPTION = "Pointalk Control Center"
+BOX_CLASS = "#32770"
+MENU_CLASS = "#32768"
+
+# The access keys of the drop-down menus, and their entries in order.
+MENUS = {
+    "f": ("Minimize Control Panel", "Exit"),
+    "m": ("Midi On/Off", "Mouse Instrument Preset", "Horizontal Instrument", "Horizontal Volume", "Vertical Instrument",
+          "Vertical Volume", "Mouse Melody Format", "Ding Volume", "Keyboard Scaling For Midi Volumes"),
+    "v": ("Voice Volume", "Slow Down", "Speed Up", "Use Mary", "Use Mike", "Use Sam", "Mute Voice", "Clear Sapi Version"),
+    "h": ("Instructions", "About Pointalk"),
+    "p": ("Make AutoStart", "Make Not AutoStart"),
+    "t": ("Send Crash Report",),
+}
+
+# In each menu with entries that can be checked, one that never is.
+UNCHECKED = {"m": "Vertical Volume", "v": "Use Mike"}
+MENU_FRAME = 3   # pixels around a menu's entries
+MARK_WIDTH = 14  # pixels before an entry's text
+
+LIMIT = 40      # seconds
+TRIES = 4
+
+
+class Panel:
+    def __init__(self, probe, hand, away=(900, 740)):
+        """away is where the pointer rests while keys are pressed."""
+        self._probe, self._hand, self._away = probe, hand, away
+
+    def window(self):
+        """The panel's window; waits for it."""
+        return wait_until(lambda: self._top_window(PANEL_CLASS), LIMIT, "a control panel")
+
+    def _top_window(self, class_name):
+        return next((w for w in self._probe.ask("windows")["windows"] if w["class"] == class_name), None)
+
+    def is_minimised(self):
+        """Whether it lies at the screen's bottom and not at its top."""
+        return self.window()["rect"][1] > 0
+
+    def focus(self):
+        """The foreground window, the one in it that has the keyboard, and whether a menu is open."""
+        return self._probe.ask("focus")
+
+    def controls(self):
+        """The windows on the panel, in their order."""
+        return self._probe.ask("windows", self.window()["hwnd"])["windows"]
+
+    def open(self):
+        """Opens the minimised panel by a double click and waits until it has the keyboard."""
+        left, top, right, bottom = self.window()["rect"]
+        self._hand.move((left + right) // 2, (top + bottom) // 2)
+        self._hand.double_click()
+        wait_until(lambda: not self.is_minimised(), LIMIT, "the panel is open")
+        self._hand.move(*self._away)
+        try:
+            self.wait_for_keyboard(2)
+        except AssertionError:  # Wine gave it to the desktop, which the first click had left
+            self.raise_it()
+
+    def wait_for_keyboard(self, limit=LIMIT):
+        """Waits until one of the panel's controls has the keyboard."""
+        def ready():
+            now = self.focus()
+            return now["window"]["class"] == PANEL_CLASS and now["focus"]["class"] == "Button" and not now["menu"]
+
+        wait_until(ready, limit, lambda: f"the panel has the keyboard: {self.focus()}")
+        self._hand.aim(CAPTION)
+
+    def raise_it(self):
+        """Gives the open panel the keyboard by a click on its caption."""
+        left, top, right, bottom = self.window()["rect"]
+        self._hand.move((left + right) // 2, top + 8)
+        self._hand.click()
+        self._hand.move(*self._away)
+        self.wait_for_keyboard()
+
+    def open_menu(self, key):
+        """Opens a drop-down menu by its access key; returns its window."""
+        self._hand.tap("alt+" + key)
+        return wait_until(lambda: self.focus()["menu"] and self._top_window(MENU_CLASS), LIMIT, f"the menu of {key}")
+
+    def close_menu(self):
+        self._hand.tap("Escape", "Escape")
+        self.wait_for_keyboard()
+
+    def is_checked(self, entry, desktop):
+        """Whether the menu shows a check mark before an entry, by a picture of it: what is drawn there differs from what
+        the entry that has never one has there."""
+        key, entries = next((key, entries) for key, entries in MENUS.items() if entry in entries)
+        row, other = entries.index(entry), entries.index(UNCHECKED[key])
+        left, top, right, bottom = self.open_menu(key)["rect"]
+        if row == 0:
+            self._hand.tap("Down")  # the marked entry looks different
+        height = (bottom - top - 2 * MENU_FRAME) / len(entries)
+        picture = desktop.pixels(left + MENU_FRAME, top + MENU_FRAME, MARK_WIDTH, bottom - top - 2 * MENU_FRAME)
+        self.close_menu()
+        rows = [picture[round(number * height) + 1:round(number * height) + int(height) - 1] for number in (row, other)]
+        return rows[0] != rows[1]
+
+    def choose(self, entry):
+        """Chooses an entry by its menu's access key, the arrows and Enter."""
+        key, entries = next((key, entries) for key, entries in MENUS.items() if entry in entries)
+        self.open_menu(key)
+        self._hand.tap(*["Down"] * entries.index(entry), "Return")
+
+    def press(self, button, key="space"):
+        """Goes to a button by Tab and presses it."""
+        for _ in range(10):
+            if self.focus()["focus"]["title"] == button:
+                self._hand.tap(key)
+                return
+            before = self.focus()["focus"]["hwnd"]
+            self._hand.tap("Tab")
+            wait_until(lambda: self.focus()["focus"]["hwnd"] not in (0, before), LIMIT, "Tab goes on")
+        raise AssertionError(f"no button {button}")
+
+    def box(self, title):
+        """Waits for the box with that title; returns its window with the texts on it."""
+        def asks():
+            now = self.focus()
+            ours = (now["window"]["class"], now["window"]["title"]) == (BOX_CLASS, title)
+            return now["window"] if ours and now["focus"]["class"] in ("Button", "Edit") else None
+
+        window = wait_until(asks, LIMIT, lambda: f"a box {title!r}: {self.focus()}")
+        window["texts"] = [self._probe.ask("text", child["hwnd"], 2000)["text"]
+                           for child in self._probe.ask("windows", window["hwnd"])["windows"]]
+        return window
+
+    def answer(self, title, *keys, typed=None):
+        """Answers the box with that title: types a text or presses keys, and waits until the box is gone."""
+        window = self.box(title)
+        if typed is not None:
+            if typed:
+                self._hand.type(typed)
+            else:
+                self._hand.tap("BackSpace")
+            keys = (*keys, "Return")
+        self._tap_until_gone(window, *keys)
+        return window
+
+    def _tap_until_gone(self, window, *keys):
+        """On a busy machine Wine may lose keys even of the window that has them."""
+        gone = lambda: self.focus()["window"]["hwnd"] != window["hwnd"]
+        for _ in range(TRIES):
+            self._hand.aim(window["title"])
+            self._hand.tap(*keys)
+            with contextlib.suppress(AssertionError):
+                return wait_until(gone, LIMIT / TRIES, "")
+        raise AssertionError(f"the box {window['title']!r} stays after {TRIES} times {keys}")
+
+    def quit(self, pointalk):
+        """Leaves by File, Exit and waits for the end."""
+        self.choose("Exit")
+        self.answer("Pointalk", "y")
+        pointalk.wait_for_end()

@@ -1,0 +1,62 @@
+"""A run of Pointalk.exe from a private copy of its folder."""
+
+import pathlib
+import shutil
+import subprocess
+
+from .heard import Heard, now
+from .waiting import wait_until
+
+
+class Pointalk:
+    """settings is the text of PTK.ini, or None for none. The folder outlives the run: start() may follow end()."""
+
+    def __init__(self, build, folder, environment, settings=None, first_run=False):
+        self.folder = pathlib.Path(folder)
+        self.folder.mkdir(parents=True, exist_ok=True)
+        shutil.copy2(build / "Pointalk.exe", self.folder)
+        shutil.copy2(build / "wine" / "winmm.dll", self.folder)
+        if settings is not None:
+            (self.folder / "PTK.ini").write_bytes(settings.encode("cp1252"))
+        if not first_run:
+            (self.folder / "DidWarn.flg").write_bytes(b"Been there done that.\r\n")
+        self.heard = Heard(self.folder / "heard.jsonl")
+        self._environment = {**environment, "POINTALK_HEARD": str(self.heard.path)}
+        self.process = None
+        self._began = 0
+
+    def start(self, directory=None, **environment):
+        """Starts the program, in its own folder or another directory; names and values are added to its environment."""
+        self._began = now()
+        self.process = subprocess.Popen(["wine", str(self.folder / "Pointalk.exe")], cwd=directory or self.folder,
+                                        stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                                        env={**self._environment, **environment})
+        return self
+
+    def wait_ready(self, limit=60):
+        """Waits for the greeting of a run that is not the first."""
+        self.heard.wait_words("Pointalk is running.  Hit F1 any time for help.", limit, self._began)
+
+    def file(self, name):
+        """A text file of the folder, None when it is not there."""
+        path = self.folder / name
+        return path.read_bytes().decode("cp1252") if path.exists() else None
+
+    def running(self):
+        return self.process is not None and self.process.poll() is None
+
+    def wait_for_end(self, limit=20):
+        wait_until(lambda: not self.running(), limit, "Pointalk ends")
+
+    def kill(self):
+        """Ends it as a crash would."""
+        if self.running():
+            self.process.kill()
+        if self.process is not None:
+            self.process.wait(10)
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.kill()

@@ -1,0 +1,136 @@
+"""Programs that take one line and answer with one JSON line: target.exe and probe.exe."""
+
+import contextlib
+import json
+import queue
+import subprocess
+import threading
+
+
+def quoted(value):
+    """A word of the command channel; pure ASCII, lone surrogates and all."""
+    if isinstance(value, bool):
+        return str(int(value))
+    if isinstance(value, (tuple, list)):
+        return ",".join(str(part) for part in value)
+    return json.dumps(str(value))
+
+
+class LineProgram:
+    """A running program that is driven through its standard input."""
+
+    def __init__(self, command, environment, limit=30):
+        self.process = subprocess.Popen([str(part) for part in command], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                        stderr=subprocess.DEVNULL, env=environment)
+        self._lines = queue.Queue()
+        self._reader = threading.Thread(target=self._read, daemon=True)
+        self._reader.start()
+        self.greeting = []
+        try:
+            while not self.greeting or "ready" not in self.greeting[-1]:
+                self.greeting.append(self._next(limit))
+        except BaseException:
+            self.close()
+            raise
+
+    def _read(self):
+        with self.process.stdout as answers:
+            for line in answers:
+                self._lines.put(line)
+        self._lines.put(None)
+
+    def _next(self, limit):
+        try:
+            line = self._lines.get(timeout=limit)
+        except queue.Empty:
+            raise TimeoutError(f"no answer within {limit} s") from None
+        if line is None:
+            self._lines.put(None)
+            raise EOFError("the program has ended")
+        return json.loads(line)
+
+    def ask(self, *words, limit=20, **options):
+        """Sends one command and returns its reply. RuntimeError when the program refuses it, EOFError when it ends over
+        it."""
+        parts = [quoted(word) for word in words] + [f"{key}={quoted(value)}" for key, value in options.items()]
+        try:
+            self.process.stdin.write(" ".join(parts).encode("ascii") + b"\n")
+            self.process.stdin.flush()
+        except BrokenPipeError:
+            raise EOFError("the program has ended") from None
+        reply = self._next(limit)
+        if "error" in reply:
+            raise RuntimeError(f"{' '.join(parts)[:200]}: {reply['error']}")
+        return reply
+
+    def wait_for_end(self, limit=10):
+        """Its exit status; subprocess.TimeoutExpired if it goes on."""
+        return self.process.wait(limit)
+
+    def close(self):
+        if self.process.poll() is None:
+            self.process.kill()
+        self.process.wait(10)
+        self._reader.join(10)
+        with contextlib.suppress(BrokenPipeError):
+            self.process.stdin.close()
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.close()
+
+
+class Probe(LineProgram):
+    """Looks at windows from outside."""
+
+
+class Target(LineProgram):
+    """Stands in for other people's programs. `windows` tells, by name, what is known of each window."""
+
+    def __init__(self, command, environment, limit=30):
+        super().__init__(command, environment, limit)
+        self.windows = {line["name"]: line for line in self.greeting[:-1]}
+        self.id = self.greeting[-1]["process"]
+
+    def create(self, name, /, **options):
+        """Makes a window; `class_` stands for class, a rectangle is four numbers in screen pixels."""
+        options = {key.rstrip("_"): value for key, value in options.items()}
+        self.windows[name] = self.ask("create", name, **options)
+        return self.windows[name]
+
+    def destroy(self, name):
+        self.ask("destroy", name)
+        del self.windows[name]
+
+    def element(self, window, number, /, **options):
+        """Changes a part of the window's own accessible object; 0 is the whole."""
+        self.ask("element", window, number, **options)
+
+    def handle(self, name):
+        return self.windows[name]["hwnd"]
+
+    def centre(self, name):
+        left, top, right, bottom = self.windows[name]["rect"]
+        return (left + right) // 2, (top + bottom) // 2
+
+    def place(self, name, what, index):
+        """The centre of an item, a label, a character or a menu title, in screen pixels."""
+        left, top, right, bottom = self.ask("where", name, what, index)["rect"]
+        return (left + right) // 2, (top + bottom) // 2
+
+    def rule(self, name, message, *words):
+        self.ask("rule", name, message, *words)
+
+    def counts(self, name):
+        """How many of which messages other programs have sent to the window."""
+        return self.ask("counts", name)["counts"]
+
+    def all_counts(self):
+        """The same of all windows, those without any left out."""
+        return {name: counts for name, counts in self.ask("counts")["counts"].items() if counts}
+
+    def blocks(self):
+        """The small private blocks of its memory, by address."""
+        return {block["base"]: block for block in self.ask("memory")["blocks"]}

@@ -1,0 +1,117 @@
+"""What the tests of the whole program share: a Pointalk that runs beside a stand-in, and what it must sound like."""
+
+import time
+import unittest
+
+from harness import Desktop, now, settings_text, wait_until
+
+SETTINGS = settings_text(VerticalVolume=60, HorizontalVolume=60, DoDingVolume=60)
+GREETING = "Pointalk is running.  Hit F1 any time for help."
+QUICK = {"POINTALK_ESPEAK": "true"}  # speech that takes no time
+REST = 0.4            # seconds after which a still pointer rests where the machine has nothing else to do: eleven ticks
+SOON = 10             # seconds within which what must come has come
+SCREEN = (1024, 768)  # the virtual desktop
+
+EARCON, HIGHER, LOWER = 12, 13, 14
+EARCONS = {"NewWindow": (45, 231, 127), "OffVisibleArea": (45, 200, 105), "ListBoxHit": (45, 204, 105),
+           "OffIcon": (45, 223, 110), "NewIcon": (45, 226, 117)}
+
+
+def program(channel, instrument):
+    return 0xC0 + channel + instrument * 256
+
+
+def note_on(channel, note, velocity):
+    return 0x90 + channel + note * 256 + velocity * 65536
+
+
+def note_off(channel, note, velocity):
+    return 0x80 + channel + note * 256 + velocity * 65536
+
+
+def earcon(name):
+    """The two messages with which an event sound begins."""
+    instrument, note, velocity = EARCONS[name]
+    return [program(EARCON, instrument), note_on(EARCON, note, velocity)]
+
+
+def for_the_ear(text, spelled=False):
+    """How a text is handed to the voice: capitals and digits set apart, points and some words respelt; or letter by letter."""
+    said, previous, run, after_blank = "", "", 0, False
+    for letter in text:
+        part = f" {letter} " if letter in "0123456789" else letter
+        run = run + 1 if part == previous else 0
+        capital = part != part.lower()
+        if capital and spelled:
+            part = "Capitl " + part
+        if run < 4:
+            said += " " + part if spelled or (capital and not after_blank) else part
+        previous, after_blank = letter, part == " "
+    said = said.replace(".", " dot ").strip(" ")
+    if said.lower() == "the":
+        return "dthoghh"
+    for find, respelt in ((" A ", " eigh "), (" a ", " eigh "), ("^", " carat "), (" to ", " too "), (" this ", " thihs "),
+                          (" no.", " know. "), (" No.", " know. "), (" email", " eemail")):
+        said = said.replace(find, respelt)
+    return said
+
+
+def start(hand, pointalk, place=(1000, 600), **environment):
+    """Starts Pointalk with the pointer out of the way and returns once its timer runs."""
+    hand.move(*place)
+    pointalk.start(**environment)
+    wait_until_running(pointalk)
+
+
+def wait_until_running(pointalk, since=0, limit=60):
+    """The port is asked for a second time just before the timer is switched on."""
+    asked = lambda: [line for line in pointalk.heard.lines(since) if line["what"] == "midi devices"]
+    wait_until(lambda: len(asked()) == 2, limit, lambda: f"Pointalk runs; heard {pointalk.heard.lines(since)[-5:]}")
+
+
+class Listening(unittest.TestCase):
+    """A desktop, a stand-in where layouts are named, and a Pointalk that runs for all tests of the class."""
+
+    layouts = ()
+    settings = SETTINGS
+    environment = {}
+    away = (1000, 600)  # where the pointer waits
+
+    @classmethod
+    def setUpClass(cls):
+        cls.desktop = cls.enterClassContext(Desktop(private=True))
+        cls.hand = cls.enterClassContext(cls.desktop.hand())
+        if cls.layouts:
+            cls.target = cls.enterClassContext(cls.desktop.target(*cls.layouts))
+        cls.pointalk = cls.enterClassContext(cls.desktop.pointalk(cls.settings))
+        cls.heard = cls.pointalk.heard
+        start(cls.hand, cls.pointalk, cls.away, **cls.environment)
+
+    def visit(self, place, words, limit=SOON):
+        """Moves the pointer there, waits for the words, and returns the time just before the move."""
+        since = now()
+        self.hand.move(*place)
+        self.heard.wait_words(words, limit, since)
+        return since
+
+    def rest(self):
+        """Until the pointer rests, which ends the tones."""
+        time.sleep(REST)
+        lower = lambda: [message for message in self.heard.midi() if message & 0xFF in (0x80 + LOWER, 0x90 + LOWER)]
+        wait_until(lambda: lower()[-1:] and lower()[-1] & 0xF0 == 0x80, SOON, "the pointer rests")
+
+    def leave(self):
+        """Away from everything, until the pointer rests there."""
+        self.hand.move(*self.away)
+        self.rest()
+
+    def speech(self, since):
+        """Flags and texts; the blanks that cut off what is being said are left out."""
+        return [(line["flags"], line["text"]) for line in self.heard.lines(since)
+                if line["what"] == "sapi5 speak" and line["text"].strip()]
+
+    def earcons(self, since):
+        """The event sounds begun since then, by their names."""
+        names = {note_on(EARCON, note, velocity): name for name, (_, note, velocity) in EARCONS.items()}
+        return [names.get(message, hex(message)) for message in self.heard.midi(since)
+                if message & 0xFF == 0x90 + EARCON]

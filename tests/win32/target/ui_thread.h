@@ -1,0 +1,46 @@
+// A thread with a message loop: the home of some of the target's windows, which hang together.
+#pragma once
+
+#include <windows.h>
+
+#include <chrono>
+#include <functional>
+#include <future>
+#include <string>
+#include <thread>
+
+namespace pointalk::target {
+
+class UiThread {
+ public:
+  // Returns once the thread takes tasks.
+  UiThread();
+  // The loop ends with the process.
+  UiThread(const UiThread&) = delete;
+  UiThread& operator=(const UiThread&) = delete;
+
+  DWORD Id() const { return mId; }
+
+  // Runs the task on the thread and gives its reply; what it throws is thrown here. Throws CommandError when
+  // the thread has not got round to it within five seconds; it may still do so later.
+  std::string Run(std::function<std::string()> task);
+
+  // Makes the thread deaf for a time, from before this returns. Throws CommandError when it is deaf already.
+  void Hang(std::chrono::milliseconds time);
+
+  // How many messages from other threads are being answered right now, one inside the other.
+  int& AnswerDepth() { return mAnswerDepth; }
+
+ private:
+  using Task = std::packaged_task<std::string()>;
+
+  void Loop(std::promise<HWND>& ready);
+  std::future<std::string> Post(std::function<std::string()> task);
+
+  DWORD mId = 0;
+  HWND mInbox = nullptr;  // takes the tasks, also while a menu is open
+  int mAnswerDepth = 0;
+  std::thread mThread;
+};
+
+}  // namespace pointalk::target

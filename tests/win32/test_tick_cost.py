@@ -1,0 +1,31 @@
+"""A tick's own work is small beside the platform calls that it makes. Measured as shares of the same run."""
+
+import json
+import shutil
+import subprocess
+import unittest
+
+from harness import BUILD, Desktop
+
+LARGEST_SHARE = 0.01
+PLACES = ("ok", "field", "list", "details", "tree", "combo")
+
+
+class TickCost(unittest.TestCase):
+    def test_own_work_is_under_a_hundredth_of_the_platform_calls(self):
+        with Desktop() as desktop, desktop.target("controls") as target, desktop.pointalk() as pointalk:
+            shutil.copy(BUILD / "tick_cost.exe", pointalk.folder)
+            places = [str(word) for name in PLACES for word in (name, *target.centre(name))]
+            printed = subprocess.run(["wine", str(pointalk.folder / "tick_cost.exe"), *places], cwd=pointalk.folder,
+                                     env=desktop.environment, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                                     stderr=subprocess.DEVNULL, timeout=180, check=True).stdout
+        measured = [json.loads(line) for line in printed.splitlines()]
+        self.assertEqual(len(measured), len(PLACES) + 1)
+        for tick in measured:
+            with self.subTest(tick["tick"]):
+                self.assertGreater(tick["platform"], 0)
+                self.assertLess(tick["own"] / tick["platform"], LARGEST_SHARE, tick)
+
+
+if __name__ == "__main__":
+    unittest.main()

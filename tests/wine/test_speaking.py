@@ -1,0 +1,223 @@
+"""When the voice's Speak returns, what it cuts off, and what can be heard of it."""
+
+import math
+import pathlib
+import shutil
+import time
+import unittest
+
+from companions import ASYNCHRONOUS, PURGE, CompanionTest, create, helper_folders, loudest, poll, sleep, speak
+
+SENTENCE = "This sentence takes a little while to say."
+QUICK = 0.25  # what a call that only queues may take on a busy machine
+
+
+class SpeakReturns(CompanionTest):
+    def test_without_flags_when_the_text_has_been_spoken(self):
+        _, spoke = self.voice(create("v"), speak(SENTENCE))
+        sounding = self.only("sounding")
+        self.assertGreater(sounding["length"], 1_000_000)
+        self.assertGreaterEqual(spoke.seconds * 1e6, sounding["length"])
+        self.assertEqual(self.only("spoken")["sounded"], sounding["length"])
+        line = self.only("sapi5 speak")
+        self.assertEqual((line["flags"], line["given"], line["text"]), (0, False, SENTENCE))
+
+    def test_without_flags_after_what_is_already_playing(self):
+        _, _, spoke = self.voice(create("v"), speak("One, two, three.", ASYNCHRONOUS), speak("Four.", 0))
+        first, second = self.heard("sounding")
+        self.assertGreaterEqual(spoke.seconds * 1e6, first["length"] + second["length"] - QUICK * 1e6)
+        self.assertGreaterEqual(second["t"], first["t"] + first["length"])
+        self.assertEqual(len(self.heard("spoken")), 2)
+
+    def test_at_once_when_asynchronous(self):
+        for flags in (ASYNCHRONOUS, ASYNCHRONOUS | PURGE):
+            with self.subTest(flags=flags):
+                _, spoke, _ = self.voice(create("v"), speak(SENTENCE, flags), sleep(0.5))
+                self.assertTrue(spoke.worked)
+                self.assertLess(spoke.seconds, QUICK)
+
+    def test_after_a_purge_only_its_own_text_is_waited_for(self):
+        _, _, _, spoke = self.voice(create("v"), speak(SENTENCE, ASYNCHRONOUS), sleep(0.3), speak("Yes.", PURGE))
+        first, second = self.heard("sounding")
+        cut = self.only("cut")
+        self.assertEqual(cut["utterance"], first["utterance"])
+        self.assertEqual(self.only("spoken")["utterance"], second["utterance"])
+        self.assertGreaterEqual(spoke.seconds * 1e6, second["length"])
+
+    def test_at_once_for_a_blank(self):
+        _, *spoke = self.voice(create("v"), *(speak(text, flags) for text in ("", " ", "\u00a0  ") for flags in (0, 2)))
+        for answer in spoke:
+            self.assertTrue(answer.worked)
+            self.assertLess(answer.seconds, QUICK)
+        self.assertEqual(len(self.heard("sapi5 speak")), 6)
+        self.assertEqual(self.heard("sounding", "spoken", "cut", "silent"), [])
+
+
+class Purging(CompanionTest):
+    def test_a_blank_silences_at_once(self):
+        self.voice(create("v"), speak(SENTENCE, ASYNCHRONOUS), sleep(0.5), speak(" ", 3), sleep(0.3))
+        asked = self.heard("sapi5 speak")[1]
+        cut = self.only("cut")
+        self.assertLess(cut["t"] - asked["t"], 100_000)
+        self.assertLess(cut["sounded"], self.only("sounding")["length"])
+        self.assertGreater(cut["sounded"], 100_000)
+        self.assertEqual(self.heard("spoken"), [])
+
+    def test_what_was_queued_is_never_heard(self):
+        self.voice(create("v"), speak(SENTENCE, ASYNCHRONOUS), speak("Queued.", ASYNCHRONOUS), sleep(0.3),
+                   speak("Last.", PURGE))
+        self.assertEqual([line["sounded"] > 0 for line in self.heard("cut")], [True, False])
+        self.assertEqual(len(self.heard("sounding")), 2)
+        self.assertEqual(self.only("spoken")["utterance"], self.heard("sapi5 speak")[2]["utterance"])
+
+    def test_a_storm_of_purges_leaves_the_last_text(self):
+        storm = [speak(text, 3) for number in range(150) for text in (" ", f"Object number {number}")]
+        self.voice(create("v"), *storm, speak("The last one", 2))
+        self.assertEqual(len(self.heard("sapi5 speak")), 301)
+        self.assertEqual(len(self.heard("cut")), 150)
+        self.assertEqual(self.only("spoken")["utterance"], self.heard("sapi5 speak")[-1]["utterance"])
+
+    def test_releasing_the_voice_silences_it(self):
+        self.voice(create("v"), speak(SENTENCE, ASYNCHRONOUS), sleep(0.4), ("release", "v"))
+        self.assertLess(self.only("cut")["sounded"], self.only("sounding")["length"])
+        self.assertEqual(self.only("released")["class"], "sapi5")
+
+
+class Sound(CompanionTest):
+    def loudness(self, line):
+        samples = self.wave_samples(line)
+        return math.sqrt(sum(sample * sample for sample in samples) / len(samples))
+
+    def test_the_wave_that_is_kept_is_what_sounds(self):
+        self.voice(create("v"), speak(SENTENCE))
+        sounding = self.only("sounding")
+        self.assertAlmostEqual(self.wave_seconds(sounding), sounding["length"] / 1e6, places=3)
+        self.assertGreater(self.loudness(sounding), 100)
+
+    @unittest.skipUnless(shutil.which("aplay"), "aplay is not installed")
+    def test_the_machines_sound_device_plays_it(self):
+        recording = self.record_loudspeaker()
+        self.voice(create("v"), speak("Hello"))
+        self.assertGreater(loudest(recording), 1000)
+        self.assertEqual(self.only("spoken")["sounded"], self.only("sounding")["length"])
+
+    def test_the_rate_changes_the_time(self):
+        self.voice(create("v"), *(command for rate in (-10, 0, 10) for command in
+                                  (("put", "v", "Rate", f"i:{rate}"), speak("One two three four five six"))))
+        slow, middle, fast = (line["length"] for line in self.heard("sounding"))
+        self.assertGreater(slow, middle * 1.5)
+        self.assertGreater(middle, fast * 1.5)
+
+    def test_the_volume_changes_the_loudness(self):
+        self.voice(create("v"), *(command for volume in (100, 30, 0) for command in
+                                  (("put", "v", "Volume", f"i:{volume}"), speak("One two three"))))
+        loud, soft, mute = (self.loudness(line) for line in self.heard("sounding"))
+        self.assertGreater(loud, soft * 1.5)
+        self.assertGreater(soft, 10)
+        self.assertLess(mute, 2)
+
+    def test_the_voices_differ(self):
+        self.voice(create("v"), ("into", "list", "v", "GetVoices"),
+                   *(command for index in range(3) for command in (
+                       ("into", "one", "list", "Item", f"i:{index}"), ("putref", "v", "Voice", "o:one"),
+                       speak("Hello"))))
+        waves = [tuple(self.wave_samples(line)) for line in self.heard("sounding")]
+        self.assertEqual(len(set(waves)), 3)
+
+    def test_any_text_is_spoken_as_text(self):
+        texts = ["Grüße 日本語 \U0001F600 and so on", "--help", "-w /dev/null", "<speak>plain</speak>",
+                 "[[h@'loU]] brackets", "return\rinside", "a\x01b \x07", "nul\0inside", "; rm -rf $HOME `date` 'x'"]
+        answers = self.voice(create("v"), ("put", "v", "Rate", "i:8"), *(speak(text) for text in texts))
+        self.assertTrue(all(answer.worked for answer in answers), answers)
+        self.assertEqual([line["text"] for line in self.heard("sapi5 speak")], texts)
+        self.assertEqual(len(self.heard("spoken")), len(texts))
+        for line in self.heard("sounding"):
+            self.assertGreater(line["length"], 50_000)
+
+    def test_phoneme_brackets_are_read_as_brackets(self):
+        self.voice(create("v"), speak("[[h@'loU]]"), speak("[ [h@'loU]]"))
+        marked, apart = self.heard("sounding")
+        self.assertEqual(self.wave_samples(marked), self.wave_samples(apart))
+
+    def test_a_very_long_text_begins_soon_and_can_be_cut_off(self):
+        _, spoke, _, stopped = self.voice(create("v"), ("call", "v", "Speak", "r:10000:ten words. ", "i:1"), sleep(1.5),
+                                          speak("Done.", 2))
+        self.assertLess(spoke.seconds, 1)
+        line = self.heard("sapi5 speak")[0]
+        self.assertEqual(len(line["text"]), 110_000)
+        self.assertLess(self.heard("sounding")[0]["t"] - line["t"], 1_500_000)
+        self.assertEqual(self.only("cut")["utterance"], line["utterance"])
+        self.assertTrue(stopped.worked)
+        self.assertLess(stopped.seconds, 5)
+
+    def test_a_long_text_is_said_in_parts_to_its_end(self):
+        self.voice(create("v"), ("put", "v", "Rate", "i:10"), ("call", "v", "Speak", "r:38:Ten words. "))
+        parts = self.heard("sounding")
+        self.assertEqual([line["part"] for line in parts], [1, 2])
+        self.assertEqual(self.only("spoken")["sounded"], sum(line["length"] for line in parts))
+
+
+class WithoutSpeech(CompanionTest):
+    def speech_program(self, script):
+        path = self.folder / "speech-program"
+        path.write_text(f"#!/bin/sh\n{script}\n", "utf-8")
+        path.chmod(0o755)
+        self.environment["POINTALK_ESPEAK"] = str(path)
+
+    def test_a_missing_program_is_silence(self):
+        self.environment["POINTALK_ESPEAK"] = "/nowhere/espeak-ng"
+        _, first, second = self.voice(create("v"), speak("Hello", 2), speak("Again", 0))
+        self.assertTrue(first.worked and second.worked)
+        self.assertLess(first.seconds + second.seconds, 8)
+        self.assertEqual([line["utterance"] for line in self.heard("silent")],
+                         [line["utterance"] for line in self.heard("sapi5 speak")])
+        self.assertEqual(self.heard("sounding", "spoken"), [])
+
+    def test_a_hung_program_ends_the_wait_and_is_ended(self):
+        mark = self.folder / "pid"
+        self.speech_program(f"echo $$ >{mark}; exec sleep 600")
+        _, spoke = self.voice(create("v"), speak("Hello", 2))
+        self.assertTrue(spoke.worked)
+        self.assertLess(spoke.seconds, 15)
+        self.only("silent")
+        poll(lambda: not alive(int(mark.read_text())), 10, "end of the speech program")
+
+    def test_a_hung_program_can_be_cut_off(self):
+        mark = self.folder / "pid"
+        self.speech_program(f"echo $$ >{mark}; exec sleep 600")
+        process = self.start_voice([create("v"), speak("Hello", 1), sleep(0.5), speak(" ", 2), sleep(30)])
+        poll(lambda: self.heard("cut"), 20, "cut")
+        self.assertEqual(self.only("cut")["sounded"], 0)
+        poll(lambda: not alive(int(mark.read_text())), 5, "end of the speech program")
+        self.assertIsNone(process.poll())
+
+
+class Ends(CompanionTest):
+    def test_nothing_stays_behind_when_the_client_is_killed_while_speaking(self):
+        before = set(helper_folders())
+        process = self.start_voice([create("v"), speak(SENTENCE, 1), sleep(60)])
+        poll(lambda: self.heard("sounding"), 30, "speech")
+        folders = set(helper_folders()) - before
+        self.assertEqual(len(folders), 1)
+        process.kill()
+        process.wait(10)
+        poll(lambda: not (folders & set(helper_folders())), 10, "end of the helper")
+
+    def test_leaving_com_with_the_voice_speaking_is_no_crash(self):
+        answers = self.voice(create("v"), speak(SENTENCE, 1), sleep(0.3), ("leave",), sleep(0.5))
+        self.assertEqual(len(answers), 5)
+
+    def test_nothing_is_left_after_a_normal_end(self):
+        before = set(helper_folders())
+        self.voice(create("v"), speak("Bye"))
+        poll(lambda: set(helper_folders()) <= before, 10, "end of the helper")
+        self.assertLess(abs(time.clock_gettime(time.CLOCK_MONOTONIC_RAW) - self.only("spoken")["t"] / 1e6), 30)
+
+
+def alive(process_id):
+    """An ended process that nobody has asked about is not alive."""
+    try:
+        status = pathlib.Path(f"/proc/{process_id}/stat").read_text("ascii", "replace")
+    except OSError:
+        return False
+    return status.rpartition(")")[2].split()[0] != "Z"
