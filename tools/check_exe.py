@@ -1,0 +1,55 @@
+#!/usr/bin/env python3
+"""Checks a release Pointalk.exe: one small file that needs nothing but the system.
+
+    tools/check_exe.py EXE..."""
+
+import pathlib
+import re
+import subprocess
+import sys
+
+from checking import arguments, report
+
+LARGEST = 1024 * 1024
+SYSTEM_LIBRARIES = set("""
+advapi32.dll comctl32.dll gdi32.dll kernel32.dll msvcrt.dll ole32.dll oleacc.dll oleaut32.dll shell32.dll user32.dll
+winmm.dll
+""".split())
+# What the resources must hold, in the encoding in which they stand there.
+RESOURCES = {
+    "per-monitor DPI awareness": b"PerMonitorV2",
+    "common controls": b"Microsoft.Windows.Common-Controls",
+    "asInvoker": b'level="asInvoker"',
+    "a version": "VS_VERSION_INFO".encode("utf-16-le"),
+    "an icon": b"\x28\0\0\0\x30\0\0\0\x60\0\0\0\x01\0\x20\0",  # the header of its image of 48 pixels
+}
+
+
+def headers(path):
+    return subprocess.run(["x86_64-w64-mingw32-objdump", "-p", path], check=True, stdout=subprocess.PIPE, text=True).stdout
+
+
+def main():
+    exes = [pathlib.Path(name) for name in arguments(__doc__, exes="release programs").exes]
+    if not exes:
+        sys.exit("name the programs")
+    rules = {rule: [] for rule in ("At most 1 MB.", "No DLL but the system's.", "A program with windows.",
+                                   "Its resources.")}
+    for exe in exes:
+        if not exe.is_file():
+            for breaches in rules.values():
+                breaches.append(f"{exe}: is not there")
+            continue
+        data, text = exe.read_bytes(), headers(exe)
+        if len(data) > LARGEST:
+            rules["At most 1 MB."].append(f"{exe}: {len(data)} bytes")
+        foreign = {name.lower() for name in re.findall(r"DLL Name: (\S+)", text)} - SYSTEM_LIBRARIES
+        rules["No DLL but the system's."] += [f"{exe}: needs {name}" for name in sorted(foreign)]
+        if "(Windows GUI)" not in text:
+            rules["A program with windows."].append(f"{exe}: opens a console")
+        rules["Its resources."] += [f"{exe}: lacks {what}" for what, sign in RESOURCES.items() if sign not in data]
+    report(rules)
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,262 @@
+"""Proves that each check of tools/ passes a clean tree and fails a spoilt one."""
+
+import json
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+
+TOOLS = pathlib.Path(__file__).resolve().parent.parent
+
+
+class CheckCase(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.root = pathlib.Path(folder.name)
+
+    def put(self, name, text):
+        path = self.root / name
+        path.parent.mkdir(parents=True, exist_ok=True)
+        path.write_text(text, encoding="utf-8")
+        return path
+
+    def run_tool(self, tool, *arguments, environment=None):
+        run = subprocess.run([sys.executable, TOOLS / tool, *arguments], stdin=subprocess.DEVNULL,
+                             stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, timeout=60,
+                             env={**os.environ, "REBASELINE": "", **(environment or {})})
+        self.output = run.stdout
+        self.last_line = run.stdout.splitlines()[-1] if run.stdout else ""
+        return run.returncode
+
+    def passes(self, tool, *arguments, **keywords):
+        self.assertEqual(self.run_tool(tool, *arguments, **keywords), 0, self.output)
+        self.assertTrue(self.last_line.endswith(" 0 failed"), self.output)
+
+    def fails(self, tool, *arguments, because, **keywords):
+        self.assertEqual(self.run_tool(tool, *arguments, **keywords), 1, self.output)
+        self.assertTrue(self.last_line.endswith(" 1 failed"), self.output)
+        self.assertIn(because, self.output)
+
+
+class Layers(CheckCase):
+    def setUp(self):
+        super().setUp()
+        self.put("platform/clock.h", "#pragma once\n#include <optional>\n// HANDLE, GetMessage\nclass Clock {};\n")
+        self.put("app/input_state.h", '#include "platform/clock.h"\n')
+        self.put("app/mouse.h", '#include "app/input_state.h"\n#include "tones/tones.h"\n')
+        self.put("tones/tones.h", '#include <array>\n#include "app/input_state.h"\n')
+        self.put("win32/clock.cpp", '#include <windows.h>\n#include "platform/clock.h"\n#include "app/mouse.h"\n')
+        self.put("sim/clock.cpp", '#include <nlohmann/json.hpp>\n#include "app/mouse.h"\n')
+
+    def spoilt(self, name, text, because):
+        self.put(name, text)
+        self.fails("check_layers.py", "--root", self.root, because=because)
+
+    def test_a_tidy_house_passes(self):
+        self.passes("check_layers.py", "--root", self.root)
+
+    def test_a_room_includes_the_system(self):
+        self.spoilt("tones/a.cpp", "#include <windows.h>\n", "tones/a.cpp:1: <windows.h> is no standard header")
+
+    def test_the_seam_includes_the_system(self):
+        self.spoilt("platform/a.h", "\n#include <unistd.h>\n", "platform/a.h:2: <unistd.h>")
+
+    def test_a_room_includes_windows_side(self):
+        self.put("win32/a.h", "")
+        self.spoilt("tones/a.cpp", '#include "win32/a.h"\n', 'tones/ may not include "win32/a.h"')
+
+    def test_the_simulation_includes_windows_side(self):
+        self.put("win32/a.h", "")
+        self.spoilt("sim/a.cpp", '#include "win32/a.h"\n', 'sim/ may not include "win32/a.h"')
+
+    def test_the_seam_includes_a_room(self):
+        self.put("tones/b.h", "")
+        self.spoilt("platform/a.h", '#include "tones/b.h"\n', 'platform/ may not include "tones/b.h"')
+
+    def test_an_include_is_not_seen_from_the_root(self):
+        self.spoilt("tones/a.cpp", '#include "tones.h"\n', '"tones.h" is no file of ours')
+
+    def test_a_room_reaches_over_the_counter(self):
+        self.put("app/menus.h", "")
+        self.spoilt("tones/a.cpp", '#include "app/menus.h"\n', "not on the service counter")
+
+    def test_the_seam_has_code(self):
+        self.spoilt("platform/clock.cpp", "", "the seam has no code")
+
+    def test_the_seam_speaks_of_handles(self):
+        self.spoilt("platform/a.h", "/* x\n*/ HRESULT Open();\n", "platform/a.h:2: HRESULT")
+
+    def test_the_seam_names_a_macro(self):
+        self.spoilt("platform/a.h", "bool GetMessage();\n", "<windows.h> has a macro GetMessage")
+
+    def test_includes_form_a_cycle(self):
+        self.put("tones/b.h", '#include "tones/a.h"\n')
+        self.spoilt("tones/a.h", '#include "tones/b.h"\n', "include cycle")
+
+
+class Names(CheckCase):
+    def setUp(self):
+        super().setUp()
+        subprocess.run(["git", "init", "-q", self.root], check=True)
+        self.put("README.md", "This part is 1.2 seconds long; issues arise in work/ and in parts.\n")
+
+    def test_plain_text_passes(self):
+        self.passes("check_names.py", "--root", self.root)
+
+    def test_text_that_points_outside(self):
+        for text in ("see /" + "work/main", "in /" + "root/x", "Part " + "1.2", "s" + "pec.md", "i" + "ssue #3",
+                     "I" + "ssue 12"):
+            with self.subTest(text):
+                self.put("a.txt", f"first\n{text}\n")
+                self.fails("check_names.py", "--root", self.root, because="a.txt:2: ")
+
+    def test_ignored_files_are_not_read(self):
+        self.put(".gitignore", "/build/\n")
+        self.put("build/a.txt", "/" + "work/main\n")
+        self.passes("check_names.py", "--root", self.root)
+
+
+class Sizes(CheckCase):
+    @staticmethod
+    def routine(lines):
+        return "int Long(int a,\n         int b) {\n" + "  a += b;\n" * (lines - 4) + "  return a;\n}\n"
+
+    def test_seventy_lines_pass(self):
+        self.put("app/a.cpp", "namespace pointalk {\n\n" + self.routine(70) + "\n}  // namespace pointalk\n")
+        self.passes("check_sizes.py", "--root", self.root)
+
+    def test_seventy_one_fail(self):
+        self.put("app/a.cpp", "namespace pointalk {\n\n" + self.routine(71) + "\n}  // namespace pointalk\n")
+        self.fails("check_sizes.py", "--root", self.root, because="app/a.cpp:3: a routine of 71 lines")
+
+    def test_a_table_passes(self):
+        self.put("app/a.cpp", "constexpr int kTable[] = {\n" + "    1,\n" * 100 + "};\n\nint F() {\n  return 1;\n}\n")
+        self.passes("check_sizes.py", "--root", self.root)
+
+    def test_a_long_file_is_named(self):
+        self.put("app/a.h", "int a;\n" * 301)
+        self.passes("check_sizes.py", "--root", self.root)
+        self.assertIn("warning: app/a.h has 301 lines", self.output)
+
+
+class Format(CheckCase):
+    def setUp(self):
+        super().setUp()
+        self.put(".clang-format", (TOOLS.parent / ".clang-format").read_text())
+        if not shutil.which("clang-format-14"):
+            self.skipTest("clang-format-14 is not installed")
+
+    def test_laid_out(self):
+        self.put("app/a.h", "int* A(int a);\n")
+        self.passes("check_format.py", "--root", self.root)
+
+    def test_not_laid_out(self):
+        self.put("app/a.h", "int *A( int a );\n")
+        self.fails("check_format.py", "--root", self.root, because="app/a.h:1:")
+
+    def test_fixing(self):
+        path = self.put("app/a.h", "int *A( int a );\n")
+        self.run_tool("check_format.py", "--root", self.root, "--fix")
+        self.assertEqual(path.read_text(), "int* A(int a);\n")
+
+
+class TestsBuilt(CheckCase):
+    def setUp(self):
+        super().setUp()
+        names = ("tests/app/a_test.cpp", "tests/fuzz/a_fuzz.cpp", "tests/bench/a_bench.cpp")
+        self.tests = [self.put(name, "") for name in names]
+
+    def build(self, files):
+        commands = [{"directory": str(self.root / "build"), "file": str(file)} for file in files]
+        self.put("build/compile_commands.json", json.dumps(commands))
+
+    def test_all_are_built(self):
+        self.build(self.tests)
+        self.passes("check_tests_built.py", "--root", self.root, self.root / "build")
+
+    def test_one_is_in_no_target(self):
+        for left_out in self.tests:
+            with self.subTest(left_out.name):
+                self.build([file for file in self.tests if file != left_out])
+                self.fails("check_tests_built.py", "--root", self.root, self.root / "build", because=left_out.name)
+
+
+class Rehearsals(CheckCase):
+    def setUp(self):
+        super().setUp()
+        self.put("goldens/crosses.json", "{}")
+        self.put("goldens/crosses.txt", "midi 0x1\n")
+        self.player("printf 'midi 0x1\\n'")
+
+    def player(self, body):
+        self.put("player", f"#!/bin/sh\n{body}\n").chmod(0o755)
+
+    def arguments(self):
+        return ["--program", self.root / "player", self.root / "goldens"]
+
+    def test_same_transcript(self):
+        self.passes("check_rehearsals.py", *self.arguments())
+        self.assertEqual(self.last_line, "1 passed, 0 failed")
+
+    def test_other_transcript(self):
+        self.player("printf 'midi 0x2\\n'")
+        self.fails("check_rehearsals.py", *self.arguments(), because="+midi 0x2")
+
+    def test_missing_golden(self):
+        (self.root / "goldens" / "crosses.txt").unlink()
+        self.fails("check_rehearsals.py", *self.arguments(), because="has no golden text")
+
+    def test_crash(self):
+        self.player("printf 'midi 0x1\\n'; kill -SEGV $$")
+        self.fails("check_rehearsals.py", *self.arguments(), because="exit status -11")
+
+    def test_refused_script(self):
+        self.player("echo 'steps[0]: unknown' >&2; exit 2")
+        self.fails("check_rehearsals.py", *self.arguments(), because="+! steps[0]: unknown")
+        self.put("goldens/crosses.txt", "! steps[0]: unknown\n")
+        self.passes("check_rehearsals.py", *self.arguments())
+
+    def test_rebaseline(self):
+        self.player("printf 'midi 0x2\\n'")
+        self.passes("check_rehearsals.py", *self.arguments(), environment={"REBASELINE": "1"})
+        self.assertEqual((self.root / "goldens" / "crosses.txt").read_text(), "midi 0x2\n")
+
+    def test_no_rehearsal_at_all(self):
+        (self.root / "goldens" / "crosses.json").unlink()
+        self.assertEqual(self.run_tool("check_rehearsals.py", *self.arguments()), 1)
+
+
+class UnitTests(CheckCase):
+    def suite(self, body):
+        self.put("suite/test_a.py", "import unittest\nclass A(unittest.TestCase):\n" + body)
+        return self.root / "suite"
+
+    def test_counts(self):
+        self.passes("run_unittests.py", self.suite("  def test_a(self): pass\n  def test_b(self): self.skipTest('')\n"))
+        self.assertEqual(self.last_line, "1 passed, 0 failed")
+
+    def test_one_fails_in_two_subtests(self):
+        folder = self.suite("  def test_a(self): pass\n  def test_b(self):\n    for i in (1, 2):\n"
+                            "      with self.subTest(i): self.assertEqual(i, 0)\n")
+        self.fails("run_unittests.py", folder, because="1 passed, 1 failed")
+
+    def test_set_up_fails(self):
+        for set_up in ("  def setUp(self): 1 / 0\n", "  @classmethod\n  def setUpClass(cls): 1 / 0\n"):
+            folder = self.suite(set_up + "  def test_a(self): pass\n")
+            self.fails("run_unittests.py", folder, because="ZeroDivision")
+
+    def test_does_not_import(self):
+        self.put("suite/test_a.py", "import nothing_of_the_kind\n")
+        self.fails("run_unittests.py", self.root / "suite", because="nothing_of_the_kind")
+
+    def test_nothing_there(self):
+        (self.root / "suite").mkdir()
+        self.fails("run_unittests.py", self.root / "suite", because="0 passed, 1 failed")
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,118 @@
+"""Proves that tools/run_tests.py, run_fuzzers.py and check_exe.py see what goes wrong."""
+
+import pathlib
+import subprocess
+import sys
+import tempfile
+import unittest
+
+TOOLS = pathlib.Path(__file__).resolve().parent.parent
+sys.path.insert(0, str(TOOLS))
+
+import run_tests  # noqa: E402
+
+REPORT = '<testsuites tests="4" failures="{failures}" disabled="1" errors="0"><testsuite skipped="1"/></testsuites>'
+
+
+class Folder(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+
+    def program(self, name, body):
+        path = self.folder / name
+        path.write_text(f"#!/bin/sh\n{body}\n")
+        path.chmod(0o755)
+        return path
+
+
+class Steps(Folder):
+    def outcome(self, body, counts=None, seconds=20):
+        step = run_tests.Step("step", "sh", "-c", body, seconds=seconds, counts=counts)
+        step.log = self.folder / "step.log"
+        return step.run()[:2]
+
+    def test_a_build(self):
+        self.assertEqual(self.outcome("true"), (0, 0))
+        self.assertEqual(self.outcome("false"), (0, 1))
+
+    def test_counts_of_our_runners(self):
+        self.assertEqual(self.outcome("echo 1 passed, 9 failed; echo 3 passed, 0 failed", run_tests.last_line), (3, 0))
+        self.assertEqual(self.outcome("echo 3 passed, 2 failed; exit 1", run_tests.last_line), (3, 2))
+
+    def test_a_bad_end_without_a_failed_test(self):
+        self.assertEqual(self.outcome("echo 3 passed, 0 failed; exit 1", run_tests.last_line), (3, 1))
+        self.assertEqual(self.outcome("echo hello; kill -SEGV $$", run_tests.last_line), (0, 1))
+
+    def test_no_test_at_all(self):
+        self.assertEqual(self.outcome("echo 0 passed, 0 failed", run_tests.last_line), (0, 1))
+
+    def test_no_end(self):
+        self.assertEqual(self.outcome("sleep 60", run_tests.last_line, seconds=0.2), (0, 1))
+
+    def test_counts_of_googletest(self):
+        def report(failures):
+            return f"cat >'{self.folder}/step.xml' <<'E'\n{REPORT.format(failures=failures)}\nE\n"
+        self.assertEqual(self.outcome(report(0), run_tests.gtest_report), (2, 0))
+        self.assertEqual(self.outcome(report(1) + "exit 1", run_tests.gtest_report), (1, 1))
+        self.assertEqual(self.outcome(report(0) + "exit 1", run_tests.gtest_report), (2, 1))
+
+    def test_an_old_report_does_not_count(self):
+        (self.folder / "step.xml").write_text(REPORT.format(failures=0))
+        self.assertEqual(self.outcome("kill -SEGV $$", run_tests.gtest_report), (0, 1))
+
+
+class Fuzzers(Folder):
+    def fuzz(self):
+        run = subprocess.run([sys.executable, TOOLS / "run_fuzzers.py", self.folder, "1"], stdin=subprocess.DEVNULL,
+                             stdout=subprocess.PIPE, text=True, timeout=60)
+        return run.returncode, run.stdout.splitlines()[-1]
+
+    def test_outcomes(self):
+        self.assertEqual(self.fuzz(), (1, "0 passed, 0 failed"))
+        self.program("good_fuzz", "echo stat::number_of_executed_units: 5")
+        self.assertEqual(self.fuzz(), (0, "1 passed, 0 failed"))
+        self.program("idle_fuzz", "true")
+        self.assertEqual(self.fuzz(), (1, "1 passed, 1 failed"))
+        self.program("bad_fuzz", "echo stat::number_of_executed_units: 5; exit 77")
+        self.assertEqual(self.fuzz(), (1, "1 passed, 2 failed"))
+
+
+class Exe(Folder):
+    def setUp(self):
+        super().setUp()
+        self.exe = self.folder / "program.exe"
+
+    def link(self, source, *options):
+        subprocess.run(["x86_64-w64-mingw32-g++-posix", "-x", "c++", "-", "-o", self.exe, *options], input=source,
+                       text=True, check=True, timeout=60)
+
+    def check(self):
+        run = subprocess.run([sys.executable, TOOLS / "check_exe.py", self.exe], stdin=subprocess.DEVNULL,
+                             stdout=subprocess.PIPE, text=True, timeout=60)
+        return run.stdout
+
+    def test_a_bare_program(self):
+        self.link("int main() {}\n", "-static")
+        output = self.check()
+        self.assertIn("opens a console", output)
+        for lack in ("per-monitor DPI awareness", "common controls", "asInvoker", "a version", "an icon"):
+            self.assertIn(f"lacks {lack}", output)
+        self.assertIn("ok: No DLL but the system's.", output)
+        self.assertIn("ok: At most 1 MB.", output)
+
+    def test_a_library_beside_it(self):
+        self.link("#include <thread>\nint main() { std::thread([] {}).join(); }\n")
+        self.assertIn("needs libstdc++-6.dll", self.check())
+
+    def test_a_large_program(self):
+        self.link("int table[400000] = {1};\nint main() { return table[1]; }\n", "-static")
+        self.assertIn("FAILED: At most 1 MB.", self.check())
+
+    def test_no_program(self):
+        self.assertTrue(self.check().endswith("0 passed, 4 failed\n"))
+
+
+if __name__ == "__main__":
+    unittest.main()
