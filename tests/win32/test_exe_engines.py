@@ -115,9 +115,7 @@ class OlderEngineAlone(EngineCase):
         self.assertEqual([line["value"] for line in self.kinds("sapi4 speed") if line["how"] == "put"][0], 65 * 4.8 + 30)
         self.assertIn(240, [line["value"] for line in self.kinds("sapi4 speed") if line["how"] == "put"])
         self.assert_greets((4, None), (4, GREETING))
-        since = now()
-        self.hand.move(500, 300)
-        self.heard.wait(lambda line: line["what"] == "sapi4 speak", SOON, since)
+        self.heard.wait(lambda line: line["what"] == "sapi4 speak" and "desktop" in line["text"], SOON)
 
 
 class NoEngine(EngineCase):

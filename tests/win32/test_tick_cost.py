@@ -2,7 +2,6 @@
 
 import json
 import shutil
-import subprocess
 import unittest
 
 from harness import BUILD, Desktop
@@ -16,9 +15,7 @@ class TickCost(unittest.TestCase):
         with Desktop() as desktop, desktop.target("controls") as target, desktop.pointalk() as pointalk:
             shutil.copy(BUILD / "tick_cost.exe", pointalk.folder)
             places = [str(word) for name in PLACES for word in (name, *target.centre(name))]
-            printed = subprocess.run(["wine", str(pointalk.folder / "tick_cost.exe"), *places], cwd=pointalk.folder,
-                                     env=desktop.environment, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-                                     stderr=subprocess.DEVNULL, timeout=180, check=True).stdout
+            printed = desktop.run("wine", pointalk.folder / "tick_cost.exe", *places, seconds=180, cwd=pointalk.folder)
         measured = [json.loads(line) for line in printed.splitlines()]
         self.assertEqual(len(measured), len(PLACES) + 1)
         for tick in measured:

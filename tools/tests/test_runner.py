@@ -58,6 +58,17 @@ class Steps(Folder):
         self.assertEqual(self.outcome(report(1) + "exit 1", run_tests.gtest_report), (1, 1))
         self.assertEqual(self.outcome(report(0) + "exit 1", run_tests.gtest_report), (2, 1))
 
+    def test_what_is_shown_of_a_failed_step(self):
+        step = run_tests.Step("step", "true", seconds=1)
+        step.log = self.folder / "step.log"
+        self.assertEqual(step.what_failed(), [])
+        step.log.write_text("\n".join(str(line) for line in range(100)))
+        self.assertEqual(step.what_failed(), [str(line) for line in range(40, 100)])
+        step.log.write_text("test ... ok\n" + "=" * 70 + "\nFAIL: test\n" + "x" * 500 + "\n0 passed, 1 failed\n")
+        self.assertEqual(step.what_failed(), ["=" * 70, "FAIL: test", "x" * 400, "0 passed, 1 failed"])
+        step.log.write_text("[ OK ] A\na.cpp:1: Failure\nExpected: b\n[  FAILED  ] C\n")
+        self.assertEqual(step.what_failed(), ["a.cpp:1: Failure", "Expected: b", "[  FAILED  ] C"])
+
     def test_an_old_report_does_not_count(self):
         (self.folder / "step.xml").write_text(REPORT.format(failures=0))
         self.assertEqual(self.outcome("kill -SEGV $$", run_tests.gtest_report), (0, 1))

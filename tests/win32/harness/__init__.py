@@ -12,11 +12,11 @@ from .heard import Heard, now
 from .mail import Mail
 from .panel import Panel
 from .pointalk import Pointalk
-from .programs import LineProgram, Probe, Target
+from .programs import KILLED_AT_ITS_END, LineProgram, Probe, Target
 from .settings import settings_text, written_scaling
 from .waiting import wait_until
 
 __all__ = [
-    "BUILD", "ROOT", "Desktop", "Hand", "Heard", "LineProgram", "Mail", "Panel", "Pointalk", "Probe", "Target", "now",
-    "settings_text", "wait_until", "written_scaling",
+    "BUILD", "KILLED_AT_ITS_END", "ROOT", "Desktop", "Hand", "Heard", "LineProgram", "Mail", "Panel", "Pointalk", "Probe",
+    "Target", "now", "settings_text", "wait_until", "written_scaling",
 ]

@@ -10,7 +10,7 @@ import tempfile
 
 from .hand import Hand
 from .pointalk import Pointalk
-from .programs import Probe, Target
+from .programs import KILLED_AT_ITS_END, Probe, Target
 
 ROOT = pathlib.Path(__file__).resolve().parents[3]
 # Where the programs for Windows were built.
@@ -69,10 +69,13 @@ class Desktop:
         self.run(maker, "engines", prefix, self._engines, BUILD / "wine" / "pointalk_voice.dll", seconds=120)
         self.restart()  # what made changes there knows no screen
 
-    def run(self, *command, seconds):
+    def run(self, *command, seconds, cwd=None):
         """Runs a program to its end and returns what it printed; an exception when it fails or takes longer."""
-        return subprocess.run([str(part) for part in command], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-                              stderr=subprocess.DEVNULL, timeout=seconds, check=True, env=self.environment).stdout
+        done = subprocess.run([str(part) for part in command], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                              stderr=subprocess.DEVNULL, timeout=seconds, check=False, env=self.environment, cwd=cwd)
+        if done.returncode != KILLED_AT_ITS_END or command[0] != "wine":
+            done.check_returncode()
+        return done.stdout
 
     def target(self, *layouts):
         words = [word for layout in layouts for word in ("--layout", layout)]

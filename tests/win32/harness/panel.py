@@ -123,16 +123,18 @@ class Panel:
         raise AssertionError(f"no button {button}")
 
     def box(self, title):
-        """Waits for the box with that title; returns its window with the texts on it."""
+        """Waits for the box with that title; returns its window with the texts on it. It has the keyboard before it is
+        seen, and texts only then."""
         def asks():
             now = self.focus()
             ours = (now["window"]["class"], now["window"]["title"]) == (BOX_CLASS, title)
-            return now["window"] if ours and now["focus"]["class"] in ("Button", "Edit") else None
+            if not ours or now["focus"]["class"] not in ("Button", "Edit"):
+                return None
+            texts = [self._probe.ask("text", child["hwnd"], 2000)["text"]
+                     for child in self._probe.ask("windows", now["window"]["hwnd"])["windows"]]
+            return {**now["window"], "texts": texts} if texts else None
 
-        window = wait_until(asks, LIMIT, lambda: f"a box {title!r}: {self.focus()}")
-        window["texts"] = [self._probe.ask("text", child["hwnd"], 2000)["text"]
-                           for child in self._probe.ask("windows", window["hwnd"])["windows"]]
-        return window
+        return wait_until(asks, LIMIT, lambda: f"a box {title!r}: {self.focus()}")
 
     def answer(self, title, *keys, typed=None):
         """Answers the box with that title: types a text or presses keys, and waits until the box is gone."""

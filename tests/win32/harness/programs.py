@@ -7,6 +7,10 @@ import subprocess
 import threading
 
 
+# The status of a program that took over a second to leave on a busy machine: the Wine server kills it then.
+KILLED_AT_ITS_END = -9
+
+
 def quoted(value):
     """A word of the command channel; pure ASCII, lone surrogates and all."""
     if isinstance(value, bool):
