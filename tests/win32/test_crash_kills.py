@@ -8,12 +8,12 @@ import unittest
 from harness import now
 from panel_case import DesktopCase, check_whole
 
-KILLS = 200
+# In the normal run there are fewer kills than where this is set.
+KILLS = 200 if os.environ.get("POINTALK_LONG_TESTS") else 8
 
 CLASSES = ("alpha", "beta", "gamma", "delta", "Button", "ListBox", "Static", "SysListView32")
 
 
-@unittest.skipUnless(os.environ.get("POINTALK_LONG_TESTS"), "takes minutes, and keys that a busy machine may lose")
 class Kills(DesktopCase):
     def setUp(self):
         self.chance = random.Random(3)

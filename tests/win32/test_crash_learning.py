@@ -1,6 +1,5 @@
 """A class that brings Pointalk down is asked about, learnt and avoided; its neighbours are read as before."""
 
-import os
 import unittest
 
 from harness import now, wait_until
@@ -75,7 +74,6 @@ class Learning(DesktopCase):
         self.pointalk.heard.wait(lambda line: "Wine desktop" in line.get("text", ""), SOON, since)
         return self.target.counts(name)
 
-    @unittest.skipUnless(os.environ.get("POINTALK_LONG_TESTS"), "failed on a very busy machine; not yet known why")
     def test_a_class_whose_query_was_out(self):
         self.crashed_before()
         self.asked("y", "Yes.", TAKING_NOTES)

@@ -1,6 +1,5 @@
 """Which engine speaks: the question typed at when both are there, the older one alone, none."""
 
-import os
 import unittest
 
 from harness import Desktop, Panel, now, settings_text
@@ -78,7 +77,6 @@ class BothEngines(EngineCase):
         self.hand.move(500, 300)
         self.heard.wait(lambda line: line["what"] == "midi", SOON, since)
 
-    @unittest.skipUnless(os.environ.get("POINTALK_LONG_TESTS"), "failed on a very busy machine; not yet known why")
     def test_the_five_that_is_offered_is_taken_by_enter(self):
         self.run_pointalk(**QUICK)
         self.panel.answer(ENGINE_BOX, "Return")

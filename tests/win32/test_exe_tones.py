@@ -2,7 +2,6 @@
 
 import struct
 import time
-import os
 import unittest
 
 from harness import Desktop, now, settings_text, wait_until, written_scaling
@@ -100,7 +99,6 @@ class Tones(unittest.TestCase):
         times = [line["t"] for line in self.heard.lines(since) if line["what"] == "midi"]
         return since, (times[-1] - since) / 1e6 if times else 0
 
-    @unittest.skipUnless(os.environ.get("POINTALK_LONG_TESTS"), "failed on a very busy machine; not yet known why")
     def test_every_place_has_its_notes_and_velocities_in_every_format(self):
         for melody_format in range(4):
             with self.subTest(melody_format=melody_format):

@@ -1,6 +1,5 @@
 """The Voice menu, its keys and its buttons: what is said, set and saved."""
 
-import os
 import unittest
 
 from harness import now, wait_until
@@ -38,7 +37,6 @@ class Voice(PanelCase):
                 rate += step
                 self.assertEqual(self.changes_rate(press, rate), [FASTER if step > 0 else SLOWER])
 
-    @unittest.skipUnless(os.environ.get("POINTALK_LONG_TESTS"), "failed on a very busy machine; not yet known why")
     def test_the_same_change_is_not_said_twice_and_ends_at_the_limit(self):
         rate = self.rate()
         self.changes_rate(lambda: self.hand.tap("F12"), rate + 1)  # so that the next is another change

@@ -37,7 +37,8 @@ BOOL CALLBACK AddVisible(HWND window, LPARAM list) {
 std::string AnswerWindows(HWND parent) {
   std::string list;
   if (parent) {
-    EnumChildWindows(parent, AddVisible, reinterpret_cast<LPARAM>(&list));
+    // Of one that becomes visible only now the first children would be missed.
+    if (IsWindowVisible(parent)) EnumChildWindows(parent, AddVisible, reinterpret_cast<LPARAM>(&list));
   } else {
     EnumWindows(AddVisible, reinterpret_cast<LPARAM>(&list));
   }
