@@ -1,4 +1,4 @@
-// Switches the poll timer off for as long as it lives, and then back to what it was.
+// Switches the poll timer off for as long as it lives.
 #pragma once
 
 #include "platform/panel.h"
@@ -7,16 +7,20 @@ namespace pointalk {
 
 class TimerPause {
  public:
-  explicit TimerPause(Panel& thePanel) : panel(thePanel), before(panel.TimerEnabled()) {
+  // How the timer is left, whatever happened meanwhile.
+  enum class Then { kAsBefore, kOn };
+
+  explicit TimerPause(Panel& thePanel, Then then = Then::kAsBefore)
+      : panel(thePanel), after(then == Then::kOn || panel.TimerEnabled()) {
     panel.SetTimerEnabled(false);
   }
-  ~TimerPause() { panel.SetTimerEnabled(before); }
+  ~TimerPause() { panel.SetTimerEnabled(after); }
   TimerPause(const TimerPause&) = delete;
   TimerPause& operator=(const TimerPause&) = delete;
 
  private:
   Panel& panel;
-  bool before;
+  bool after;
 };
 
 }  // namespace pointalk

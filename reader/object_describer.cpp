@@ -1,6 +1,7 @@
 // The description, step by step.
 #include "reader/object_describer.h"
 
+#include "app/timer_pause.h"
 #include "reader/reader_choice.h"
 #include "text/letters.h"
 #include "text/text_rules.h"
@@ -10,23 +11,11 @@ namespace {
 
 constexpr int kClassLimit = 2047;
 
-// No tick comes while an object is described; one may come afterwards, whatever happened.
-class TimerOffDuring {
- public:
-  explicit TimerOffDuring(Panel& thePanel) : panel(thePanel) { panel.SetTimerEnabled(false); }
-  ~TimerOffDuring() { panel.SetTimerEnabled(true); }
-  TimerOffDuring(const TimerOffDuring&) = delete;
-  TimerOffDuring& operator=(const TimerOffDuring&) = delete;
-
- private:
-  Panel& panel;
-};
-
 }  // namespace
 
 void ObjectDescriber::DescribeObjectUnderPointer() {
   history.mListViewRead = false;
-  const TimerOffDuring quiet(seam.panel);
+  const TimerPause quiet(seam.panel, TimerPause::Then::kOn);
   Describe();
 }
 

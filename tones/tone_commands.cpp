@@ -6,6 +6,7 @@
 #include <cmath>
 #include <optional>
 
+#include "app/timer_pause.h"
 #include "text/numbers.h"
 
 namespace pointalk {
@@ -39,25 +40,15 @@ std::optional<std::int32_t> Choice(TextView answer, std::int32_t last) {
 
 }  // namespace
 
-class ToneCommands::Frame {
- public:
-  explicit Frame(ToneCommands& theCommands) : commands(theCommands) { commands.panel.SetTimerEnabled(false); }
-  ~Frame() { commands.panel.SetTimerEnabled(true); }  // whatever happened
-  Frame(const Frame&) = delete;
-  Frame& operator=(const Frame&) = delete;
+void ToneCommands::CloseTones() {
+  port.StopPositionTones();
+  port.CloseMidiOut();
+}
 
-  void Begin() {
-    commands.port.StopPositionTones();
-    commands.port.CloseMidiOut();
-  }
-  void End() {
-    commands.file.WriteSettings();
-    commands.port.OpenMidiOut();
-  }
-
- private:
-  ToneCommands& commands;
-};
+void ToneCommands::SaveAndReopen() {
+  file.WriteSettings();
+  port.OpenMidiOut();
+}
 
 void ToneCommands::ChangeHorizontalInstrument() {
   ChangeInstrument(
@@ -72,20 +63,20 @@ void ToneCommands::ChangeVerticalInstrument() {
 }
 
 void ToneCommands::ChangeInstrument(int channel, TextView title, TextView prompt) {
-  Frame frame(*this);
-  frame.Begin();
+  const TimerPause quiet(panel, TimerPause::Then::kOn);
+  CloseTones();
   const Text present = WholeNumberText(port.channels.mChannelProgram[static_cast<std::size_t>(channel)]);
   const auto number = RoundedToInt32(ReadNumber(dialogs.AskSpokenNumber(prompt, title, present)));
   if (number && *number > 0) {
     port.SetChannelProgram(channel, *number);  // which takes none above 255
     settings.mInstrumentPreset = 0;
   }
-  frame.End();
+  SaveAndReopen();
 }
 
 void ToneCommands::cmdMouseInstrumentPreset_Click() {
-  Frame frame(*this);
-  frame.Begin();
+  const TimerPause quiet(panel, TimerPause::Then::kOn);
+  CloseTones();
   const Text present = WholeNumberText(settings.mInstrumentPreset);
   const Text answer = dialogs.AskSpokenNumber(u"Please select a Mouse Instument Preset (1 thru 8)",
                                               Text(kPresentNumber) + present, present);
@@ -95,12 +86,12 @@ void ToneCommands::cmdMouseInstrumentPreset_Click() {
     port.SetChannelProgram(kHigherToneChannel, preset.higher);
     settings.mInstrumentPreset = *number;
   }
-  frame.End();
+  SaveAndReopen();
 }
 
 void ToneCommands::cmdChangeMouseMelodyFormat_Click() {
-  Frame frame(*this);
-  frame.Begin();
+  const TimerPause quiet(panel, TimerPause::Then::kOn);
+  CloseTones();
   const Text present = WholeNumberText(std::int64_t{settings.mMelodyFormat} + 1);
   const Text answer = dialogs.AskSpokenNumber(
       u"Please select a Mouse Melody Format (1 thru 4)\r\n\r\n1 = Two Tone Chromatic\r\n2 = Two Tone "
@@ -108,7 +99,7 @@ void ToneCommands::cmdChangeMouseMelodyFormat_Click() {
       u"3 = One Tone Chromatic\r\n4 = One Tone Scales",
       Text(kPresentNumber) + present, present);
   if (const auto number = Choice(answer, 4)) settings.mMelodyFormat = *number - 1;
-  frame.End();
+  SaveAndReopen();
 }
 
 void ToneCommands::mnuMidiHorizVolume_Click() {

@@ -34,8 +34,9 @@ class ToneCommands {
   MidiPort& port;
   SettingsFile& file;
 
-  // The port is closed and the timer off while such a dialog is open.
-  class Frame;
+  // The port is closed, and the timer off, while an instrument, a preset or a format is asked for.
+  void CloseTones();
+  void SaveAndReopen();
 
   void ChangeInstrument(int channel, TextView title, TextView prompt);
   void ChangeVolume(std::int32_t& volume, TextView name);

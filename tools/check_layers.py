@@ -5,7 +5,7 @@ import re
 
 from checking import ROOMS, arguments, report, sources, without_comments
 
-SERVICE_COUNTER = ("app/spoken_dialogs.h", "app/delay_loop.h", "app/input_state.h")
+SERVICE_COUNTER = ("app/spoken_dialogs.h", "app/delay_loop.h", "app/input_state.h", "app/timer_pause.h")
 
 STANDARD_HEADERS = set("""
 algorithm any array atomic barrier bit bitset cassert cctype cerrno cfenv cfloat charconv chrono cinttypes climits
