@@ -32,8 +32,8 @@ void RunCycle::Form_Load() {
   rooms.voices.SetStartSpeed();
   rooms.settingsFile.WriteSettings();
   Greet();
-  std::ignore =
-      platform.files.Write(kFirstRunMarker, u"Been there done that.\r\n");  // else the welcome comes again
+  // Where it cannot be written, the welcome comes again.
+  std::ignore = platform.files.Write(kFirstRunMarker, u"Been there done that.\r\n");
   rooms.port.OpenMidiOut();
   rooms.settingsFile.ReadSettings();
   platform.panel.SetTimerEnabled(true);
@@ -83,8 +83,7 @@ void RunCycle::Welcome() {
   question.append(kRightsStatement)
       .append(
           u"It is offered as is, with no liability whatsoever.  You are the only one responsible for its "
-          u"behavior, usage "
-          u"and results.  Do you agree?");
+          u"behavior, usage and results.  Do you agree?");
   if (rooms.dialogs.AskSpoken(question, kBoxYesNo) != kAnswerYes) {
     rooms.speaker.SpeakRaw(u"O K nevermind.");
     platform.system.EndProgram();

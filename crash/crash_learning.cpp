@@ -59,21 +59,18 @@ void CrashLearning::LogQueryOf(TextView className) {
 void CrashLearning::AskWhetherItCrashed() {
   const int answer = dialogs.AskSpoken(
       u"You did not exit from Pointalk last time, before quitting Windows.\r\nIs that because Pointalk "
-      u"crashed?  Just "
-      u"say no, if you forgot to quit from Pointalk first.",
+      u"crashed?  Just say no, if you forgot to quit from Pointalk first.",
       kBoxYesNo);
   if (answer == kAnswerYes) {
     dialogs.AskSpoken(
         u"I can see that Pointalk had crashed. I am entering a special mode where I will be taking careful "
-        u"notes. "
-        u"Please try to reproduce the same conditions and make it crash just like last time.",
+        u"notes. Please try to reproduce the same conditions and make it crash just like last time.",
         kBoxOk);
     WriteLine(kStatusFile, kLogging);
   } else {
     dialogs.AskSpoken(
         u"No Problem.  I'll continue without saving non existant crash data.\r\nNext time let us quit from "
-        u"Pointalk "
-        u"before quitting Windows.",
+        u"Pointalk before quitting Windows.",
         kBoxOk);
     WriteLine(kStatusFile, kRunning);
   }
@@ -85,16 +82,15 @@ void CrashLearning::LearnCrashClass() {
   const Text log = files.Read({Folder::kProgram, kClassLog}).value_or(Text());
   const Text entry(Trimmed(FirstLine(log)));
   if (lists.Knows(entry)) return;
-  std::ignore =
-      files.Append({Folder::kProgram, kBadClassFile}, entry + u"\r\n");  // known for this run at least
+  // Where it cannot be written, it is known for this run at least.
+  std::ignore = files.Append({Folder::kProgram, kBadClassFile}, entry + u"\r\n");
   lists.Add(entry);
 }
 
 void CrashLearning::ThankForLearning() {
   dialogs.AskSpoken(
       u"I have hopefully taught Pointalk to avoid the crash. Once there are no more crashes to be found, you "
-      u"could help "
-      u"me to make Pointalk better. Please send as an email attachment,  the file called " +
+      u"could help me to make Pointalk better. Please send as an email attachment,  the file called " +
           system.ProgramFolder() + u"\\" + Text(kBadClassFile) + u". Please send it to " +
           Text(kSupportAddress),
       kBoxOk);

@@ -38,8 +38,7 @@ void CrashReport::mnuTroubleCrashReport_Click() {
   port.StopPositionTones();
   const int answer = dialogs.AskSpoken(
       u"Corvane is serious about reliability.  In the unlikely event that viewing a certain object were to "
-      u"crash "
-      u"Pointalk, you could use this tool to send us a crash report. Do you need to send one?",
+      u"crash Pointalk, you could use this tool to send us a crash report. Do you need to send one?",
       kBoxYesNo, u"Crash Report Dialog");
   if (answer != kAnswerYes) {
     speaker.SpeakAndWait(u"Crash Report canceled");
@@ -47,32 +46,27 @@ void CrashReport::mnuTroubleCrashReport_Click() {
   }
   speaker.SpeakAndWait(
       u"We will send a crash report to Corvane, but first we need to gather information about the object "
-      u"that has been "
-      u"causing Pointalk to crash.  I have disabled all but the safest of accessibility methods. This should "
-      u"allow you "
-      u"to navigate more safely, but with limited narration. Please use this mode to find and Right Click on "
-      u"the object "
-      u"that has been giving you trouble.  As soon as you right click on it we will make the report. If "
-      u"Right Clicking "
-      u"the object doesn't start me talking again, hit the Shift key.");
+      u"that has been causing Pointalk to crash.  I have disabled all but the safest of accessibility "
+      u"methods. This should allow you to navigate more safely, but with limited narration. Please use this "
+      u"mode to find and Right Click on the object that has been giving you trouble.  As soon as you right "
+      u"click on it we will make the report. If Right Clicking the object doesn't start me talking again, "
+      u"hit the Shift key.");
   mCrashReportArmed = true;
 }
 
 void CrashReport::ReportIfAsked() {
   if (ToLower(input.mPendingEventText) != u"right click" && !input.mShiftDown) return;
   port.StopPositionTones();
-  std::ignore =
-      system.SetClipboard(CrashReportText(description));  // the message is sent without the facts then
+  // Where the clipboard is not to be had, the message is sent without the facts.
+  std::ignore = system.SetClipboard(CrashReportText(description));
   const Text link = u"mailto:" + Text(kSupportAddress) + u"?subject=CrashReport";
-  std::ignore =
-      system.ShellOpen(u"open", u"start", link, u"", kShowNormal);  // the facts are on the clipboard
+  // Where nothing opens it, the facts are on the clipboard.
+  std::ignore = system.ShellOpen(u"open", u"start", link, u"", kShowNormal);
   speaker.SpeakAndWait(
       u"I have asked your browser to create an email message that you can send.\r\nI have also copied some "
-      u"special "
-      u"information to your windows clipboard. \r\nPlease paste it into the email message, and then add your "
-      u"description \r\nof the troublesome object, and what program it is part of, including \r\nthe version "
-      u"number and "
-      u"Home Web Page U R L, if you have it.");
+      u"special information to your windows clipboard. \r\nPlease paste it into the email message, and then "
+      u"add your description \r\nof the troublesome object, and what program it is part of, including "
+      u"\r\nthe version number and Home Web Page U R L, if you have it.");
   mCrashReportArmed = false;
 }
 

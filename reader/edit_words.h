@@ -11,9 +11,9 @@ namespace pointalk {
 
 // The word of a line at a position.
 struct LineWord {
-  std::int32_t start =
-      0;      // 1-based place of its leading blank, or of the line's beginning; 0 in an empty line
-  Text word;  // with its leading blank; the whole line where the word is blank
+  // 1-based place of its leading blank, or of the line's beginning; 0 in an empty line.
+  std::int32_t start = 0;
+  Text word;              // with its leading blank; the whole line where the word is blank
   bool emptyLine = true;  // nothing but blanks, CR and LF
 };
 

@@ -62,8 +62,7 @@ void Voices::ChooseBetweenBoth() {
   // Said while the SAPI 5 voice is still in use, whichever was chosen.
   std::ignore = spokenDialogs.AskSpoken(
       u"I will remember this setting. To clear it so you can choose sapi version next time, select Clear "
-      u"Sapi "
-      u"version from the Voice menu.",
+      u"Sapi version from the Voice menu.",
       kBoxOk);
 }
 
@@ -72,8 +71,7 @@ void Voices::AskForEngine() {
   std::ignore = seam.sapi5.Speak(u" ", kSpeakAsyncPurge);
   std::ignore = seam.sapi5.Speak(
       u"Pleez wait until I'm done saying this, then pleez select S eigh P I 4, or S eigh P I 5, by typing 4 "
-      u"or 5, "
-      u"and hit enter",
+      u"or 5, and hit enter",
       std::nullopt);
   const Text answer = seam.dialogs.AskByInput(u"Please select SAPI4 or SAPI5 by typing 4 or 5 and hit enter",
                                               u"You have both versions present", u"5");
@@ -184,8 +182,7 @@ void Voices::mnuVoiceClearSapiVersion_Click() {
   settings.mSapiSelection = 0;
   std::ignore = spokenDialogs.AskSpoken(
       u"Next time you start Pointalk, if you have both sapi 4 and sapi 5 then you will get to choose which "
-      u"version of "
-      u"Sapi to use.",
+      u"version of Sapi to use.",
       kBoxOk);
 }
 

@@ -10,10 +10,8 @@ constexpr TextView kNoDeviceTitle =
     u"Can't find an available Midi Device; you may need to quit some other midi app";
 constexpr TextView kNoDeviceText =
     u"The Midi device is already in use by another program. If I were you I would quit from the other "
-    u"program "
-    u"first. If the other program is not running anymore then you'll need to reboot to free up your midi "
-    u"port "
-    u"again. Do you want to run without midi?";
+    u"program first. If the other program is not running anymore then you'll need to reboot to free up your "
+    u"midi port again. Do you want to run without midi?";
 
 // A sound that no system has: asking for it ends whatever plays. Asynchronous, no default sound, loop.
 constexpr TextView kSilenceSound = u"1";
@@ -58,8 +56,8 @@ void MidiPort::CloseMidiOut() {
 
 void MidiPort::SilenceAll() {
   CloseMidiOut();
-  std::ignore =
-      midi.PlayNamedSound(kSilenceSound, kSilenceModule, kSilenceFlags);  // fails where nothing played
+  // It fails where nothing played.
+  std::ignore = midi.PlayNamedSound(kSilenceSound, kSilenceModule, kSilenceFlags);
 }
 
 void MidiPort::SetChannelProgram(int channel, std::int32_t instrument) {
