@@ -170,10 +170,12 @@ FIRST = [
     check("format", needs="clang-format-14"),
     preset("mingw-x86_64-release"),
 ]
-# These mostly wait for one another, so they go on beside the native steps.
-UNDER_WINE = [
+# These mostly wait for sounds and windows, so they go on beside the native steps, and beside one another.
+ON_ONE_DESKTOP = [
     python_tests("wine", ROOT / "tests" / "wine", seconds=900),
     gtest("contract-win32", WINDOWS / "pointalk_contract.exe", "wine", seconds=600),
+]
+ON_THEIR_OWN_DESKTOPS = [
     python_tests("win32", ROOT / "tests" / "win32", seconds=1200),
 ]
 NATIVE = [
@@ -270,24 +272,38 @@ class Tally:
             passed, failed, words = step.run()
             self.add(step.name, passed, failed, words, time.monotonic() - began, step.what_failed())
 
-    def run_under_wine(self, steps):
-        if not steps:
+    @contextlib.contextmanager
+    def ending(self, steps):
+        """When what is done meanwhile is cut short, so are these steps, which another thread runs."""
+        try:
+            yield
+        except BaseException:
+            self.stopped = True
+            for step in steps:
+                step.end()
+            raise
+
+    def run_under_wine(self, on_one_desktop, on_their_own):
+        if not on_one_desktop + on_their_own:
             return
         began = time.monotonic()
         try:
-            with windows_desktop() as environment:
-                for step in steps:
+            with windows_desktop() as environment, concurrent.futures.ThreadPoolExecutor(1) as beside:
+                for step in on_one_desktop:
                     step.environment.update(environment)
-                    if step.name == "win32":  # these make desktops of their own from the untouched prefix
-                        step.environment.update(DISPLAY="", WINEPREFIX="")
+                for step in on_their_own:  # from the untouched prefix
+                    step.environment.update(environment, DISPLAY="", WINEPREFIX="")
                 self.add("prefix", 0, 0, "ready", time.monotonic() - began)
-                self.run(steps)
+                others = beside.submit(self.run, on_their_own)
+                with self.ending(on_their_own):
+                    self.run(on_one_desktop)
+                    others.result()
         except (OSError, subprocess.SubprocessError) as error:
             self.add("prefix", 0, 1, str(error), time.monotonic() - began)
 
 
 def main():
-    names = [step.name for step in FIRST + UNDER_WINE + NATIVE]
+    names = [step.name for step in FIRST + ON_ONE_DESKTOP + ON_THEIR_OWN_DESKTOPS + NATIVE]
     if sys.argv[1:] == ["--list"]:
         print(*names, sep="\n")
         return
@@ -306,14 +322,9 @@ def main():
         step.command = ["nice", "-n", "10", *step.command]  # what waits for a sound or a window goes first
     with concurrent.futures.ThreadPoolExecutor(1) as beside:
         native = beside.submit(tally.run, wanted(NATIVE))
-        try:
-            tally.run_under_wine(wanted(UNDER_WINE))
+        with tally.ending(NATIVE):
+            tally.run_under_wine(wanted(ON_ONE_DESKTOP), wanted(ON_THEIR_OWN_DESKTOPS))
             native.result()
-        except BaseException:
-            tally.stopped = True
-            for step in NATIVE:
-                step.end()
-            raise
     print(f"{tally.passed} passed, {tally.failed} failed")
     sys.exit(1 if tally.failed or not tally.passed else 0)
 
