@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Checks a release Pointalk.exe: one small file that needs nothing but the system.
+"""Checks a release Pointalk.exe: one small file that needs nothing but the system and is the same from every build.
 
     tools/check_exe.py EXE..."""
 
@@ -9,6 +9,7 @@ import subprocess
 import sys
 
 from checking import arguments, report
+from exe_header import exe_header
 
 LARGEST = 1024 * 1024
 SYSTEM_LIBRARIES = set("""
@@ -30,11 +31,12 @@ def headers(path):
 
 
 def main():
-    exes = [pathlib.Path(name) for name in arguments(__doc__, exes="release programs").exes]
+    given = arguments(__doc__, exes="release programs")
+    exes = [pathlib.Path(name) for name in given.exes]
     if not exes:
         sys.exit("name the programs")
     rules = {rule: [] for rule in ("At most 1 MB.", "No DLL but the system's.", "A program with windows.",
-                                   "Its resources.")}
+                                   "Its resources.", "The same from every build.")}
     for exe in exes:
         if not exe.is_file():
             for breaches in rules.values():
@@ -48,6 +50,10 @@ def main():
         if "(Windows GUI)" not in text:
             rules["A program with windows."].append(f"{exe}: opens a console")
         rules["Its resources."] += [f"{exe}: lacks {what}" for what, sign in RESOURCES.items() if sign not in data]
+        if exe_header(data).time:
+            rules["The same from every build."].append(f"{exe}: tells when it was built")
+        if str(given.root).encode() in data:
+            rules["The same from every build."].append(f"{exe}: tells where it was built")
     report(rules)
 
 
