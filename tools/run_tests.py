@@ -191,6 +191,7 @@ NATIVE = [
     preset("tidy", "pointalk_sim", needs="clang-tidy-14"),
     check("tests_built", GCC, FUZZ, WINDOWS),
     check("exe", WINDOWS / "Pointalk.exe", WINDOWS_32 / "Pointalk.exe"),
+    check("packages", WINDOWS / "Pointalk.exe", WINDOWS_32 / "Pointalk.exe"),
 ]
 
 

@@ -12,6 +12,7 @@ POINTALK_PACKAGES=(
   wine "wine64|wine" xvfb xauth xdotool procps
   espeak-ng fluidsynth fluid-soundfont-gm sox "libsox-fmt-alsa|sox" alsa-utils libasound2-plugins
   imagemagick python3 python3-pil
+  nsis 7zip
 )
 
 # Prints the packages that are missing, one a line.

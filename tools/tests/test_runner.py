@@ -121,8 +121,14 @@ class Exe(Folder):
         self.link("int table[400000] = {1};\nint main() { return table[1]; }\n", "-static")
         self.assertIn("FAILED: At most 1 MB.", self.check())
 
+    def test_a_program_that_is_another_in_each_build(self):
+        self.link(f'#include <cstdio>\nint main() {{ std::puts("{TOOLS.parent}/main.cpp"); }}\n', "-static")
+        output = self.check()
+        self.assertIn("tells when it was built", output)
+        self.assertIn("tells where it was built", output)
+
     def test_no_program(self):
-        self.assertTrue(self.check().endswith("0 passed, 4 failed\n"))
+        self.assertTrue(self.check().endswith("0 passed, 5 failed\n"))
 
 
 if __name__ == "__main__":
