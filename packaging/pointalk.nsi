@@ -144,6 +144,7 @@ FunctionEnd
 !macroend
 
 Section "Uninstall"
+  SetAutoClose true  ; AutoCloseWindow is for installing alone
   Delete "$SMPROGRAMS\Pointalk.lnk"
   Delete "$SMPROGRAMS\Pointalk Guide.lnk"
   DeleteRegKey HKCU "${APP_PATHS_KEY}"

@@ -11,7 +11,7 @@ from .hand import Hand
 from .heard import Heard, now
 from .mail import Mail
 from .panel import Panel
-from .pointalk import Pointalk
+from .pointalk import Pointalk, Run
 from .programs import KILLED_AT_ITS_END, LineProgram, Probe, Target
 from .settings import settings_text, written_scaling
 from .waiting import wait_until

@@ -1,4 +1,4 @@
-"""A run of Pointalk.exe from a private copy of its folder."""
+"""Runs of Pointalk.exe."""
 
 import pathlib
 import shutil
@@ -8,27 +8,23 @@ from .heard import Heard, now
 from .waiting import wait_until
 
 
-class Pointalk:
-    """settings is the text of PTK.ini, or None for none. The folder outlives the run: start() may follow end()."""
+class Run:
+    """The Pointalk that lies in a folder, with Wine's synthesizer beside it. The folder outlives the run: start() may
+    follow end()."""
 
-    def __init__(self, build, folder, environment, settings=None, first_run=False):
+    def __init__(self, build, folder, environment):
         self.folder = pathlib.Path(folder)
-        self.folder.mkdir(parents=True, exist_ok=True)
-        shutil.copy2(build / "Pointalk.exe", self.folder)
         shutil.copy2(build / "wine" / "winmm.dll", self.folder)
-        if settings is not None:
-            (self.folder / "PTK.ini").write_bytes(settings.encode("cp1252"))
-        if not first_run:
-            (self.folder / "DidWarn.flg").write_bytes(b"Been there done that.\r\n")
         self.heard = Heard(self.folder / "heard.jsonl")
         self._environment = {**environment, "POINTALK_HEARD": str(self.heard.path)}
         self.process = None
         self._began = 0
 
-    def start(self, directory=None, **environment):
-        """Starts the program, in its own folder or another directory; names and values are added to its environment."""
+    def start(self, directory=None, command=None, **environment):
+        """Starts the program, in its own folder or another directory, by its path or a command that lasts as long; names and
+        values are added to its environment."""
         self._began = now()
-        self.process = subprocess.Popen(["wine", str(self.folder / "Pointalk.exe")], cwd=directory or self.folder,
+        self.process = subprocess.Popen(command or ["wine", str(self.folder / "Pointalk.exe")], cwd=directory or self.folder,
                                         stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
                                         env={**self._environment, **environment})
         return self
@@ -60,3 +56,16 @@ class Pointalk:
 
     def __exit__(self, *_):
         self.kill()
+
+
+class Pointalk(Run):
+    """A run in a new folder; settings is the text of PTK.ini, or None for none."""
+
+    def __init__(self, build, folder, environment, settings=None, first_run=False):
+        folder.mkdir(parents=True)
+        shutil.copy2(build / "Pointalk.exe", folder)
+        if settings is not None:
+            (folder / "PTK.ini").write_bytes(settings.encode("cp1252"))
+        if not first_run:
+            (folder / "DidWarn.flg").write_bytes(b"Been there done that.\r\n")
+        super().__init__(build, folder, environment)
