@@ -145,16 +145,6 @@ FunctionEnd
 
 Section "Uninstall"
   SetAutoClose true  ; AutoCloseWindow is for installing alone
-  Delete "$SMPROGRAMS\Pointalk.lnk"
-  Delete "$SMPROGRAMS\Pointalk Guide.lnk"
-  DeleteRegKey HKCU "${APP_PATHS_KEY}"
-  DeleteRegKey HKCU "${UNINSTALL_KEY}"
-  ; Only an administrator may change this list. The value is useless without the program.
-  ReadRegStr $0 HKLM "${RUN_KEY}" "Pointalk"
-  ${If} $0 == "Pointalk.exe"
-    DeleteRegValue HKLM "${RUN_KEY}" "Pointalk"
-  ${EndIf}
-
   Delete "$INSTDIR\Pointalk.exe"
   Delete "$INSTDIR\guide.html"
   !insertmacro RemoveWritten "PTK.ini"
@@ -165,6 +155,17 @@ Section "Uninstall"
   Delete "$INSTDIR\Uninstall.exe"
   SetOutPath "$TEMP"  ; nobody can remove the folder that is the current one
   RMDir "$INSTDIR"  ; only when nothing is left in it
+
+  Delete "$SMPROGRAMS\Pointalk.lnk"
+  Delete "$SMPROGRAMS\Pointalk Guide.lnk"
+  DeleteRegKey HKCU "${APP_PATHS_KEY}"
+  ; Only an administrator may change this list. The value is useless without the program.
+  ReadRegStr $0 HKLM "${RUN_KEY}" "Pointalk"
+  ${If} $0 == "Pointalk.exe"
+    DeleteRegValue HKLM "${RUN_KEY}" "Pointalk"
+  ${EndIf}
+
+  DeleteRegKey HKCU "${UNINSTALL_KEY}"  ; last, so that a removal that was broken off can be repeated
 SectionEnd
 
 Function un.onUninstSuccess

@@ -177,6 +177,7 @@ ON_ONE_DESKTOP = [
 ]
 ON_THEIR_OWN_DESKTOPS = [
     python_tests("win32", ROOT / "tests" / "win32", seconds=1200),
+    python_tests("packages", ROOT / "tests" / "packages", seconds=600),
 ]
 NATIVE = [
     preset("linux-asan-gcc"),

@@ -13,8 +13,8 @@ sys.path[:0] = [str(ROOT / "tools"), str(ROOT / "tests" / "win32")]
 from harness import BUILD, Desktop, Panel, Run, wait_until  # noqa: E402
 from make_packages import make_packages, version  # noqa: E402
 
-__all__ = ["APP_PATHS", "BUILD", "DONE_BEFORE", "PackageCase", "ROOT", "RUN",
-           "SOON", "UNINSTALL", "WELCOME", "version", "wait_until"]
+__all__ = ["APP_PATHS", "BUILD", "DONE_BEFORE", "PackageCase", "ROOT", "RUN", "SOON", "UNINSTALL", "WELCOME", "version",
+           "wait_until"]
 
 SOON = 20  # seconds within which what must come has come
 AWAY = (900, 740)  # where the pointer waits, over the bare desktop
@@ -50,7 +50,8 @@ class PackageCase(unittest.TestCase):
 
     def clear(self):
         """Ends what a failed test left running, and removes what is installed with what removals keep."""
-        self.wine("taskkill", "/f", "/im", "Pointalk.exe")
+        if self.probe.ask("windows")["windows"]:
+            self.wine("taskkill", "/f", "/im", "Pointalk.exe")
         wait_until(lambda: not self.probe.ask("windows")["windows"], SOON,
                    lambda: f"an empty desktop: {self.probe.ask('windows')['windows']}")
         if self.registry(UNINSTALL):
@@ -96,7 +97,8 @@ class PackageCase(unittest.TestCase):
         return re.fullmatch(r'"(.*)"(?: (.*))?', self.registry(UNINSTALL)[value]).group(1, 2)
 
     def wait_until_removed(self):
-        wait_until(lambda: "Uninstall.exe" not in self.files(), SOON, lambda: f"removed; there is {sorted(self.files())}")
+        """Until the entry is gone, which goes last."""
+        wait_until(lambda: not self.registry(UNINSTALL), SOON, lambda: f"removed; there is {sorted(self.files())}")
 
     def pointalk(self, folder):
         """The Pointalk that lies there, not started yet."""
