@@ -170,15 +170,16 @@ FIRST = [
     check("format", needs="clang-format-14"),
     preset("mingw-x86_64-release"),
 ]
-# These mostly wait for sounds and windows, so they go on beside the native steps, and beside one another.
-ON_ONE_DESKTOP = [
+# These mostly wait for sounds and windows, so both lists go on beside the native steps and beside one another.
+COMPANIONS = [
     python_tests("wine", ROOT / "tests" / "wine", seconds=900),
     gtest("contract-win32", WINDOWS / "pointalk_contract.exe", "wine", seconds=600),
-]
-ON_THEIR_OWN_DESKTOPS = [
-    python_tests("win32", ROOT / "tests" / "win32", seconds=1200),
     python_tests("packages", ROOT / "tests" / "packages", seconds=600),
 ]
+WHOLE_PROGRAM = [
+    python_tests("win32", ROOT / "tests" / "win32", seconds=1200),
+]
+MAKE_THEIR_DESKTOPS = ("win32", "packages")
 NATIVE = [
     preset("linux-asan-gcc"),
     gtest("tests", GCC / "pointalk_tests", environment=SANITIZERS),
@@ -285,27 +286,27 @@ class Tally:
                 step.end()
             raise
 
-    def run_under_wine(self, on_one_desktop, on_their_own):
-        if not on_one_desktop + on_their_own:
+    def run_under_wine(self, steps, others):
+        if not steps + others:
             return
         began = time.monotonic()
         try:
             with windows_desktop() as environment, concurrent.futures.ThreadPoolExecutor(1) as beside:
-                for step in on_one_desktop:
+                for step in steps + others:
                     step.environment.update(environment)
-                for step in on_their_own:  # from the untouched prefix
-                    step.environment.update(environment, DISPLAY="", WINEPREFIX="")
+                    if step.name in MAKE_THEIR_DESKTOPS:  # from the untouched prefix
+                        step.environment.update(DISPLAY="", WINEPREFIX="")
                 self.add("prefix", 0, 0, "ready", time.monotonic() - began)
-                others = beside.submit(self.run, on_their_own)
-                with self.ending(on_their_own):
-                    self.run(on_one_desktop)
-                    others.result()
+                meanwhile = beside.submit(self.run, others)
+                with self.ending(others):
+                    self.run(steps)
+                    meanwhile.result()
         except (OSError, subprocess.SubprocessError) as error:
             self.add("prefix", 0, 1, str(error), time.monotonic() - began)
 
 
 def main():
-    names = [step.name for step in FIRST + ON_ONE_DESKTOP + ON_THEIR_OWN_DESKTOPS + NATIVE]
+    names = [step.name for step in FIRST + COMPANIONS + WHOLE_PROGRAM + NATIVE]
     if sys.argv[1:] == ["--list"]:
         print(*names, sep="\n")
         return
@@ -325,7 +326,7 @@ def main():
     with concurrent.futures.ThreadPoolExecutor(1) as beside:
         native = beside.submit(tally.run, wanted(NATIVE))
         with tally.ending(NATIVE):
-            tally.run_under_wine(wanted(ON_ONE_DESKTOP), wanted(ON_THEIR_OWN_DESKTOPS))
+            tally.run_under_wine(wanted(COMPANIONS), wanted(WHOLE_PROGRAM))
             native.result()
     print(f"{tally.passed} passed, {tally.failed} failed")
     sys.exit(1 if tally.failed or not tally.passed else 0)
