@@ -10,11 +10,11 @@ import unittest
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.path[:0] = [str(ROOT / "tools"), str(ROOT / "tests" / "win32")]
 
-from harness import BUILD, Desktop, Panel, Run, wait_until  # noqa: E402
+from harness import BUILD, KILLED_AT_ITS_END, Desktop, Panel, Run, wait_until  # noqa: E402
 from make_packages import make_packages, version  # noqa: E402
 
-__all__ = ["APP_PATHS", "BUILD", "DONE_BEFORE", "PackageCase", "ROOT", "RUN", "SOON", "UNINSTALL", "WELCOME", "version",
-           "wait_until"]
+__all__ = ["APP_PATHS", "BUILD", "DONE_BEFORE", "KILLED_AT_ITS_END", "PackageCase", "ROOT", "RUN", "SOON", "UNINSTALL", "WELCOME",
+           "version", "wait_until"]
 
 SOON = 20  # seconds within which what must come has come
 AWAY = (900, 740)  # where the pointer waits, over the bare desktop
