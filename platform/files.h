@@ -27,11 +27,11 @@ class Files {
   virtual std::optional<Text> Read(FilePath path) = 0;
 
   // Replaces the file's whole content, creating it where it is missing. Whatever moment the process ends at,
-  // the folder holds the old file or the new one, and once this returns true the new one outlives the
-  // process. False leaves the old file.
+  // the folder holds the old file or the new one, and once this returns true the new one is on the disk.
+  // False leaves the old file.
   [[nodiscard]] virtual bool Write(FilePath path, TextView text) = 0;
 
-  // Adds to the file's end, creating it where it is missing.
+  // Adds to the file's end, creating it where it is missing. On the disk once this returns true.
   [[nodiscard]] virtual bool Append(FilePath path, TextView text) = 0;
 };
 

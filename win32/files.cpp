@@ -35,12 +35,13 @@ bool WriteAll(const std::wstring& path, DWORD access, DWORD how, const std::stri
   if (!file) return false;
   DWORD written = 0;
   return WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
-         written == bytes.size();
+         written == bytes.size() && FlushFileBuffers(file.get());
 }
 
 bool Replace(const std::wstring& from, const std::wstring& to) {
   for (int attempt = 1;; ++attempt) {
-    if (MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING)) return true;
+    if (MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+      return true;
     const DWORD error = GetLastError();
     const bool mayBeHeld = error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED;
     if (!mayBeHeld || attempt == kReplaceAttempts) return false;
@@ -67,9 +68,7 @@ std::optional<Text> WinFiles::Read(FilePath path) {
   return Widen(bytes);
 }
 
-// The new content is whole before it takes the old one's name. It is left to the system's cache, which
-// outlives the process: waiting for the disk would cost a turn of it three times a description while classes
-// are logged.
+// The new content is whole, and on the disk, before it takes the old one's name.
 bool WinFiles::Write(FilePath path, TextView text) {
   const std::wstring whole = WholePath(path);
   const std::wstring fresh = whole + L".new";
