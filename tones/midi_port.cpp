@@ -18,6 +18,9 @@ constexpr TextView kSilenceSound = u"1";
 constexpr std::uint32_t kSilenceModule = 1;
 constexpr std::uint32_t kSilenceFlags = 11;
 
+// A count that a signed 16-bit number cannot hold is no count.
+constexpr std::uint32_t kMostDevices = 32767;
+
 // Goes out before a note off: the message as it is before it is filled.
 constexpr std::uint32_t kEmptyMessage = 0;
 
@@ -28,7 +31,8 @@ constexpr std::size_t Index(int channel) { return static_cast<std::size_t>(chann
 }  // namespace
 
 void MidiPort::OpenMidiOut() {
-  if (midi.DeviceCount() < 1 && !mMidiPromptShown) {
+  const std::uint32_t devices = midi.DeviceCount();
+  if ((devices < 1 || devices > kMostDevices) && !mMidiPromptShown) {
     if (!WantsToRunWithoutMidi()) system.EndProgram();
     mMidiPromptShown = true;
     return;
