@@ -6,7 +6,7 @@
 namespace pointalk::sim {
 namespace {
 
-constexpr RemoteAddress kFirstAddress = 0x00400000;
+constexpr RemoteAddress kFirstAddress = 0x60000000;  // far from every point that is packed into a number
 constexpr RemoteAddress kEnd = 0x80000000;
 constexpr RemoteAddress kGranularity = 0x1000;
 
