@@ -3,12 +3,13 @@
 from PIL import Image, ImageDraw, ImageFont
 
 from record import note_name, notes
+from tones import LOWEST, SCREEN
 
 PATH, NOTE, WORDS, BOX = (200, 0, 120), (0, 90, 200), (0, 0, 0), (255, 255, 225)
 LONGEST = 46  # characters of a text that are drawn
 
 
-def _font(size):
+def font_of(size):
     for name in ("DejaVuSans.ttf", "LiberationSans-Regular.ttf"):
         try:
             return ImageFont.truetype(name, size)
@@ -27,25 +28,32 @@ def _place_at(moves, time):
     return here
 
 
-def _free_row(taken, box):
-    """Moves a box down until it covers no other."""
+def _free_row(taken, box, lowest):
+    """Moves a box down, or up where there is no room below, until it covers no other."""
     left, top, right, bottom = box
-    while any(left < r and right > l and top < b and bottom > t for l, t, r, b in taken):
-        top, bottom = top + 3, bottom + 3
+    step = 3
+
+    def covers():
+        return any(left < r and right > l and top < b and bottom > t for l, t, r, b in taken)
+
+    while covers() and top > 0:
+        if bottom + step > lowest:
+            step = -3
+        top, bottom = top + step, bottom + step
     taken.append((left, top, right, bottom))
     return left, top
 
 
 def draw(screenshot, path, moves, lines):
     """moves and lines are those made while the picture's screen was shown."""
-    image = Image.open(screenshot).convert("RGB")
+    image = Image.open(screenshot).convert("RGB").crop((0, 0, *SCREEN))
     canvas = ImageDraw.Draw(image)
-    font, small = _font(13), _font(10)
+    font, small = font_of(13), font_of(10)
     if moves:
         canvas.line([place[1:] for place in moves], fill=PATH, width=2)
     seen = set()
     for t, on, channel, note, _ in notes(lines):
-        if not on or channel not in (13, 14) or not moves:
+        if not on or channel not in LOWEST or not moves:
             continue
         x, y = _place_at(moves, t)
         y += -12 if channel == 13 else 2
@@ -61,7 +69,8 @@ def draw(screenshot, path, moves, lines):
         x, y = _place_at(moves, line["t"])
         width = int(canvas.textlength(text, font=font)) + 6
         x = max(0, min(x + 8, image.width - width - 2))
-        left, top = _free_row(taken, (x, y + 10, x + width, y + 27))
+        y = min(y + 10, image.height - 17)
+        left, top = _free_row(taken, (x, y, x + width, y + 17), image.height)
         canvas.rectangle((left, top, left + width, top + 16), fill=BOX, outline=PATH)
         canvas.text((left + 3, top), text, font=font, fill=WORDS)
     image.save(path)

@@ -1,18 +1,21 @@
 """Finds windows of the visited programs and puts them side by side."""
 
-import time
-
 from harness import wait_until
+
+ROW = 16    # pixels of a row in lists and texts, about
+LABEL = 40  # pixels from a list's left edge to where every label is
+EDGE = 6    # pixels of a text's margin
 
 
 class Places:
     def __init__(self, probe):
         self._probe = probe
 
-    def top_window(self, class_name, limit=40):
-        """The visible top-level window of a class; waits for it."""
+    def top_window(self, class_name, title="", limit=40):
+        """The visible top-level window of a class with that in its title; waits for it."""
         def look():
-            return next((w for w in self._probe.ask("windows")["windows"] if w["class"] == class_name), None)
+            return next((w for w in self._probe.ask("windows")["windows"] if w["class"] == class_name and title in w["title"]),
+                        None)
 
         return wait_until(look, limit, f"a window of class {class_name} is shown")
 
@@ -26,16 +29,6 @@ class Places:
 
         return wait_until(placed, limit, "a window is where it was put")
 
-    def restored(self, window, limit=10):
-        """Waits until a minimised window is open and ready for keys."""
-        def look():
-            now = next((w for w in self._probe.ask("windows")["windows"] if w["hwnd"] == window["hwnd"]), None)
-            return now if now and now["rect"][3] - now["rect"][1] > 60 else None
-
-        opened = wait_until(look, limit, "the window is open")
-        time.sleep(0.3)  # Wine gives it the keyboard a little later
-        return opened
-
     def child(self, window, class_name, title=None, number=0, limit=10):
         """A visible window below one, by its class and, where given, its title; the number-th of several."""
         def look():
@@ -44,6 +37,38 @@ class Places:
             return found[number] if len(found) > number else None
 
         return wait_until(look, limit, f"a {class_name} {title or ''} is shown")
+
+    def item(self, window, label, limit=10):
+        """A place on the item of a list view with that label, which is looked for near the left edge."""
+        left, top, _, bottom = window["rect"]
+
+        def look():
+            for y in range(top + ROW // 2, bottom, ROW // 2):
+                if self._probe.ask("at", left + LABEL, y)["hwnd"] != window["hwnd"]:
+                    continue  # the list's header
+                hit = self._probe.ask("hit", window["hwnd"], left + LABEL, y)
+                if hit["item"] >= 0 and self._probe.ask("label", window["hwnd"], hit["item"])["text"] == label:
+                    return left + LABEL, y
+            return None
+
+        return wait_until(look, limit, f"an item {label} is shown")
+
+    def word(self, window, text, word, limit=10):
+        """A place on the second character of a word in a rich edit that holds the text, its line ends counted as one."""
+        left, top, right, bottom = window["rect"]
+        index = text.index(word) + 1
+
+        def at(x, y):
+            return self._probe.ask("character", window["hwnd"], x, y)["result"]
+
+        def look():
+            for y in range(top + ROW // 2, bottom, ROW // 2):
+                if text[at(left + EDGE, y):index].count("\r") or at(right - EDGE, y) < index:
+                    continue  # a line above or below
+                return next(((x, y) for x in range(left + EDGE, right, 2) if at(x, y) == index), None)
+            return None
+
+        return wait_until(look, limit, f"the word {word} is shown")
 
 
 def inside(window, x, y):

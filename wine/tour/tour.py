@@ -3,8 +3,9 @@
 
     tour.py OUTPUT_FOLDER        POINTALK_WIN_BUILD names the folder with the programs built for Windows
 
-Leaves transcript.txt, tour.mid, tour.wav and a picture for each screen (tour.png, tour-2.png, ...). Exits with 1 when
-something that must be heard was not; what it was is printed and stands at the transcript's end.
+Leaves transcript.txt, tour.mid, tour.wav, a picture for each screen (tour.png, tour-2.png, ...), and how long the listener
+waited for notes and words (latency.txt, latency.png). Exits with 1 when something that must be heard was not; what it was is
+printed and stands at the transcript's end.
 """
 
 import pathlib
@@ -16,19 +17,31 @@ import tempfile
 HERE = pathlib.Path(__file__).resolve().parent
 sys.path.insert(0, str(HERE.parents[1] / "tests" / "win32"))
 
-from harness import BUILD, ROOT, Desktop, now  # noqa: E402
+from harness import ROOT, Desktop, Panel, now  # noqa: E402
+import latency  # noqa: E402
+import latency_picture  # noqa: E402
 import picture  # noqa: E402
 import record  # noqa: E402
 import screens  # noqa: E402
 from places import Places  # noqa: E402
+from recorded_hand import RecordedHand  # noqa: E402
 from walk import Walk  # noqa: E402
+
+START = (1000, 700)  # where the pointer is at first
+STAND_INS = ("progman", "taskbar", "menus")  # hidden until their screen; Pointalk looks for the desktop when it starts
 
 
 class Guide:
     """Shows the screens one after the other and keeps what they leave."""
 
-    def __init__(self, desktop, pointalk, walk, places, output):
-        self.desktop, self.pointalk, self.walk, self.places, self.output = desktop, pointalk, walk, places, output
+    folder_name = "tour"  # of the folder on C: whose files are visited
+
+    def __init__(self, desktop, probe, target, pointalk, walk, output):
+        self.desktop, self.target, self.pointalk, self.walk, self.output = desktop, target, pointalk, walk, output
+        self.places = Places(probe)
+        self.panel = Panel(probe, walk.hand)
+        self._folder = desktop.drive() / self.folder_name
+        self._folder.mkdir()
         self._started = []
 
     def start_program(self, *command):
@@ -36,11 +49,25 @@ class Guide:
         self._started.append(subprocess.Popen(["wine", *command], env=self.desktop.environment, stdin=subprocess.DEVNULL,
                                               stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL))
 
+    def make_folder(self, name):
+        """A folder in the visited one, whose own Windows path is returned."""
+        (self._folder / name).mkdir()
+        return f"C:\\{self.folder_name}"
+
+    def make_file(self, name, text):
+        """A file in the visited folder; its Windows path."""
+        (self._folder / name).write_bytes(text.encode("cp1252"))
+        return f"C:\\{self.folder_name}\\{name}"
+
+    def show_stand_ins(self, shown):
+        for window in STAND_INS:
+            self.target.ask("show" if shown else "hide", window)
+
     def picture(self, number, since):
         screenshot = self.desktop.folder / f"screen{number}.png"
         self.desktop.screenshot(screenshot)
         name = "tour.png" if number == 1 else f"tour-{number}.png"
-        picture.draw(screenshot, self.output / name, [move for move in self.walk.moves if move[0] >= since],
+        picture.draw(screenshot, self.output / name, [move for move in self.walk.hand.moves if move[0] >= since],
                      self.pointalk.heard.lines(since))
 
     def end_programs(self):
@@ -59,14 +86,27 @@ def walk_through(guide):
         guide.end_programs()
 
 
-def make_files(output, waves, heard, walk, begin):
-    lines = heard.lines(begin)
-    record.write_transcript(output / "transcript.txt", lines, walk.moves, walk.stops, begin)
+def make_files(output, waves, walk, begin):
+    lines, moves = walk.heard.lines(begin), walk.hand.moves
+    record.write_transcript(output / "transcript.txt", lines, moves, walk.stops, begin)
     record.write_midi(output / "tour.mid", lines, begin)
     with tempfile.TemporaryDirectory() as scratch:
         spoke = record.write_sound(output / "tour.wav", output / "tour.mid", waves, lines, begin, pathlib.Path(scratch))
     if not spoke:
         walk.missed.append("the voice: a sound")
+    series, overtaken = latency.series(moves, walk.namings, lines)
+    latency.write(output / "latency.txt", series, overtaken)
+    latency_picture.draw(output / "latency.png", series)
+
+
+def report(output, walk):
+    """Says what was missed; the exit status."""
+    for missed in walk.missed:
+        print("Not heard:", missed)
+    with open(output / "transcript.txt", "a", encoding="utf-8") as file:
+        file.writelines(f"not heard: {missed}\n" for missed in walk.missed)
+    print(f"The tour has {len(walk.stops)} stops and is in {output}: {len(walk.missed)} not heard.")
+    return 1 if walk.missed else 0
 
 
 def main():
@@ -75,9 +115,12 @@ def main():
     output.mkdir(parents=True)
     settings = (ROOT / "packaging" / "PTK.ini").read_text(encoding="ascii").replace("\n", "\r\n")
     with tempfile.TemporaryDirectory() as waves, Desktop(private=True) as desktop, desktop.probe() as probe, \
-            desktop.hand() as hand, desktop.pointalk(settings) as pointalk:
-        walk = Walk(hand, pointalk.heard)
-        guide = Guide(desktop, pointalk, walk, Places(probe), output)
+            desktop.target("desktop", "menus") as target, RecordedHand(desktop.environment) as hand, \
+            desktop.pointalk(settings) as pointalk:
+        hand.move(*START)
+        walk = Walk(hand, pointalk.heard, lambda x, y: probe.ask("at", x, y)["hwnd"])
+        guide = Guide(desktop, probe, target, pointalk, walk, output)
+        guide.show_stand_ins(False)
         begin = now()
         try:
             pointalk.start(POINTALK_WAVES=waves)
@@ -87,13 +130,8 @@ def main():
             walk.missed.append(f"the rest of the tour: {problem!r}")
         finally:
             guide.end_programs()
-            make_files(output, waves, pointalk.heard, walk, begin)
-    for missed in walk.missed:
-        print("Not heard:", missed)
-    with open(output / "transcript.txt", "a", encoding="utf-8") as file:
-        file.writelines(f"not heard: {missed}\n" for missed in walk.missed)
-    print(f"The tour has {len(walk.stops)} stops and is in {output}: {len(walk.missed)} not heard.")
-    return 1 if walk.missed else 0
+            make_files(output, waves, walk, begin)
+    return report(output, walk)
 
 
 if __name__ == "__main__":

@@ -1,82 +1,193 @@
 """The listener's walk: moves the pointer, presses keys, and notes what must be heard at each place."""
 
+import contextlib
 import time
 
-from harness import now
+import tones
+from harness import now, wait_until
 
-SPEECH_LIMIT = 4.0   # seconds in which what must be said is said
-REST = 0.55          # seconds after which a still pointer is at rest
+LIMIT = 10.0         # seconds in which what must be heard is heard
+LONGEST_TEXT = 60    # seconds in which the longest text is spoken to its end
+PACE = 0.02          # seconds between two places of a glide
+SILENCE = 1.0        # seconds
+PRESSES = 4          # how often a key is pressed that is not answered
+TICK = 0.03          # seconds between two looks at the pointer
+CLICK_TICKS = 6      # in which a click is not yet spoken
+SPEAK_TO_THE_END = 2 # the flags with which the program waits for the end of what it says
+
+# The notes, on the channel of event sounds, by which some of them are known.
+EARCONS = {"a row of a list box": 204, "another icon": 226, "off the icons": 223}
+EARCON_CHANNEL = 12
 
 
 class Walk:
-    def __init__(self, hand, heard):
+    """window_at tells which window is at a place."""
+
+    def __init__(self, hand, heard, window_at):
         self.hand = hand
         self.heard = heard
-        self.moves = []    # (time, x, y)
+        self._window_at = window_at
         self.stops = []    # (time, x, y, what)
+        self.namings = []  # (time of the move that led onto a thing, the line with the words for it)
         self.missed = []
-        self.position = (0, 0)
 
-    def to(self, place, what, *words, steps=14):
-        """Glides to a place and waits until all the words were said there, each in some utterance."""
-        since = now()
-        start = self.position
-        for step in range(1, steps + 1):
-            x = start[0] + (place[0] - start[0]) * step // steps
-            y = start[1] + (place[1] - start[1]) * step // steps
-            self.hand.move(x, y)
-            self.moves.append((now(), x, y))
-            time.sleep(0.02)
-        self.position = place
+    def to(self, place, what, *words, earcon=None, steps=14):
+        """Glides to a place, waits until all the words were said there, each in some utterance, and rests. The tones must be
+        those of the place, and the event sound must be heard where one is named."""
+        start = self.hand.position()
+        path = [tuple(a + (b - a) * step // steps for a, b in zip(start, place)) for step in range(1, steps + 1)]
+        first = self._first_of_the_last_window(path)
+        since = came = now()
+        for number, spot in enumerate(path):
+            if number:
+                time.sleep(PACE)
+            if number == first:
+                came = now()
+            self.hand.move(*spot)
         self.stops.append((now(), *place, what))
-        self.hears(what, *words, since=since)
-        time.sleep(REST)
+        self.hears(what, *words, since=since, came=came)
+        if earcon:
+            self._hears_earcon(what, earcon, since)
+        self._hears_tones(what)
+        self.settle()
 
-    def hears(self, what, *words, since):
-        for word in words:
-            try:
-                self.heard.wait(lambda line: "text" in line and word.lower() in line["text"].lower(), SPEECH_LIMIT, since)
-            except AssertionError:
+    def jump(self, place, what, *words, earcon=None):
+        """The same without places between, so that nothing on the way is named."""
+        self.to(place, what, *words, earcon=earcon, steps=1)
+
+    def _first_of_the_last_window(self, path):
+        """From which place of a path on the pointer stays over the window at its end."""
+        first = len(path) - 1
+        window = self._window_at(*path[-1])
+        while first and self._window_at(*path[first - 1]) == window:
+            first -= 1
+        return first
+
+    def to_and_fro(self, what, first, second, times):
+        """Jumps between two places, each with what is said there, without a rest. The pauses differ, so that the moves come
+        early and late between two ticks."""
+        self.stops.append((now(), *first[0], what))
+        for turn in range(times):
+            place, words = second if turn % 2 else first
+            since = now()
+            self.hand.move(*place)
+            if not self.hears(what, words, since=since, came=since):
+                break
+            time.sleep(turn * 7 % 30 / 1000)
+        self.settle()
+
+    def hears(self, what, *words, since, came=None, limit=LIMIT):
+        """Whether all the words were said; words in quotation marks are a whole utterance. came: when the pointer came onto
+        what they name."""
+        found = [self._line_with(word, since, limit) for word in words]
+        lines = [line for line in found if line]
+        if came and lines and min(line["t"] for line in lines) >= came:
+            self.namings.append((came, min(lines, key=lambda line: line["t"])))
+        for word, line in zip(words, found):
+            if not line:
                 self.missed.append(f"{what}: \"{word}\"; instead {self.heard.words(since)}")
+        return len(lines) == len(words)
+
+    def _line_with(self, word, since, limit):
+        def says(line):
+            return "text" in line and word.lower() in f'"{line["text"].strip()}"'.lower()
+
+        try:
+            return self.heard.wait(says, limit, since)
+        except AssertionError:
+            return None
+
+    def _hears_earcon(self, what, earcon, since):
+        def struck():
+            return any(on and (channel, note) == (EARCON_CHANNEL, EARCONS[earcon])
+                       for _, on, channel, note, _ in tones.notes(self.heard.lines(since)))
+
+        self._must_come(struck, what, f"the sound of {earcon}")
+
+    def _hears_tones(self, what):
+        due = tones.notes_at(*self.hand.position())
+        self._must_come(lambda: tones.sounding(self.heard.lines())[0] == due, what, f"the notes {due}",
+                        lambda: tones.sounding(self.heard.lines())[0])
+
+    def _must_come(self, question, what, expected, instead=lambda: "nothing"):
+        try:
+            wait_until(question, LIMIT, expected)
+        except AssertionError:
+            self.missed.append(f"{what}: {expected}; instead {instead()}")
+
+    def settle(self):
+        """Until the pointer rests, which ends its tones."""
+        wait_until(lambda: not tones.sounding(self.heard.lines())[1], LIMIT, "the tones end")
 
     def nudge(self):
         """One pixel aside, so that a resting pointer is described again."""
-        x, y = self.position
-        self.position = (x - 1 if x % 2 else x + 1, y)
-        self.hand.move(*self.position)
-        self.moves.append((now(), *self.position))
-        time.sleep(0.12)
+        x, y = self.hand.position()
+        self.hand.move(x - 1 if x % 2 else x + 1, y)
 
-    def clicks(self, what, words, double=False, button="left"):
+    def clicks(self, what, words, double=False):
         since = now()
-        (self.hand.double_click if double else self.hand.click)(button)
-        self.stops.append((since, *self.position, what))
+        (self.hand.double_click if double else self.hand.click)()
+        self.stops.append((since, *self.hand.position(), what))
         self.hears(what, words, since=since)
-        time.sleep(1.0 if double else REST)  # a double click is spoken to its end before anything else is done
+        self.hears_out()
 
     def asks(self, what, *words, shift=False):
         """Control over the object, or Control with Shift for the top window."""
-        self.nudge()
-        since = now()
-        if shift:
-            self.hand.press("shift")
-        self.hand.press("ctrl")
-        time.sleep(0.15)
-        self.hand.release("ctrl")
-        if shift:
-            self.hand.release("shift")
-        self.stops.append((since, *self.position, what))
+        self._again_until_said(what, words, lambda: self._held(*(["shift"] if shift else []), "ctrl"))
+
+    def right_clicks(self, what, *words):
+        self._again_until_said(what, words, self._clicking_on_the_move)
+
+    def _again_until_said(self, what, words, act):
+        """For what is only answered, or not answered, while the object is being described: a pointer that moves is described
+        at every tick, and what came too early or too late is done again."""
+        self.stops.append((now(), *self.hand.position(), what))
+        for _ in range(PRESSES):
+            self.nudge()
+            time.sleep(2 * TICK)  # seen, and not yet at rest
+            since = now()
+            with act():
+                if self._line_with(words[0], since, LIMIT / PRESSES):
+                    break
         self.hears(what, *words, since=since)
+        self.hears_out()
+
+    @contextlib.contextmanager
+    def _clicking_on_the_move(self):
+        self.hand.click("right")
+        for _ in range(CLICK_TICKS):
+            self.nudge()
+            time.sleep(TICK)
+        yield
+
+    @contextlib.contextmanager
+    def _held(self, *keys):
+        for key in keys:
+            self.hand.press(key)
+        try:
+            yield
+        finally:
+            for key in reversed(keys):
+                self.hand.release(key)
 
     def spells(self, place, what, *words):
-        self.hand.press("shift")
-        time.sleep(0.1)
-        self.to(place, what, *words)
-        self.hand.release("shift")
+        with self._held("shift"):
+            self.to(place, what, *words)
 
-    def rests(self, what, seconds=1.0):
-        """After the rest nothing may sound."""
-        time.sleep(REST)
-        late = [line for line in self.heard.stays_silent(seconds) if line["what"] in ("midi", "sapi5 speak")]
-        if late:
-            self.missed.append(f"{what}: silence; instead {late[:3]}")
+    def hears_out(self):
+        """Until what the program speaks to its end, with everything else waiting, is over."""
+        def over():
+            speech = [line for line in self.heard.lines() if line["what"] in ("sapi5 speak", "sapi5 speak over")]
+            return not speech or speech[-1].get("flags") != SPEAK_TO_THE_END
+
+        wait_until(over, LONGEST_TEXT, "the end of what is spoken")
+
+    def rests(self, what):
+        """Soon nothing sounds any more."""
+        def silent():
+            last = next((line for line in reversed(self.heard.lines()) if line["what"] in ("midi", "sapi5 speak")), None)
+            return not last or now() - last["t"] > SILENCE * 1e6
+
+        self.hears_out()
+
+        self._must_come(silent, what, "silence", lambda: self.heard.lines()[-5:])
