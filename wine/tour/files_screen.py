@@ -7,7 +7,7 @@ def visit(guide):
     places = guide.places
     folder = guide.make_folder("Letters")
     guide.make_file("Notes.txt", "notes")
-    guide.start_program("winefile", folder)
+    guide.start_program("winefile")
     guide.start_program("explorer", folder)
     guide.start_program("taskmgr")
     winefile = places.put(places.top_window("WFS_Frame"), (10, 20, 500, 330))

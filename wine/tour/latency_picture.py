@@ -21,7 +21,7 @@ def _draw_one(canvas, top, name, values, width):
         x = left + number * step
         if count:
             canvas.rectangle((x + 1, lower - (lower - upper) * count / most, x + step - 1, lower), fill=BARS)
-        if number % EVERY == 0 or number == len(bars) - 1:
+        if number % EVERY == 0 and number < len(bars) - 2 or number == len(bars) - 1:
             canvas.text((x, lower + 4), label, font=small, fill=AXIS)
     canvas.line((left, lower, right, lower), fill=AXIS)
     canvas.text((4, lower + 4), "ms", font=small, fill=AXIS)

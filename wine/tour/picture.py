@@ -7,6 +7,7 @@ from tones import LOWEST, SCREEN
 
 PATH, NOTE, WORDS, BOX = (200, 0, 120), (0, 90, 200), (0, 0, 0), (255, 255, 225)
 LONGEST = 46  # characters of a text that are drawn
+NEAR = 32     # pixels within which the same words are drawn once
 
 
 def font_of(size):
@@ -60,13 +61,16 @@ def draw(screenshot, path, moves, lines):
         if (x // 24, y // 12) not in seen:
             seen.add((x // 24, y // 12))
             canvas.text((x + 3, y), note_name(note), font=small, fill=NOTE)
-    taken = []
+    taken, said = [], set()
     for line in lines:
         if not line["what"].endswith(" speak") or not line["text"].strip() or not moves:
             continue
         text = line["text"].strip().replace("\r", " ").replace("\n", " ")
         text = text if len(text) <= LONGEST else text[:LONGEST - 1] + "…"
         x, y = _place_at(moves, line["t"])
+        if (text, x // NEAR, y // NEAR) in said:
+            continue
+        said.add((text, x // NEAR, y // NEAR))
         width = int(canvas.textlength(text, font=font)) + 6
         x = max(0, min(x + 8, image.width - width - 2))
         y = min(y + 10, image.height - 17)

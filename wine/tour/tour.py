@@ -10,6 +10,7 @@ printed and stands at the transcript's end.
 
 import pathlib
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
@@ -110,6 +111,7 @@ def report(output, walk):
 
 
 def main():
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(128 + signal.SIGTERM))  # so that what was started is ended
     output = pathlib.Path(sys.argv[1])
     shutil.rmtree(output, ignore_errors=True)
     output.mkdir(parents=True)

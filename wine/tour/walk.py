@@ -76,10 +76,10 @@ class Walk:
             time.sleep(turn * 7 % 30 / 1000)
         self.settle()
 
-    def hears(self, what, *words, since, came=None, limit=LIMIT):
+    def hears(self, what, *words, since, came=None):
         """Whether all the words were said; words in quotation marks are a whole utterance. came: when the pointer came onto
         what they name."""
-        found = [self._line_with(word, since, limit) for word in words]
+        found = [self._line_with(word, since, LIMIT) for word in words]
         lines = [line for line in found if line]
         if came and lines and min(line["t"] for line in lines) >= came:
             self.namings.append((came, min(lines, key=lambda line: line["t"])))
