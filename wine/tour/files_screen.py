@@ -7,7 +7,7 @@ def visit(guide):
     places = guide.places
     folder = guide.make_folder("Letters")
     guide.make_file("Notes.txt", "notes")
-    guide.start_program("winefile")
+    guide.start_program("winefile", folder)
     guide.start_program("explorer", folder)
     guide.start_program("taskmgr")
     winefile = places.put(places.top_window("WFS_Frame"), (10, 20, 500, 330))
@@ -20,19 +20,20 @@ def visit(guide):
 
 
 def in_winefile(walk, places, winefile):
-    """Its lists draw their rows themselves and tell no text, so that what is heard of a row is its sound."""
+    """Its lists draw their rows themselves and tell no text, so that what is heard of a row is its sound. Only another row's
+    number sounds, whichever list it is in."""
     walk.to(inside(winefile, 120, 12), "winefile's title", "Wine File Manager")
     left, right = (places.child(winefile, "ListBox", number=number) for number in (0, 1))
-    walk.to(inside(left, 60, 8), "winefile's list of folders", earcon="a row of a list box")
-    walk.jump(inside(left, 60, 26), "the next row of it", earcon="a row of a list box")
-    walk.to(inside(right, 60, 8), "winefile's list of files", earcon="a row of a list box")
+    walk.to(inside(left, 60, 26), "winefile's list of folders", earcon="a row of a list box")
+    walk.jump(inside(left, 60, 44), "the next row of it", earcon="a row of a list box")
+    walk.jump(inside(right, 60, 8), "winefile's list of files", earcon="a row of a list box")
     walk.jump(inside(right, 60, 26), "the next row of it", earcon="a row of a list box")
 
 
 def in_explorer(walk, places, explorer, folder_name):
     view = places.child(explorer, "SysListView32")
     letters, notes = (places.item(view, label) for label in ("Letters", "Notes.txt"))
-    walk.to(letters, "explorer's folder view", f"{folder_name}, Letters", earcon="another icon")
+    walk.jump(letters, "explorer's folder view", f"{folder_name},", "Letters", earcon="another icon")
     walk.jump(notes, "another file", "Notes dot txt", earcon="another icon")
     walk.to_and_fro("from file to file and back", (letters, "Letters"), (notes, "Notes dot txt"), 20)
     walk.jump(inside(view, 40, -20), "off the files", earcon="off the icons")
@@ -40,5 +41,6 @@ def in_explorer(walk, places, explorer, folder_name):
 
 def in_taskmgr(walk, places, taskmgr, folder_name):
     tasks = places.child(taskmgr, "SysListView32")
-    walk.to(places.item(tasks, folder_name), "the task manager's list", f"Task Manager, {folder_name}", earcon="another icon")
+    walk.to(centre(tasks), "the task manager's list", "Task Manager,")
+    walk.jump(places.item(tasks, folder_name), "a task", f'"{folder_name}"', earcon="another icon")
     walk.to(centre(places.child(taskmgr, "Button", "&End Task")), "a button below it", "End Task")

@@ -53,7 +53,7 @@ def in_regedit(walk, places, regedit):
     walk.to(inside(tree, 80, 42), "the registry's tree", "Tree View")
     walk.clicks("a click on a key", "Click")
     default = places.item(places.child(regedit, "SysListView32"), "(Default)")
-    walk.to(default, "the registry's list", "regedit child window, ( Default)", earcon="another icon")
+    walk.to(default, "the registry's list", "regedit child window,", "( Default)", earcon="another icon")
     walk.asks("the top window", "Top Window is", shift=True)
 
 
