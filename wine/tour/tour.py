@@ -35,13 +35,13 @@ STAND_INS = ("progman", "taskbar", "menus")  # hidden until their screen; Pointa
 class Guide:
     """Shows the screens one after the other and keeps what they leave."""
 
-    folder_name = "tour"  # of the folder on C: whose files are visited
+    folder = "C:\\tour"  # whose files are visited
 
     def __init__(self, desktop, probe, target, pointalk, walk, output):
         self.desktop, self.target, self.pointalk, self.walk, self.output = desktop, target, pointalk, walk, output
         self.places = Places(probe)
         self.panel = Panel(probe, walk.hand)
-        self._folder = desktop.drive() / self.folder_name
+        self._folder = desktop.drive() / "tour"
         self._folder.mkdir()
         self._started = []
 
@@ -51,14 +51,13 @@ class Guide:
                                               stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL))
 
     def make_folder(self, name):
-        """A folder in the visited one, whose own Windows path is returned."""
+        """A folder in the visited one."""
         (self._folder / name).mkdir()
-        return f"C:\\{self.folder_name}"
 
     def make_file(self, name, text):
         """A file in the visited folder; its Windows path."""
         (self._folder / name).write_bytes(text.encode("cp1252"))
-        return f"C:\\{self.folder_name}\\{name}"
+        return f"{self.folder}\\{name}"
 
     def show_stand_ins(self, shown):
         for window in STAND_INS:
