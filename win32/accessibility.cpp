@@ -17,6 +17,7 @@ namespace {
 constexpr DWORD kDeafStretch = 10;      // milliseconds
 constexpr DWORD kServingStretch = 240;  // milliseconds
 constexpr DWORD kGlance = 30;           // milliseconds between two looks at the pointer
+constexpr DWORD kLeftStretch = 90;      // milliseconds that are waited although the pointer has left
 
 constexpr std::size_t kMostLeftBehind = 4;
 constexpr int kLongestRole = 1024;  // characters
@@ -34,11 +35,12 @@ bool ServeUntil(HANDLE event, DWORD limit) {
   }
 }
 
-// The same, given up as well when the pointer is not over the thread's windows any more: where it is now
-// waits to be named.
+// The same, given up earlier when the pointer is not over the thread's windows any more: where it is now
+// waits to be named. Not at once, for on a busy machine healthy objects are slow as well.
 bool ServeWhilePointedAt(DWORD thread, HANDLE event) {
-  for (DWORD waited = 0; waited < kServingStretch && ThreadUnderPointer() == thread; waited += kGlance) {
+  for (DWORD waited = kGlance; waited <= kServingStretch; waited += kGlance) {
     if (ServeUntil(event, kGlance)) return true;
+    if (waited >= kLeftStretch && ThreadUnderPointer() != thread) return false;
   }
   return false;
 }

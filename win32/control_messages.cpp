@@ -11,8 +11,9 @@
 namespace pointalk::win32 {
 namespace {
 
-constexpr UINT kLimit = 100;     // milliseconds
-constexpr ULONGLONG kSlow = 30;  // milliseconds
+constexpr UINT kLimit = 100;  // milliseconds
+constexpr ULONGLONG kLeftLimit =
+    60;  // milliseconds, of all that a thread is asked once the pointer has left it
 
 // Messages that other programs send to us are let in while we wait: one that sends us something while it
 // answers would otherwise wait for us, and we for it, to the end of the limit.
@@ -35,15 +36,24 @@ std::optional<std::int32_t> WinControlMessages::Ask(HWND window, UINT message, W
   const ULONGLONG begin = GetTickCount64();
   SetLastError(0);
   if (SendMessageTimeoutW(window, message, wParam, lParam, kHowToWait, kLimit, &result) != 0) {
-    // A slow control that the pointer has left is not asked the rest: where the pointer is now waits.
-    if (GetTickCount64() - begin >= kSlow &&
-        ThreadUnderPointer() != GetWindowThreadProcessId(window, nullptr))
-      patience_.RanOver(window);
+    NoteTaken(window, begin, GetTickCount64());
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(result));
   }
   const DWORD error = GetLastError();
   if (error == 0 || error == ERROR_TIMEOUT) patience_.RanOver(window);
   return std::nullopt;
+}
+
+// A slow control that the pointer has left is not asked the rest: where the pointer is now waits. The clock
+// goes on in steps of several milliseconds, so most answers take no time by it and cost no look at the
+// pointer.
+void WinControlMessages::NoteTaken(HWND window, ULONGLONG begin, ULONGLONG end) {
+  if (begin == end) return;
+  if (begin > lastSlowAnswer_ + kLimit) takenSinceLeft_ = 0;  // an earlier control's
+  lastSlowAnswer_ = end;
+  if (ThreadUnderPointer() == GetWindowThreadProcessId(window, nullptr)) return;
+  takenSinceLeft_ += end - begin;
+  if (takenSinceLeft_ >= kLeftLimit) patience_.RanOver(window);
 }
 
 std::optional<std::int32_t> WinControlMessages::Send(WindowHandle window, std::uint32_t message,

@@ -20,9 +20,12 @@ class WinControlMessages final : public ControlMessages {
  private:
   // The low 32 bits of the result, signed; nothing when the message was not answered.
   std::optional<std::int32_t> Ask(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  void NoteTaken(HWND window, ULONGLONG begin, ULONGLONG end);
 
   Patience& patience_;
-  GuardedBuffer room_;  // for texts of a length that the control decides
+  ULONGLONG lastSlowAnswer_ = 0;  // by the system's clock, in milliseconds
+  ULONGLONG takenSinceLeft_ = 0;  // milliseconds
+  GuardedBuffer room_;            // for texts of a length that the control decides
 };
 
 }  // namespace pointalk::win32
