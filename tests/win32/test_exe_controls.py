@@ -26,6 +26,9 @@ class Controls(Listening):
     layouts = ("desktop", "controls", "menus", "elements")
     environment = QUICK
 
+    def setUp(self):
+        self.leave()
+
     def test_each_control_is_told_in_its_own_way(self):
         since = now()
         for name, said in CONTROLS:
