@@ -28,16 +28,13 @@ HANGS = (
     {"list": "LB_GETTEXT", "view": "LVM_GETITEMA", "text": "EM_GETLINE", "rich": "EM_LINELENGTH", "button": "WM_GETTEXT"},
 )
 LIES = (
-    ("list", "LB_ITEMFROMPOINT", "result", -1), ("list", "LB_ITEMFROMPOINT", "result", 60_000), ("list", "LB_GETTEXTLEN", "result", HUGE),
-    ("list", "LB_GETTEXTLEN", "result", -5), ("list", "LB_GETTEXTLEN", "result", 65_000), ("list", "LB_GETTEXT", "text", "z" * 300, HUGE),
-    ("list", "LB_GETTOPINDEX", "result", -HUGE),
-    ("view", "LVM_SUBITEMHITTEST", "hit", HUGE, 4), ("view", "LVM_SUBITEMHITTEST", "hit", -7, 2), ("view", "LVM_GETITEMA", "result", 0),
-    ("view", "LVM_GETITEMA", "text", "y" * 300, 1), ("view", "LVM_GETITEMCOUNT", "result", -1),
-    ("text", "EM_LINELENGTH", "result", HUGE), ("text", "EM_LINELENGTH", "result", -5), ("text", "EM_CHARFROMPOS", "result", -2),
-    ("text", "EM_CHARFROMPOS", "result", HUGE), ("text", "EM_GETLINE", "text", "z" * 200, 5000), ("text", "EM_GETLINE", "result", -1),
-    ("text", "EM_GETLINE", "result", HUGE),
-    ("rich", "EM_CHARFROMPOS", "result", -1), ("rich", "EM_CHARFROMPOS", "result", HUGE), ("rich", "EM_LINELENGTH", "result", HUGE),
-    ("rich", "EM_LINEFROMCHAR", "result", -HUGE),
+    ("list", "LB_ITEMFROMPOINT", "result", -1), ("list", "LB_GETTEXTLEN", "result", HUGE), ("list", "LB_GETTEXTLEN", "result", -5),
+    ("list", "LB_GETTEXTLEN", "result", 65_000), ("list", "LB_GETTEXT", "text", "z" * 300, HUGE),
+    ("view", "LVM_SUBITEMHITTEST", "hit", HUGE, 4), ("view", "LVM_SUBITEMHITTEST", "hit", -7, 2),
+    ("view", "LVM_GETITEMA", "text", "y" * 300, 1),
+    ("text", "EM_LINELENGTH", "result", HUGE), ("text", "EM_LINELENGTH", "result", -5), ("text", "EM_CHARFROMPOS", "result", HUGE),
+    ("text", "EM_GETLINE", "text", "z" * 200, 5000), ("text", "EM_GETLINE", "result", -1),
+    ("rich", "EM_CHARFROMPOS", "result", HUGE), ("rich", "EM_LINELENGTH", "result", HUGE), ("rich", "EM_LINEFROMCHAR", "result", -HUGE),
     ("button", "WM_GETTEXTLENGTH", "result", HUGE), ("button", "WM_GETTEXTLENGTH", "result", -5), ("button", "WM_GETTEXT", "result", HUGE),
 )
 CHANGES = (("list", "LB_ITEMFROMPOINT", "items list"), ("list", "LB_GETTEXTLEN", 'items list "Much longer than the text before"'),
@@ -93,15 +90,18 @@ class HostileControls(Listening):
         self.delays.append((named - since) / 1e6)
         self.assertTrue(self.pointalk.running())
 
+    def stay_over(self, name, question, what):
+        """Over the control, from one of a list's rows to the next, until the answer is true."""
+        def moved():
+            self.go_over(name)
+            return question()
+
+        wait_until(moved, SOON, what, pause=0.05)
+
     def over(self, target, name, message):
         """Over the control until it was asked by that message, and on."""
         target.ask("reset")
-
-        def asked():
-            self.go_over(name)
-            return message in target.counts(name)
-
-        wait_until(asked, SOON, lambda: f"{message}: {target.counts(name)}", pause=0.05)
+        self.stay_over(name, lambda: message in target.counts(name), lambda: f"{message}: {target.counts(name)}")
         self.go_on()
 
     def read_all(self, target):
@@ -146,8 +146,8 @@ class HostileControls(Listening):
             with self.subTest(name, message=message):
                 target = self.make(name)
                 target.rule(name, message, "die")
-                self.go_over(name)
-                self.assertEqual(target.wait_for_end(SOON), 3)
+                self.stay_over(name, lambda: target.process.poll() is not None, "the program dies")
+                self.assertEqual(target.wait_for_end(), 3)
                 self.go_on()
         self.assert_named_soon()
 
@@ -180,8 +180,8 @@ class HostileControls(Listening):
         for name, message in HANGS[0].items():
             with self.subTest(name):
                 target.rule(name, message, "then", "destroy " + name)
-                self.go_over(name)
-                wait_until(lambda: name not in [window["name"] for window in target.ask("windows")["windows"]], SOON, name)
+                living = lambda: [window["name"] for window in target.ask("windows")["windows"]]
+                self.stay_over(name, lambda: name not in living(), f"{name} goes")
                 self.go_on()
         self.assertEqual(target.blocks().keys() - before, set())
         self.assert_named_soon()
