@@ -33,6 +33,9 @@ class Transcript {
 
   const std::string& text() const { return text_; }
 
+  // Forgets the lines so far; the room that they took is kept.
+  void Clear() { text_.clear(); }
+
  private:
   void Write(std::string_view word) { text_ += word; }
   void Write(const char* word) { text_ += word; }

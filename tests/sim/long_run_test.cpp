@@ -293,7 +293,7 @@ void LongDay::PutInOrder() {
 }
 
 std::string LongDay::Tour() {
-  machine.transcript = {};
+  machine.transcript.Clear();
   for (std::int32_t x = 15; x < 1024; x += kSlotWidth) {
     for (std::int32_t y = 15; y < 768; y += kSlotHeight / 2) {
       machine.pointer = {x, y};
@@ -327,7 +327,7 @@ TEST(LongRun, StaysAsItBegan) {
   while (day.ticks < wanted && !HasFatalFailure()) {
     for (int tick = 0; tick < 300; ++tick) day.Work();
     day.Rest();
-    day.simulated.machine.transcript = {};
+    day.simulated.machine.transcript.Clear();
     if (bytesAtATenth == 0 && day.ticks >= wanted / 10) {
       SecondTour(day);
       bytesAtATenth = LiveBytes();

@@ -54,6 +54,14 @@ TEST(Transcript, WritesTextsAsJsonStrings) {
   EXPECT_EQ(Line(Text(1, u'\xD800')), "x \"\xEF\xBF\xBD\"\n");
 }
 
+TEST(Transcript, ForgetsWhatItIsToldTo) {
+  Transcript transcript;
+  transcript.Add("x", 1);
+  transcript.Clear();
+  transcript.Add("x", 2);
+  EXPECT_EQ(transcript.text(), "x 2\n");
+}
+
 TEST(Transcript, WritesHexadecimalNumbersAndBareNames) {
   EXPECT_EQ(Line(Hexadecimal{0}), "x 0x0\n");
   EXPECT_EQ(Line(Hexadecimal{0xFFFFFFFF}), "x 0xffffffff\n");

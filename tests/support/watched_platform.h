@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <tuple>
 
 #include "platform/platform.h"
 
@@ -19,15 +20,20 @@ class Watcher {
   // After each call that was made.
   virtual void Leave() = 0;
 
+  // How often the call that was entered is made, at least once; the last time's result counts.
+  virtual int Times() { return 1; }
+
   // Makes a call, or gives what stands for its failure.
   template <class Result, class Call> Result Pass(const char* name, Result failure, Call call) {
     if (!Enter(name)) return failure;
+    for (int times = Times(); times > 1; --times) std::ignore = call();
     Result result = call();
     Leave();
     return result;
   }
   template <class Call> void Pass(const char* name, Call call) {
     Enter(name);
+    for (int times = Times(); times > 1; --times) call();
     call();
     Leave();
   }
