@@ -88,6 +88,7 @@ TEST(ReadNumber, IsInfiniteBeyondTheRangeAndZeroBelowIt) {
   EXPECT_EQ(ReadNumber(u"1e-400"), 0);
   EXPECT_EQ(ReadNumber(u"." + zeros + u"1"), 0);
   EXPECT_EQ(ReadNumber(u"0." + zeros + u"1e20"), 0);
+  EXPECT_EQ(ReadNumber(u"0." + zeros + u"1e+800"), kInfinite);
   EXPECT_EQ(ReadNumber(u"1e-99999999999999999999"), 0);
   EXPECT_EQ(ReadNumber(u"0e99999999999999999999"), 0);
   EXPECT_EQ(ReadNumber(zeros + u"." + zeros + u"e500"), 0);

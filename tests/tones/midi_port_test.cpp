@@ -67,6 +67,13 @@ TEST_F(MidiPortTest, SendsNothingToStopASilentChannel) {
   EXPECT_THAT(midi.sent, IsEmpty());
 }
 
+TEST_F(MidiPortTest, TakesTheFirstInstrument) {
+  port.SetChannelProgram(13, 200);
+  midi.TakeSent();
+  port.SetChannelProgram(13, 0);
+  EXPECT_THAT(midi.TakeSent(), ElementsAre(0xCDu));
+}
+
 TEST_F(MidiPortTest, TakesInstrumentsUpTo255) {
   port.SetChannelProgram(13, 200);
   port.SetChannelProgram(13, 200);
