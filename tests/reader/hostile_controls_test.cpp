@@ -2,16 +2,7 @@
 // beyond what was asked for, and something is said all the same.
 #include <gtest/gtest.h>
 
-#include <map>
-#include <vector>
-
-#include "reader/control_readers.h"
-#include "reader/edit_readers.h"
-#include "reader/list_box_reader.h"
-#include "reader/list_view_reader.h"
-#include "reader/menu_reader.h"
-#include "reader/messages.h"
-#include "tests/sim/simulated.h"
+#include "tests/reader/strange_controls.h"
 
 namespace pointalk {
 namespace {
@@ -21,100 +12,7 @@ constexpr std::int32_t kMost = 2147483647;
 constexpr std::int32_t kStrange[] = {kLeast, -65537, -65536, -2,    -1,    0,     1,
                                      2,      1028,   1029,   65535, 65536, 65537, kMost};
 
-// Answers each message with a number of the test's, and texts with what the test has.
-class StrangeMessages final : public ControlMessages {
- public:
-  std::optional<std::int32_t> Send(WindowHandle, std::uint32_t message, std::uint64_t,
-                                   std::uint64_t) override {
-    const auto answer = answers.find(message);
-    return answer == answers.end() ? 0 : answer->second;
-  }
-  std::optional<Text> WindowText(WindowHandle, std::int32_t capacity) override {
-    capacities.push_back(capacity);
-    return text;
-  }
-  std::optional<Text> EditLine(WindowHandle, std::int32_t, std::int32_t capacity) override {
-    capacities.push_back(capacity);
-    return text;
-  }
-  std::optional<Text> ListBoxText(WindowHandle, std::int32_t item, std::int32_t length) override {
-    items.push_back(item);
-    capacities.push_back(length);
-    return text;
-  }
-
-  std::map<std::uint32_t, std::optional<std::int32_t>> answers;
-  std::optional<Text> text;
-  std::vector<std::int32_t> capacities;  // that texts were asked for with
-  std::vector<std::int32_t> items;
-};
-
-// A menu and a process whose answers are the test's.
-class StrangeMenus final : public Menus {
- public:
-  MenuHandle MenuOf(WindowHandle) override { return 5; }
-  MenuHandle SubMenuOf(MenuHandle, int) override { return 6; }
-  bool IsMenu(MenuHandle) override { return true; }
-  std::int32_t ItemAt(WindowHandle, MenuHandle, Point) override { return item; }
-  std::int32_t ItemText(MenuHandle, std::int32_t, Text& buffer, int) override {
-    buffer = text;
-    return count;
-  }
-
-  std::int32_t item = 0;
-  std::int32_t count = 0;
-  Text text;
-};
-
-class HostileControls : public ::testing::Test {
- protected:
-  HostileControls() {
-    EXPECT_TRUE(simulated.platform.sapi5.Create());
-    engine.SetVoice(Engine::Object::kSapi5);
-    settings.mSapiVersion = 5;
-    description.mOfficialClassName = u"Strange";
-  }
-
-  std::string Heard() {
-    const std::string& all = simulated.transcript();
-    std::string fresh = all.substr(heard);
-    heard = all.size();
-    return fresh;
-  }
-  std::string HeardWords() {
-    const std::string fresh = Heard();
-    const auto last = fresh.rfind("speak 3 \"");
-    return last == std::string::npos ? "" : fresh.substr(last + 9, fresh.size() - last - 11);
-  }
-
-  sim::Simulated simulated{R"({"windows": [{"id": 2, "class": "Strange", "rect": [0, 0, 400, 400]}]})"};
-  sim::SimPlatform& seam = simulated.platform;
-  StrangeMessages messages;
-  StrangeMenus menus;
-  InputState input;
-  ObjectDescription description;
-  SpotHistory history;
-  DesktopWindows desktop;
-  VoiceSettings settings;
-  Engine engine{seam.sapi5, seam.sapi4};
-  Pronouncer pronouncer{seam.input, input, description};
-  Speaker speaker{seam.input, seam.panel, input, settings, engine, pronouncer};
-  SpokenDialogs dialogs{seam.dialogs, seam.panel, input, speaker};
-  MidiPort port{seam.midi, seam.panel, seam.system, dialogs};
-  DelayLoop delay{seam.clock};
-  EventSounds sounds{port, delay};
-  ObjectSpeech speech{description, history, pronouncer, speaker};
-  WindowTitle titles{messages, seam.windows};
-  ControlReaders controls{input, description, speech, titles, sounds};
-  ListBoxReader listBoxes{messages, seam.windows, speech, sounds};
-  ListViewReader listViews{
-      {messages, seam.windows, seam.memory, seam.ansi}, desktop, history, speaker, speech, titles, sounds};
-  EditWords words{description, speech};
-  EditReaders edits{{messages, seam.windows, seam.memory}, description, speech, controls, words};
-  MenuReader menuReader{menus, seam.windows, seam.memory, description, speech};
-  Spot spot{{10, 20}, 2};
-  std::size_t heard = 0;
-};
+using HostileControls = StrangeControls;
 
 TEST_F(HostileControls, TitleOfAnyLengthIsFetchedWithinBounds) {
   messages.text = u"Title";

@@ -159,6 +159,7 @@ std::string Answer(const CommandLine& line) {
       {L"windows",
        [](const CommandLine& asked) { return AnswerWindows(asked.Count() > 1 ? Window(asked) : nullptr); }},
       {L"focus", [](const CommandLine&) { return AnswerFocus(); }},
+      {L"resources", [](const CommandLine& asked) { return AnswerResources(Window(asked)); }},
       {L"clipboard", [](const CommandLine&) { return AnswerClipboard(); }},
       {L"place",
        [](const CommandLine& asked) { return AnswerPlace(Window(asked), target::ParseRect(asked.Word(2))); }},

@@ -19,6 +19,8 @@
 //   listtext HWND ITEM CAPACITY   LB_GETTEXT
 //   hit HWND X Y [keep=1]         LVM_SUBITEMHITTEST; keep leaves the record in the other process
 //   label HWND ITEM [capacity=N]  LVM_GETITEMA
+//   resources HWND                what its process holds: handles, windows, GDI and USER objects (0 where the
+//                                 system does not count these)
 //   character HWND X Y            EM_CHARFROMPOS with a record, as rich edits want it
 //   quit
 //
@@ -42,6 +44,9 @@ std::string AnswerObject(LONG x, LONG y);
 std::string AnswerWindows(HWND parent);
 std::string AnswerFocus();
 std::string AnswerPlace(HWND window, const RECT& rect);
+
+// The `resources` question.
+std::string AnswerResources(HWND window);
 
 // The `clipboard` question.
 std::string AnswerClipboard();

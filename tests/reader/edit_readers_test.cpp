@@ -1,0 +1,67 @@
+// What a text field is asked, and which of its answers counts.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/reader/strange_controls.h"
+
+namespace pointalk {
+namespace {
+
+using ::testing::ElementsAre;
+
+constexpr std::uint64_t Packed(std::uint32_t x, std::uint32_t y) { return y << 16U | x; }
+
+class EditReadersTest : public StrangeControls {
+ protected:
+  // The parameters of all messages of a kind.
+  std::vector<std::uint64_t> Asked(std::uint32_t message, std::uint64_t StrangeMessages::Sent::*parameter) {
+    std::vector<std::uint64_t> asked;
+    for (const auto& sent : messages.sent) {
+      if (sent.message == message) asked.push_back(sent.*parameter);
+    }
+    return asked;
+  }
+};
+
+TEST_F(EditReadersTest, LinesBeginThreePixelsFromTheEdge) {
+  messages.answers[kEmCharFromPos] = 0x10000;
+  messages.places[Packed(3, 24)] = 0x20009;  // another line, four pixels below
+  edits.ReadEditControl(spot);
+  EXPECT_THAT(Asked(kEmCharFromPos, &StrangeMessages::Sent::lParam),
+              ElementsAre(Packed(3, 20), Packed(3, 24), Packed(10, 20)));
+}
+
+TEST_F(EditReadersTest, TheLineUnderThePointerIsReadThoughItIsNotTheOneAtTheEdge) {
+  messages.places[Packed(3, 20)] = 0x20000;
+  messages.places[Packed(10, 20)] = 0x50000;
+  messages.answers[kEmLineLength] = 5;
+  messages.text = u"fifth";
+  edits.ReadEditControl(spot);
+  EXPECT_THAT(messages.lines, ElementsAre(5));
+}
+
+TEST_F(EditReadersTest, AFieldThatDoesNotAnswerIsTakenForItsBeginning) {
+  messages.answers[kEmCharFromPos] = std::nullopt;
+  messages.answers[kEmLineLength] = std::nullopt;
+  description.maccText = u"Beginning";
+  edits.ReadEditControl(spot);
+  EXPECT_THAT(Asked(kEmLineLength, &StrangeMessages::Sent::wParam), ElementsAre(0u));
+  EXPECT_EQ(HeardWords(), "Beginning");
+}
+
+TEST_F(EditReadersTest, ALineWithASingleNulIsNotUsed) {
+  messages.answers[kEmLineLength] = 3;
+  messages.text = u"ab";
+  description.maccText = u"All of it";
+  edits.ReadEditControl(spot);
+  EXPECT_EQ(HeardWords(), "All");
+}
+
+TEST_F(EditReadersTest, RichEditLeavesItsTextWithWholeLineEnds) {
+  description.maccText = u"one\rtwo";
+  edits.ReadRichEdit(spot);
+  EXPECT_EQ(description.maccText, u"one\r\ntwo");
+}
+
+}  // namespace
+}  // namespace pointalk

@@ -1,0 +1,39 @@
+// Whether a reader found something to say about the spot.
+#include <gtest/gtest.h>
+
+#include "tests/reader/strange_controls.h"
+
+namespace pointalk {
+namespace {
+
+using ReaderResults = StrangeControls;
+
+TEST_F(ReaderResults, AccessibleControlsAndButtons) {
+  EXPECT_FALSE(controls.ReadAccessibleControl(2)) << "nothing but the class";
+  description.maccText = u"Name";
+  EXPECT_TRUE(controls.ReadAccessibleControl(2));
+  description.maccName = u"Line up";
+  EXPECT_FALSE(controls.ReadAccessibleControl(2)) << "a scroll bar";
+  EXPECT_TRUE(controls.ReadButton(spot));
+  description.maccText.clear();
+  EXPECT_FALSE(controls.ReadButton(spot));
+  messages.answers[kWmGetTextLength] = 5;
+  messages.text = u"Title";
+  EXPECT_TRUE(controls.ReadButton(spot));
+}
+
+TEST_F(ReaderResults, ListBoxes) {
+  messages.answers[kLbItemFromPoint] = 0x10002;
+  EXPECT_FALSE(listBoxes.ReadListBox(spot)) << "outside the items";
+  messages.answers[kLbItemFromPoint] = 2;
+  messages.answers[kLbGetTextLen] = 3;
+  messages.text = Text(u"a\0b", 3);
+  EXPECT_FALSE(listBoxes.ReadListBox(spot)) << "no text but data";
+  EXPECT_FALSE(listBoxes.ReadListBox(spot)) << "the same item again";
+  messages.answers[kLbItemFromPoint] = 3;
+  messages.text = u"abc";
+  EXPECT_TRUE(listBoxes.ReadListBox(spot));
+}
+
+}  // namespace
+}  // namespace pointalk
