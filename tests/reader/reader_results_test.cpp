@@ -35,5 +35,10 @@ TEST_F(ReaderResults, ListBoxes) {
   EXPECT_TRUE(listBoxes.ReadListBox(spot));
 }
 
+TEST_F(ReaderResults, TheDesktopsOwnList) {
+  history.mOverDesktop = true;
+  EXPECT_FALSE(listViews.ReadListView(spot));
+}
+
 }  // namespace
 }  // namespace pointalk
