@@ -35,6 +35,14 @@ TEST_F(ReaderResults, ListBoxes) {
   EXPECT_TRUE(listBoxes.ReadListBox(spot));
 }
 
+TEST_F(ReaderResults, AListViewIsAskedForItsCountWithoutParameters) {
+  listViews.ReadListView(spot);
+  ASSERT_FALSE(messages.sent.empty());
+  EXPECT_EQ(messages.sent[0].message, kLvmGetItemCount);
+  EXPECT_EQ(messages.sent[0].wParam, 0u);
+  EXPECT_EQ(messages.sent[0].lParam, 0u);
+}
+
 TEST_F(ReaderResults, TheDesktopsOwnList) {
   history.mOverDesktop = true;
   EXPECT_FALSE(listViews.ReadListView(spot));

@@ -1,5 +1,5 @@
 """A listener who works for long: what the program holds of the system does not grow. By command only: POINTALK_LONG_TESTS
-is the number of minutes (POINTALK_LONG_TESTS=10 tools/run_unittests.py tests/win32 runs it among the others)."""
+is the number of minutes (POINTALK_LONG_TESTS=10 python3 -m unittest test_long_run, in this folder)."""
 
 import os
 import pathlib
