@@ -4,9 +4,9 @@
     tools/mutation_check.py [--count N | --full] [--seed N] [--headers] [--file PART] [--again] [ROOM...]
 
 Every room unless some are named; N (100) changes of each, chosen by the seed, or all of them. A change is caught when the
-rehearsals or pointalk_tests fail, crash, or run too long. What does not compile is not counted, nor what optimises to the same code.
-Headers are left out unless asked for: each costs a build of nearly everything. All happens on a copy of the tree in
-build/mutation; what survived is printed and kept there, and --again tries only that, after tests were added."""
+rehearsals or pointalk_tests fail, crash, or run too long. What does not compile is not counted, nor what optimises to the
+same code. Headers are left out unless asked for: each costs a build of nearly everything. All happens on a copy of the tree
+in build/mutation; what survived is printed and kept there, and --again tries only that, after tests were added."""
 
 import argparse
 import collections

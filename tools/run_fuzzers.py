@@ -30,8 +30,9 @@ def keep(program):
     seeds = SEEDS / program.name
     seeds.mkdir(parents=True, exist_ok=True)
     before = len(list(seeds.iterdir()))
-    subprocess.run([program, "-set_cover_merge=1", "-use_counters=0", "-max_len=256", seeds, found(program)], stdin=subprocess.DEVNULL,
-                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=600, check=True)
+    command = [program, "-set_cover_merge=1", "-use_counters=0", "-max_len=256", seeds, found(program)]
+    subprocess.run(command, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=600,
+                   check=True)
     return len(list(seeds.iterdir())) - before
 
 

@@ -1,0 +1,65 @@
+// What the menu reader leaves in the process that owns the menu.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "tests/reader/strange_controls.h"
+
+namespace pointalk {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::Pair;
+
+class WrittenMemory final : public RemoteMemory {
+ public:
+  int PointerBytes(ProcessId) override { return 8; }
+  RemoteAddress Allocate(ProcessId process, std::size_t bytes) override {
+    allocated.emplace_back(process, bytes);
+    return 0x1000;
+  }
+  bool Write(ProcessId, RemoteAddress, std::span<const std::byte> from) override {
+    written.assign(from.begin(), from.end());
+    return true;
+  }
+  bool Read(ProcessId, RemoteAddress, std::span<std::byte> to) override {
+    std::copy(written.begin(), written.end(), to.begin());
+    return true;
+  }
+  void Free(ProcessId, RemoteAddress) override {}
+
+  std::vector<std::pair<ProcessId, std::size_t>> allocated;
+  std::vector<std::byte> written;
+};
+
+class MenuReaderTest : public StrangeControls {
+ protected:
+  WrittenMemory memory;
+  MenuReader reader{menus, seam.windows, memory, description, speech};
+};
+
+TEST_F(MenuReaderTest, SendsBlanksWithAnEndAndReadsThemBack) {
+  menus.count = 4;
+  menus.text = u"Open";
+  EXPECT_TRUE(reader.ReadMenu(spot, false));
+  EXPECT_THAT(memory.allocated, ElementsAre(Pair(1u, 256u)));
+  std::vector<std::byte> expected(255, std::byte{' '});
+  expected.push_back(std::byte{0});
+  EXPECT_EQ(memory.written, expected);
+  EXPECT_EQ(HeardWords(), "Open menu");
+}
+
+TEST_F(MenuReaderTest, AsksForNoMemoryOfAProcessThatIsNotKnown) {
+  sim::WindowFields fields;
+  fields.id = 2;
+  fields.process = 0;
+  simulated.machine.desktop.Change(fields);
+  reader.ReadMenu(spot, false);
+  for (const auto& [process, bytes] : memory.allocated) EXPECT_EQ(process, 0u);
+}
+
+}  // namespace
+}  // namespace pointalk
