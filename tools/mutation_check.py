@@ -224,7 +224,7 @@ def main():
         share = 100 * counts["caught"] / max(counted, 1)
         print(f"{room}: {counts['caught']} of {counted} caught ({share:.1f} %), {counts['uncompilable']} did not compile, "
               f"{counts['same']} were the same code", flush=True)
-    SURVIVORS.write_text(json.dumps(survivors))
+        SURVIVORS.write_text(json.dumps(survivors))
 
 
 if __name__ == "__main__":

@@ -50,6 +50,16 @@ TEST(PollLoop, MeasuresAScreenThatHadNoSizeAtFirst) {
   }
 }
 
+TEST(Describing, CutsTheNameOfAClassAfter2046Characters) {
+  RunningProgram program(
+      R"({"machine": {"files": {"program\\status.txt": "running\r\n"}}, "windows": [{"id": 2, "class": ")" +
+      std::string(3000, 'k') + R"(", "rect": [0, 0, 100, 100]}]})");
+  program.machine.answers = {kAnswerYes, kAnswerOk};
+  program.Start();
+  program.MoveTo({50, 50});
+  EXPECT_EQ(program.machine.setup.files[u"program\\ClassName.txt"], Text(2046, u'k') + u"\r\n");
+}
+
 TEST(RunCycle, NoTickComesBeforeTheStartIsOver) {
   RunningProgram program;
   std::vector<bool> on;

@@ -27,12 +27,14 @@ class WrittenMemory final : public RemoteMemory {
   }
   bool Read(ProcessId, RemoteAddress, std::span<std::byte> to) override {
     std::copy(written.begin(), written.end(), to.begin());
+    if (changed) to[0] = std::byte{'X'};
     return true;
   }
   void Free(ProcessId, RemoteAddress) override {}
 
   std::vector<std::pair<ProcessId, std::size_t>> allocated;
   std::vector<std::byte> written;
+  bool changed = false;  // by its process
 };
 
 class MenuReaderTest : public StrangeControls {
@@ -50,6 +52,13 @@ TEST_F(MenuReaderTest, SendsBlanksWithAnEndAndReadsThemBack) {
   expected.push_back(std::byte{0});
   EXPECT_EQ(memory.written, expected);
   EXPECT_EQ(HeardWords(), "Open menu");
+}
+
+TEST_F(MenuReaderTest, TakesNoneOfTheBlockWhereTheItemHasNoText) {
+  memory.changed = true;
+  description.mOfficialClassName = u"Afx";
+  reader.ReadMenu(spot, false);
+  EXPECT_EQ(HeardWords(), "menu");
 }
 
 TEST_F(MenuReaderTest, AsksForNoMemoryOfAProcessThatIsNotKnown) {
