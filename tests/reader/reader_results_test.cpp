@@ -43,6 +43,18 @@ TEST_F(ReaderResults, AListViewIsAskedForItsCountWithoutParameters) {
   EXPECT_EQ(messages.sent[0].lParam, 0u);
 }
 
+TEST_F(ReaderResults, ATitleIsAskedForInItsOwnLength) {
+  sim::WindowFields fields;
+  fields.id = 2;
+  fields.title = u"Own";
+  simulated.machine.desktop.Change(fields);
+  messages.answers[kWmGetTextLength] = 3;
+  EXPECT_EQ(titles.GetWindowTitle(2), u"Own");
+  ASSERT_FALSE(messages.sent.empty());
+  EXPECT_EQ(messages.sent[0].wParam, 0u);
+  EXPECT_EQ(messages.sent[0].lParam, 0u);
+}
+
 TEST_F(ReaderResults, TheDesktopsOwnList) {
   history.mOverDesktop = true;
   EXPECT_FALSE(listViews.ReadListView(spot));

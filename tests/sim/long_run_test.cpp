@@ -9,11 +9,9 @@
 #define __SANITIZE_ADDRESS__  // as gcc calls it
 #endif
 #endif
-#ifdef __SANITIZE_ADDRESS__
-#include <sanitizer/allocator_interface.h>
-#endif
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdlib>
 #include <iostream>
 #include <iterator>
@@ -25,6 +23,11 @@
 
 #include "app/mouse.h"
 #include "tests/sim/simulated.h"
+
+#ifdef __SANITIZE_ADDRESS__
+// From the sanitizers' allocator_interface.h, which gcc leaves out.
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
+#endif
 
 namespace pointalk::sim {
 namespace {
