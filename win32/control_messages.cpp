@@ -12,8 +12,9 @@ namespace pointalk::win32 {
 namespace {
 
 constexpr UINT kLimit = 100;  // milliseconds
-constexpr ULONGLONG kLeftLimit =
-    60;  // milliseconds, of all that a thread is asked once the pointer has left it
+
+// Milliseconds, for all that a thread is asked once the pointer has left it.
+constexpr ULONGLONG kLeftLimit = 60;
 
 // Messages that other programs send to us are let in while we wait: one that sends us something while it
 // answers would otherwise wait for us, and we for it, to the end of the limit.

@@ -1,5 +1,7 @@
 #include "win32/panel.h"
 
+#include <climits>
+
 #include "win32/late_procedure.h"
 #include "win32/mouse_reports.h"
 #include "win32/panel_commands.h"
@@ -39,6 +41,25 @@ void RegisterPanelClass(WNDPROC procedure) {
   panel.lpszClassName = kClassName;
   RegisterClassExW(&panel);  // a second panel in one process finds it there
 }
+
+// Whether keys and mouse belong to a loop of the system's own now: an open menu's, a window's that is moved.
+bool SystemTakesInput() {
+  GUITHREADINFO thread{};
+  thread.cbSize = sizeof thread;
+  constexpr DWORD kOwnLoops = GUI_INMENUMODE | GUI_SYSTEMMENUMODE | GUI_POPUPMENUMODE | GUI_INMOVESIZE;
+  return GetGUIThreadInfo(GetCurrentThreadId(), &thread) != FALSE && (thread.flags & kOwnLoops) != 0;
+}
+
+// The next message that waits. What would be lost on us stays for the loop that it is meant for, characters
+// of keys that are handled already included.
+bool TakeMessage(MSG& message) {
+  if (!SystemTakesInput()) return PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE;
+  constexpr UINT kHow = PM_REMOVE | PM_QS_POSTMESSAGE | PM_QS_PAINT | PM_QS_SENDMESSAGE;
+  return PeekMessageW(&message, nullptr, WM_NULL, WM_KEYFIRST - 1, kHow) != FALSE ||
+         PeekMessageW(&message, nullptr, WM_KEYLAST + 1, UINT_MAX, kHow) != FALSE;
+}
+
+bool IsBox(HWND window) { return GetClassLongW(window, GCW_ATOM) == LOWORD(WC_DIALOG); }
 
 bool TellsTheForm(UINT message) {
   return message == WM_TIMER || message == kMouseReport || message == WM_COMMAND || message == WM_LBUTTONUP ||
@@ -131,10 +152,11 @@ void WinPanel::TellCommand(UINT command) {
   if (const Handler handler = HandlerOf(command)) events_->OnCommand(handler);
 }
 
+// A box has a loop of its own, but what comes while that waits for a tick has to be handed on as well as there.
 void WinPanel::HandOn(MSG& message) {
-  const bool ours = message.hwnd == window_ || IsChild(window_, message.hwnd);
-  if (ours && TranslateAcceleratorW(window_, keys_.get(), &message) != 0) return;
-  if (ours && IsDialogMessageW(window_, &message)) return;
+  const HWND top = GetAncestor(message.hwnd, GA_ROOT);
+  if (top == window_ && TranslateAcceleratorW(window_, keys_.get(), &message) != 0) return;
+  if ((top == window_ || IsBox(top)) && IsDialogMessageW(top, &message)) return;
   TranslateMessage(&message);
   DispatchMessageW(&message);
 }
@@ -146,7 +168,7 @@ void WinPanel::Run() {
 
 void WinPanel::LetMessagesRun() {
   MSG message;
-  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+  while (TakeMessage(message)) {
     if (message.message == WM_QUIT) return PostQuitMessage(static_cast<int>(message.wParam));  // for Run
     HandOn(message);
   }

@@ -3,7 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <functional>
 #include <thread>
+#include <utility>
+#include <vector>
 
 #include "app/mouse.h"
 #include "tests/contract/win32/win_world.h"
@@ -16,6 +19,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr ULONGLONG kPatience = 5000;  // milliseconds
+constexpr int kMostTicks = 160;        // as long
 
 class PanelTest : public testing::Test {
  protected:
@@ -30,6 +34,33 @@ class PanelTest : public testing::Test {
   void Press(std::initializer_list<int> keys) {
     for (const int key : keys) PressKey(key, true);
     for (auto key = std::rbegin(keys); key != std::rend(keys); ++key) PressKey(*key, false);
+  }
+
+  // Presses a key in the middle of a tick, which lets messages run then.
+  bool LetRunWith(int key) {
+    Press({key});
+    seam_.LetMessagesRun();
+    return true;
+  }
+
+  // Takes one step each tick, again and again until it is done; gives up by closing what is open.
+  void DuringTicks(std::vector<std::function<bool()>> steps) {
+    world_.duringTick = [this, steps = std::move(steps), step = std::size_t{0}, busy = false]() mutable {
+      if (busy || step == steps.size()) return;
+      busy = true;  // a step that lets messages run lets ticks in
+      if (steps[step]()) ++step;
+      busy = false;
+      if (world_.ticks < kMostTicks) return;
+      EndMenu();
+      PostMessageW(OwnDialog(), WM_CLOSE, 0, 0);
+    };
+    seam_.SetTimerEnabled(true);
+  }
+
+  static bool InMenu() {
+    GUITHREADINFO thread{};
+    thread.cbSize = sizeof thread;
+    return GetGUIThreadInfo(GetCurrentThreadId(), &thread) != FALSE && (thread.flags & GUI_INMENUMODE) != 0;
   }
 
   bool HeardCommands(std::size_t count) {
@@ -140,6 +171,24 @@ TEST_F(PanelTest, ItsMenusAreReachedByKeys) {
   Press({'X'});
   EXPECT_TRUE(HeardCommands(1));
   EXPECT_THAT(world_.commands, ElementsAre(&Mouse::mnuFileExit_Click));
+}
+
+// A tick lets messages run when the tones end, whatever loop it came in.
+TEST_F(PanelTest, KeysThatComeDuringATickReachTheOpenMenu) {
+  Show();
+  DuringTicks({[] { return InMenu(); }, [this] { return LetRunWith(VK_DOWN); },
+               [this] { return Press({VK_RETURN}), true; }});
+  PostMessageW(panel_, WM_SYSCOMMAND, SC_KEYMENU, 'f');
+  EXPECT_TRUE(HeardCommands(1));
+  EXPECT_THAT(world_.commands, ElementsAre(&Mouse::mnuFileExit_Click)) << "the second entry";
+}
+
+TEST_F(PanelTest, KeysThatComeDuringATickReachTheOpenBox) {
+  Show();
+  DuringTicks({[] { return OwnDialog() != nullptr && GetForegroundWindow() == OwnDialog(); },
+               [this] { return LetRunWith(VK_TAB); }, [this] { return LetRunWith(VK_RETURN); },
+               [] { return PostMessageW(OwnDialog(), WM_COMMAND, IDYES, 0), true; }});
+  EXPECT_EQ(world_.platform.dialogs.AskByBox(u"Go on?", u"Pointalk", kBoxYesNo), kAnswerNo);
 }
 
 TEST_F(PanelTest, TheTimerTicksWhileItIsSwitchedOn) {

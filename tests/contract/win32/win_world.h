@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <map>
 
 #include "tests/contract/win32/child_program.h"
@@ -62,8 +63,14 @@ class WinWorld final : public World, private win32::PanelEvents {
   std::vector<Handler> commands;
   std::vector<int> mouseReports;
 
+  // What else a tick does, where a test wants it.
+  std::function<void()> duringTick;
+
  private:
-  void OnTick() override { ++ticks; }
+  void OnTick() override {
+    ++ticks;
+    if (duringTick) duringTick();
+  }
   void OnMouse(std::int32_t message) override { mouseReports.push_back(message); }
   void OnClick() override { ++clicks; }
   void OnCommand(Handler handler) override { commands.push_back(handler); }
