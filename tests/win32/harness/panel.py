@@ -1,7 +1,5 @@
 """Pointalk's control panel and the boxes that it asks with, by keys alone."""
 
-import contextlib
-
 from .waiting import wait_until
 
 PANEL_CLASS = "PointalkPanel"
@@ -26,7 +24,6 @@ MENU_FRAME = 3   # pixels around a menu's entries
 MARK_WIDTH = 14  # pixels before an entry's text
 
 LIMIT = 40      # seconds
-TRIES = 4
 
 
 class Panel:
@@ -145,18 +142,10 @@ class Panel:
             else:
                 self._hand.tap("BackSpace")
             keys = (*keys, "Return")
-        self._tap_until_gone(window, *keys)
+        self._hand.aim(window["title"])
+        self._hand.tap(*keys)
+        wait_until(lambda: self.focus()["window"]["hwnd"] != window["hwnd"], LIMIT, f"the box {title!r} is gone after {keys}")
         return window
-
-    def _tap_until_gone(self, window, *keys):
-        """On a busy machine Wine may lose keys even of the window that has them."""
-        gone = lambda: self.focus()["window"]["hwnd"] != window["hwnd"]
-        for _ in range(TRIES):
-            self._hand.aim(window["title"])
-            self._hand.tap(*keys)
-            with contextlib.suppress(AssertionError):
-                return wait_until(gone, LIMIT / TRIES, "")
-        raise AssertionError(f"the box {window['title']!r} stays after {TRIES} times {keys}")
 
     def quit(self, pointalk):
         """Leaves by File, Exit and waits for the end."""
