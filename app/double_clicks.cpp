@@ -1,3 +1,4 @@
+// Compares each press with the one before.
 #include "app/double_clicks.h"
 
 #include <cstdlib>

@@ -12,7 +12,7 @@ namespace pointalk {
 void Help::Instruct() {
   // Respelt for the engine's ear only; the box shows the word as it is.
   speaker.SpeakRaw(Replaced(kInstructions, u"navigational", u"navigeighshnl"));
-  std::ignore = dialogs.AskByBox(kInstructions, kInstructionsTitle, kBoxOk);
+  std::ignore = dialogs.AskByBox(kInstructions, u"Pointalk Instructions", kBoxOk);
   speaker.SpeakAndWait(kThanks);
 }
 

@@ -1,4 +1,4 @@
-// Longer texts that the program says and shows in more than one place.
+// Longer texts, and what the program says in more than one place.
 #pragma once
 
 #include "platform/text.h"
@@ -12,8 +12,6 @@ inline constexpr TextView kRightsStatement =
 inline constexpr TextView kGreeting = u"Hello, and welcome to Pointalk, the Audio Mouse \"Driver\".  ";
 
 inline constexpr TextView kThanks = u"thank you";
-
-inline constexpr TextView kInstructionsTitle = u"Pointalk Instructions";
 
 // What the tones and keys do. The horizontal tone is in truth the higher one; the text has always said so.
 inline constexpr TextView kInstructions =

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Turns what pointalk_bench measured into a table and into plots of the growth.
 
-    pointalk_bench --benchmark_repetitions=7 --benchmark_out=FILE --benchmark_out_format=json
+    pointalk_bench --benchmark_repetitions=9 --benchmark_out=FILE --benchmark_out_format=json
     tools/draw_figures.py FILE [FOLDER]
 
 Prints the table as docs/figures.md has it, and writes the plots to FOLDER, docs/figures unless given. Of the repetitions the
