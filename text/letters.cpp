@@ -47,8 +47,6 @@ Text ToUpper(TextView text) {
   return raised;
 }
 
-bool IsLetter(char16_t character) { return ToUpper(character) != ToLower(character); }
-
 bool IsCapital(char16_t character) { return ToLower(character) != character; }
 
 }  // namespace pointalk

@@ -11,9 +11,6 @@ char16_t ToLower(char16_t character);
 Text ToLower(TextView text);
 Text ToUpper(TextView text);
 
-// A character with an upper and a lower form.
-bool IsLetter(char16_t character);
-
 // A character that has a lower form of its own.
 bool IsCapital(char16_t character);
 

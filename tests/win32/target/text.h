@@ -38,7 +38,6 @@ class CommandLine {
  public:
   explicit CommandLine(std::string_view line);
 
-  bool Empty() const { return mWords.empty(); }
   std::size_t Count() const { return mWords.size(); }
   // Throws CommandError when there is no such word or option.
   const std::wstring& Word(std::size_t index) const;
