@@ -152,7 +152,8 @@ void WinPanel::TellCommand(UINT command) {
   if (const Handler handler = HandlerOf(command)) events_->OnCommand(handler);
 }
 
-// A box has a loop of its own, but what comes while that waits for a tick has to be handed on as well as there.
+// A box has a loop of its own, but what comes while that waits for a tick has to be handed on as well as
+// there.
 void WinPanel::HandOn(MSG& message) {
   const HWND top = GetAncestor(message.hwnd, GA_ROOT);
   if (top == window_ && TranslateAcceleratorW(window_, keys_.get(), &message) != 0) return;
