@@ -17,6 +17,7 @@ namespace {
 
 constexpr int kClipboardAttempts = 10;
 constexpr DWORD kAttemptPause = 20;  // milliseconds
+constexpr UINT kOwnerLimit = 100;    // milliseconds
 constexpr TextView kMailLink = u"mailto:";
 
 // Another program may have the clipboard open for a moment.
@@ -46,6 +47,15 @@ bool Open(HWND owner, const std::string& operation, const std::string& file, con
   return reinterpret_cast<std::intptr_t>(outcome) > 32;
 }
 
+// Whether the window whose content is on the clipboard would let go of it in time: the system tells it, and
+// waits for it.
+bool OwnerAnswers() {
+  const HWND owner = GetClipboardOwner();
+  DWORD_PTR unused = 0;
+  return owner == nullptr || !IsWindow(owner) ||
+         SendMessageTimeoutW(owner, WM_NULL, 0, 0, SMTO_NORMAL | SMTO_ABORTIFHUNG, kOwnerLimit, &unused) != 0;
+}
+
 }  // namespace
 
 std::optional<SystemVersion> WinSystem::Version() {
@@ -70,7 +80,7 @@ Text WinSystem::ShortPath(TextView path, int capacity) {
 
 bool WinSystem::SetClipboard(TextView text) {
   auto memory = GlobalCopy(Wide(ThroughAnsi(text)));
-  if (!memory || !OpenClipboardSoon(form_)) return false;
+  if (!memory || !OwnerAnswers() || !OpenClipboardSoon(form_)) return false;
   const bool set = EmptyClipboard() && SetClipboardData(CF_UNICODETEXT, memory.get()) != nullptr;
   if (set) std::ignore = memory.release();  // the system's now
   CloseClipboard();

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <semaphore>
+#include <thread>
 
 #include "reader/messages.h"
 #include "tests/contract/win32/win_world.h"
@@ -46,6 +48,28 @@ class HangTest : public testing::Test {
   WindowHandle hung_ = world_.Window("hung");
   WindowHandle other_ = 0;
 };
+
+// Emptying the clipboard tells its owner, and waits for it.
+TEST_F(HangTest, AClipboardWhoseOwnerHangsIsLeftAlone) {
+  std::binary_semaphore copied(0), mayAnswer(0);
+  std::thread hung([&] {
+    const HWND owner =
+        CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    OpenClipboard(owner);
+    EmptyClipboard();
+    CloseClipboard();
+    copied.release();
+    mayAnswer.acquire();
+    DestroyWindow(owner);
+  });
+  copied.acquire();
+  const ULONGLONG begin = GetTickCount64();
+  EXPECT_FALSE(world_.platform.system.SetClipboard(u"a report"));
+  EXPECT_LT(GetTickCount64() - begin, 2000U);
+  mayAnswer.release();
+  hung.join();
+  EXPECT_TRUE(world_.platform.system.SetClipboard(u"a report"));
+}
 
 TEST_F(HangTest, AThreadThatHangsIsAskedOnceAndAgainWhenItAnswers) {
   world_.Tell("reset");
