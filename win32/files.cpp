@@ -16,8 +16,8 @@ constexpr LONGLONG kLargestFile = 16 * 1024 * 1024;  // bytes
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
 // Searchers and virus scanners hold a file for a moment after it was written.
-constexpr int kReplaceAttempts = 4;
-constexpr DWORD kAttemptPause = 10;  // milliseconds
+constexpr int kReplaceAttempts = 16;
+constexpr DWORD kAttemptPause = 20;  // milliseconds
 
 std::wstring WholePath(FilePath path) {
   if (path.folder == Folder::kCurrent) return Wide(path.name);
@@ -38,13 +38,18 @@ bool WriteAll(const std::wstring& path, DWORD access, DWORD how, const std::stri
          written == bytes.size() && FlushFileBuffers(file.get());
 }
 
+bool IsReadOnly(const std::wstring& path) {
+  const DWORD attributes = GetFileAttributesW(path.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+}
+
 bool Replace(const std::wstring& from, const std::wstring& to) {
   for (int attempt = 1;; ++attempt) {
     if (MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
       return true;
     const DWORD error = GetLastError();
     const bool mayBeHeld = error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED;
-    if (!mayBeHeld || attempt == kReplaceAttempts) return false;
+    if (!mayBeHeld || attempt == kReplaceAttempts || IsReadOnly(to)) return false;
     Sleep(kAttemptPause);
   }
 }
