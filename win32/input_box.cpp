@@ -18,7 +18,7 @@ constexpr int kButtonHeight = 14;
 
 // A dialog without controls, in the memory layout that the system reads: no menu, the system's class, no
 // title, and then the font.
-struct Template {
+struct alignas(DWORD) Template {
   DLGTEMPLATE header;
   WORD menu;
   WORD windowClass;

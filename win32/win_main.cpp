@@ -32,6 +32,7 @@ class FormEvents final : public PanelEvents {
 
 void RunPointalk() {
   LeaveSystemFolder();
+  DisableProcessWindowsGhosting();  // while a long sentence is spoken the panel is silent, not hung
   RefuseThrottling();
   const ComThread com(COINIT_APARTMENTTHREADED);
   WinPlatform platform;
