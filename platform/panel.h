@@ -19,7 +19,7 @@ class Panel {
   virtual bool MenuChecked(TextView name) = 0;
   virtual void SetMenuChecked(TextView name, bool checked) = 0;
 
-  // Lets window messages that are waiting be handled; events of the form may run inside.
+  // Lets window messages that are waiting be handled; events of the form may run inside, one tick at most.
   virtual void LetMessagesRun() = 0;
 };
 

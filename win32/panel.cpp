@@ -61,9 +61,8 @@ bool TakeMessage(MSG& message) {
 
 bool IsBox(HWND window) { return GetClassLongW(window, GCW_ATOM) == LOWORD(WC_DIALOG); }
 
-bool TellsTheForm(UINT message) {
-  return message == WM_TIMER || message == kMouseReport || message == WM_COMMAND || message == WM_LBUTTONUP ||
-         message == WM_CLOSE;
+bool MayTakeLong(UINT message) {
+  return message == WM_COMMAND || message == WM_LBUTTONUP || message == WM_CLOSE || message == WM_SYSCOMMAND;
 }
 
 }  // namespace
@@ -83,7 +82,8 @@ WinPanel::~WinPanel() { DestroyWindow(window_); }
 
 // The frame is taken from the window itself, whose menu may need a second line.
 void WinPanel::Fit(POINT place) {
-  const SIZE inside = controls_->Arrange(DpiOf(window_));
+  dpi_ = DpiOf(window_);
+  const SIZE inside = controls_->Arrange(dpi_);
   SetWindowPos(window_, nullptr, place.x, place.y, inside.cx * 2, inside.cy * 2,
                SWP_NOZORDER | SWP_NOACTIVATE);
   RECT whole, client;
@@ -97,9 +97,8 @@ LRESULT CALLBACK WinPanel::OnMessage(HWND window, UINT message, WPARAM wParam, L
   auto* const panel = reinterpret_cast<WinPanel*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (panel == nullptr) return DefWindowProcW(window, message, wParam, lParam);
   // Another program that presses a button waits until the press is handled, and a command may ask the user
-  // and speak for minutes: it becomes an event of its own. For the same reason no event comes in while we
-  // wait for others.
-  if (TellsTheForm(message) && InSendMessage()) {
+  // and speak for minutes, or a menu stay open: it becomes an event of its own.
+  if (MayTakeLong(message) && InSendMessage()) {
     PostMessageW(window, message, wParam, lParam);
     return 0;
   }
@@ -131,11 +130,16 @@ std::optional<LRESULT> WinPanel::HandleWindow(UINT message, WPARAM wParam, LPARA
       return 0;
     case WM_SYSCOMMAND: KeepFocus(); return std::nullopt;
     case WM_SETFOCUS: SetFocus(focus_); return 0;
-    case WM_SIZE:  // a control of a minimised window could not be given the keyboard
-      if (wParam != SIZE_MINIMIZED && GetFocus() == window_) SetFocus(focus_);
+    case WM_SIZE: {
+      if (wParam == SIZE_MINIMIZED) return std::nullopt;
+      if (GetFocus() == window_) SetFocus(focus_);  // a minimised window's could not be given the keyboard
+      RECT place{};
+      if (DpiOf(window_) != dpi_ && GetWindowRect(window_, &place)) Fit({place.left, place.top});
       return std::nullopt;
+    }
     case DM_GETDEFID: return MAKELONG(GetDlgCtrlID(controls_->FirstButton()), DC_HASDEFID);
     case WM_DPICHANGED: {
+      if (IsIconic(window_)) return 0;  // what is suggested then is a place for the icon
       const RECT& suggested = *reinterpret_cast<const RECT*>(lParam);
       Fit({suggested.left, suggested.top});
       return 0;
@@ -157,7 +161,8 @@ void WinPanel::TellCommand(UINT command) {
 void WinPanel::HandOn(MSG& message) {
   const HWND top = GetAncestor(message.hwnd, GA_ROOT);
   if (top == window_ && TranslateAcceleratorW(window_, keys_.get(), &message) != 0) return;
-  if ((top == window_ || IsBox(top)) && IsDialogMessageW(top, &message)) return;
+  const bool hasControls = top == window_ ? !IsIconic(window_) : IsBox(top);
+  if (hasControls && IsDialogMessageW(top, &message)) return;
   TranslateMessage(&message);
   DispatchMessageW(&message);
 }
@@ -167,11 +172,14 @@ void WinPanel::Run() {
   while (GetMessageW(&message, nullptr, 0, 0) > 0) HandOn(message);
 }
 
+// A tick comes after everything else, and where each takes longer than they are apart the next is due
+// already.
 void WinPanel::LetMessagesRun() {
   MSG message;
   while (TakeMessage(message)) {
     if (message.message == WM_QUIT) return PostQuitMessage(static_cast<int>(message.wParam));  // for Run
     HandOn(message);
+    if (message.message == WM_TIMER) return;
   }
 }
 

@@ -52,6 +52,7 @@ class WinPanel final : public Panel {
   HMENU menu_ = nullptr;  // the window's
   OwnedAccelerators keys_;
   std::optional<PanelControls> controls_;
+  UINT dpi_ = 0;          // that it was laid out for
   HWND focus_ = nullptr;  // the control that had the keyboard when the window last lost it
   PanelEvents* events_ = nullptr;
 

@@ -210,6 +210,24 @@ TEST_F(PanelTest, TicksThatWereMissedDoNotQueueUp) {
   EXPECT_LE(world_.ticks, 2);
 }
 
+TEST_F(PanelTest, TicksThatTakeLongerThanTheyAreApartLetTheProgramGoOn) {
+  seam_.SetTimerEnabled(true);
+  world_.duringTick = [&] {
+    Sleep(60);
+    if (world_.ticks == 20) seam_.SetTimerEnabled(false);
+  };
+  Sleep(60);
+  seam_.LetMessagesRun();
+  EXPECT_EQ(world_.ticks, 1);
+}
+
+TEST_F(PanelTest, EnterPressesNothingOnTheMinimisedWindow) {
+  Show();
+  seam_.Minimise();
+  PostMessageW(panel_, WM_KEYDOWN, VK_RETURN, 0);
+  EXPECT_FALSE(world_.RunUntil([&] { return !world_.commands.empty(); }, 200));
+}
+
 TEST_F(PanelTest, TheTimerTicksWhileTheWindowIsMinimised) {
   seam_.Minimise();
   EXPECT_TRUE(IsIconic(panel_));
@@ -255,6 +273,16 @@ TEST_F(PanelTest, ACommandThatAnotherThreadSendsBecomesAnEventOfItsOwn) {
   EXPECT_THAT(world_.commands, IsEmpty());
   EXPECT_TRUE(HeardCommands(1));
   EXPECT_THAT(world_.commands, ElementsAre(&Mouse::cmdVoiceSam_Click));
+}
+
+// Nor may it wait until a menu is closed, whose loop would hear nothing else meanwhile.
+TEST_F(PanelTest, AMenuThatAnotherThreadOpensLetsTicksAndKeysIn) {
+  Show();
+  std::thread other([&] { SendMessageW(panel_, WM_SYSCOMMAND, SC_KEYMENU, 'f'); });
+  DuringTicks({[] { return InMenu(); }, [this] { return Press({VK_RETURN}), true; }});
+  EXPECT_TRUE(HeardCommands(1));
+  other.join();
+  EXPECT_THAT(world_.commands, ElementsAre(&Mouse::mnuFileMinimize_Click));
 }
 
 }  // namespace
