@@ -47,7 +47,7 @@ endif()
 
 find_package(benchmark QUIET)
 option(POINTALK_BENCH "Build the benchmarks (needs Google Benchmark)" ${benchmark_FOUND})
-pointalk_glob(bench_sources tests/bench/*_bench.cpp tests/support/*.cpp)
+pointalk_glob(bench_sources tests/bench/*_bench.cpp tests/support/*.cpp tests/sim/simulated.cpp)
 if(POINTALK_BENCH AND bench_sources)
   find_package(benchmark REQUIRED)
   pointalk_program(pointalk_bench SOURCES ${bench_sources} LIBRARIES pointalk_sim benchmark::benchmark_main)

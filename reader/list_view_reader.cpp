@@ -42,7 +42,7 @@ ListViewHit ListViewReader::HitTest(const Spot& spot) {
   hit.client = seam.windows.ToClient(spot.window, spot.pointer).value_or(spot.pointer);
   std::ignore = seam.messages.Send(spot.window, kLvmGetItemCount, 0, 0);  // nothing depends on the count
   const ProcessId process = seam.windows.ProcessOf(spot.window).value_or(0);
-  HitTestRecord record(hit, process == 0 ? 4 : seam.memory.PointerBytes(process));
+  HitTestRecord record(hit, seam.memory.PointerBytes(process));
   RemoteBlock remote(seam.memory, process, record.Bytes().size());
   if (remote.Write(record.Bytes())) {
     std::ignore = seam.messages.Send(spot.window, kLvmSubItemHitTest, 0, remote.Address());

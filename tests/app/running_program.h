@@ -14,37 +14,22 @@ namespace pointalk {
 class RunningProgram final : private testing::Watcher {
  public:
   // The script gives the machine, its windows and objects; the program is started at once.
-  explicit RunningProgram(std::string_view script = "{}") : simulated(script), mouse(watched.Get()) {
-    machine.setup.files[u"current\\DidWarn.flg"] = u"x";
-  }
+  explicit RunningProgram(std::string_view script = "{}");
+  ~RunningProgram();
+  RunningProgram(const RunningProgram&) = delete;
+  RunningProgram& operator=(const RunningProgram&) = delete;
 
-  void Start() {
-    mouse.Form_Load();
-    Heard();
-  }
+  void Start();
 
   // Ticks of the poll timer as far as it is on.
-  void Tick(int times = 1) {
-    for (int i = 0; i < times; ++i) {
-      machine.Pass(30'000);
-      if (TimerEnabled()) mouse.Timer1_Timer();
-    }
-  }
-  void MoveTo(Point place) {
-    machine.pointer = place;
-    Tick();
-  }
+  void Tick(int times = 1);
+  void MoveTo(Point place);
   void Hold(int virtualKey, bool down) { machine.keys[static_cast<std::size_t>(virtualKey)].down = down; }
 
   bool TimerEnabled() { return simulated.platform.panel.TimerEnabled(); }
 
   // What the program did since this was last asked for, one line for each effect.
-  std::string Heard() {
-    const std::string& all = simulated.transcript();
-    std::string fresh = all.substr(heard);
-    heard = all.size();
-    return fresh;
-  }
+  std::string Heard();
 
   std::function<void(std::string_view call)> before = [](std::string_view) {};
 

@@ -8,6 +8,7 @@ namespace pointalk {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
 constexpr std::uint64_t Packed(std::uint32_t x, std::uint32_t y) { return y << 16U | x; }
 
@@ -46,7 +47,14 @@ TEST_F(EditReadersTest, AFieldThatDoesNotAnswerIsTakenForItsBeginning) {
   description.maccText = u"Beginning";
   edits.ReadEditControl(spot);
   EXPECT_THAT(Asked(kEmLineLength, &StrangeMessages::Sent::wParam), ElementsAre(0u));
+  EXPECT_THAT(messages.lines, IsEmpty());
   EXPECT_EQ(HeardWords(), "Beginning");
+}
+
+TEST_F(EditReadersTest, ALineWithoutACharacterIsNotFetched) {
+  messages.answers[kEmLineLength] = 0;
+  edits.ReadEditControl(spot);
+  EXPECT_THAT(messages.lines, IsEmpty());
 }
 
 TEST_F(EditReadersTest, ALineWithASingleNulIsNotUsed) {

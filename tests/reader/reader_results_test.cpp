@@ -33,6 +33,8 @@ TEST_F(ReaderResults, ListBoxes) {
   messages.answers[kLbItemFromPoint] = 3;
   messages.text = u"abc";
   EXPECT_TRUE(listBoxes.ReadListBox(spot));
+  messages.answers[kLbItemFromPoint] = 0xFFFF;
+  EXPECT_TRUE(listBoxes.ReadListBox(spot)) << "the last item that the answer has room for";
 }
 
 TEST_F(ReaderResults, AListViewIsAskedForItsCountWithoutParameters) {
@@ -54,6 +56,8 @@ TEST_F(ReaderResults, ATitleIsAskedForInItsOwnLength) {
   EXPECT_EQ(messages.sent[0].wParam, 0u);
   EXPECT_EQ(messages.sent[0].lParam, 0u);
 }
+
+TEST_F(ReaderResults, AListWithoutAHolder) { EXPECT_FALSE(listViews.ReadListView(spot)); }
 
 TEST_F(ReaderResults, TheDesktopsOwnList) {
   history.mOverDesktop = true;

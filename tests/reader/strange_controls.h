@@ -75,24 +75,12 @@ class StrangeMenus final : public Menus {
 
 class StrangeControls : public ::testing::Test {
  protected:
-  StrangeControls() {
-    EXPECT_TRUE(simulated.platform.sapi5.Create());
-    engine.SetVoice(Engine::Object::kSapi5);
-    settings.mSapiVersion = 5;
-    description.mOfficialClassName = u"Strange";
-  }
+  StrangeControls();
+  ~StrangeControls() override;
 
-  std::string Heard() {
-    const std::string& all = simulated.transcript();
-    std::string fresh = all.substr(heard);
-    heard = all.size();
-    return fresh;
-  }
-  std::string HeardWords() {
-    const std::string fresh = Heard();
-    const auto last = fresh.rfind("speak 3 \"");
-    return last == std::string::npos ? "" : fresh.substr(last + 9, fresh.size() - last - 11);
-  }
+  // What was heard since this was last asked for: all of it, or the last words alone.
+  std::string Heard();
+  std::string HeardWords();
 
   sim::Simulated simulated{R"({"windows": [{"id": 2, "class": "Strange", "rect": [0, 0, 400, 400]}]})"};
   sim::SimPlatform& seam = simulated.platform;

@@ -5,13 +5,15 @@
 #include <string_view>
 
 #include "sim/machine.h"
-#include "sim/script.h"
 #include "sim/sim_platform.h"
 
 namespace pointalk::sim {
 
 struct Simulated {
-  explicit Simulated(std::string_view script = "{}") : machine(ReadScript(script)), platform(machine) {}
+  explicit Simulated(std::string_view script = "{}");
+  ~Simulated();
+  Simulated(const Simulated&) = delete;
+  Simulated& operator=(const Simulated&) = delete;
 
   const std::string& transcript() const { return machine.transcript.text(); }
 

@@ -63,9 +63,9 @@ class Ends(unittest.TestCase):
         """The window is unloaded while the tones sound: they end, the voice is cut off, and nothing more is said."""
         since = now()
         self.hand.move(300, 500)
-        self.hand.down()
-        self.heard.wait(lambda line: line.get("value", "").endswith(f"9{HIGHER:x}"), SOON, since)
         self.addCleanup(self.hand.up)
+        self.hand.down()
+        self.heard.wait(lambda line: line["what"] == "midi" and line["value"].endswith(f"9{HIGHER:x}"), SOON, since)
         since = now()
         how()
         self.assert_stopped()
