@@ -152,6 +152,13 @@ TEST(RegistryLayer, ForgetsAnEarlierErrorWithTheNextOperation) {
   EXPECT_EQ(on.layer.Error().number, 0);
   on.layer.DeleteRegistry(u"HKCU\\App", u"Name");
   EXPECT_EQ(on.layer.Error(), RegistryError());
+  const auto fail = [&] { std::ignore = on.layer.ReadRegistry(u"HKXX"); };
+  fail();
+  on.layer.WriteRegistry(u"HKCU\\App", u"x", Text(u"y"));
+  EXPECT_EQ(on.layer.Error(), RegistryError());
+  fail();
+  EXPECT_FALSE(on.layer.EnumerateRegistryValues(u"HKCU\\App").empty());
+  EXPECT_EQ(on.layer.Error(), RegistryError());
 }
 
 TEST(RegistryLayer, TellsThatAccessIsDenied) {
@@ -279,6 +286,10 @@ TEST(RegistryLayer, EnumeratesWithoutTheValueThatCannotBeRead) {
     on.failures.failingName = call;
     EXPECT_TRUE(on.layer.EnumerateRegistryValues(u"HKCU\\App").empty()) << call;
   }
+  Layer on;
+  on.failures.failingName = "RegistryApi::QueryKey";
+  EXPECT_TRUE(on.layer.EnumerateRegistryValues(u"HKCU\\App").empty());
+  EXPECT_NE(on.layer.Error(), RegistryError());
 }
 
 // Every operation, whichever call fails: it comes back, and leaves no key open.
