@@ -60,13 +60,7 @@ def start(hand, pointalk, place=(1000, 600), **environment):
     """Starts Pointalk with the pointer out of the way and returns once its timer runs."""
     hand.move(*place)
     pointalk.start(**environment)
-    wait_until_running(pointalk)
-
-
-def wait_until_running(pointalk, since=0, limit=60):
-    """The port is asked for a second time just before the timer is switched on."""
-    asked = lambda: [line for line in pointalk.heard.lines(since) if line["what"] == "midi devices"]
-    wait_until(lambda: len(asked()) == 2, limit, lambda: f"Pointalk runs; heard {pointalk.heard.lines(since)[-5:]}")
+    pointalk.wait_running()
 
 
 class Listening(unittest.TestCase):

@@ -3,7 +3,7 @@
 import unittest
 
 from harness import Desktop, Panel, now, settings_text
-from listening import GREETING, QUICK, SETTINGS, SOON, wait_until_running
+from listening import GREETING, QUICK, SETTINGS, SOON
 
 ENGINE_QUESTION = ("Pleez wait until I'm done saying this, then pleez select S eigh P I 4, or S eigh P I 5, by typing 4 or 5, "
                    "and hit enter")
@@ -67,7 +67,7 @@ class BothEngines(EngineCase):
         # Told while the newer voice is still held, which takes no reset: it speaks without flags.
         self.assertEqual(self.speech(), 3 * [(5, " ", 3), (5, ENGINE_QUESTION, None)] + [(5, REMEMBERED + " Hit Enter.", None)])
         self.assertIn(REMEMBERED, self.panel.answer("Pointalk", "Return")["texts"])
-        wait_until_running(self.pointalk)
+        self.pointalk.wait_running()
         self.assertIn((5, "Thank you.", None), self.speech())
         released, = self.kinds("released")
         self.assertEqual(released["class"], "sapi5")
@@ -83,14 +83,14 @@ class BothEngines(EngineCase):
         self.heard.wait_words(REMEMBERED + " Hit Enter.", SOON)
         self.assertEqual(self.speech()[-2:], [(5, " ", 3), (5, REMEMBERED + " Hit Enter.", 3)])
         self.panel.answer("Pointalk", "Return")
-        wait_until_running(self.pointalk)
+        self.pointalk.wait_running()
         self.assertEqual([line["class"] for line in self.kinds("released")], ["sapi4"])
         self.assert_greets((5, " ", 3), (5, GREETING, 2))
         self.assertIn("SapiSelection = 5\r\n", self.pointalk.file("PTK.ini"))
 
     def test_a_remembered_choice_is_not_asked_for(self):
         self.run_pointalk(settings_text(SapiSelection=4, VoiceSpeed=576), **QUICK)
-        wait_until_running(self.pointalk)
+        self.pointalk.wait_running()
         self.assert_greets((4, None), (4, GREETING))
         self.assertNotIn(5, [engine for engine, *_ in self.speech()])
 
@@ -105,7 +105,7 @@ class OlderEngineAlone(EngineCase):
 
     def test_it_speaks_with_the_woman_s_voice_at_240(self):
         self.run_pointalk()
-        wait_until_running(self.pointalk)
+        self.pointalk.wait_running()
         self.assertEqual([line["class"] for line in self.kinds("created")], ["sapi4"])
         found = self.kinds("sapi4 find")[0]
         self.assertEqual((found["criteria"], found["result"]), ("Mfg=Microsoft;Gender=1", 0))

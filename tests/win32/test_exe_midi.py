@@ -3,7 +3,7 @@
 import unittest
 
 from harness import Desktop, Panel, now
-from listening import QUICK, SETTINGS, SOON, wait_until_running
+from listening import QUICK, SETTINGS, SOON
 
 MIDI_BOX = "Can't find an available Midi Device; you may need to quit some other midi app"
 MIDI_QUESTION = ("The Midi device is already in use by another program. If I were you I would quit from the other program "
@@ -33,7 +33,7 @@ class NoMidi(unittest.TestCase):
 
     def test_without_a_device_yes_goes_on_in_silence(self):
         self.ask("y", POINTALK_MIDI_DEVICES="0")
-        wait_until_running(self.pointalk)
+        self.pointalk.wait_running()
         since = now()
         self.hand.move(500, 300)
         self.hand.click()
@@ -48,7 +48,7 @@ class NoMidi(unittest.TestCase):
 
     def test_a_port_in_use_is_left_to_others_with_yes_and_taken_later(self):
         self.ask("y", POINTALK_MIDI_OPEN="4,0")
-        wait_until_running(self.pointalk)
+        self.pointalk.wait_running()
         self.assertEqual([line["result"] for line in self.kinds("midi open")], [4, 0])
         since = now()
         self.hand.move(500, 300)

@@ -4,7 +4,7 @@ import time
 import unittest
 
 from harness import Desktop, Panel, now, settings_text, wait_until
-from listening import GREETING, SETTINGS, SOON, earcon, note_off, note_on, program, start, wait_until_running
+from listening import GREETING, SETTINGS, SOON, earcon, note_off, note_on, program, start
 
 RIGHTS = "Copyright Corvane.  You may use it and pass it on, unchanged and free of charge.  "
 AGREEMENT = ("Hello, and welcome to Pointalk, the Audio Mouse \"Driver\".  " + RIGHTS + "It is offered as is, with no "
@@ -59,7 +59,7 @@ class Order(unittest.TestCase):
         cls.pointalk.start()
         cls.pointalk.wait_ready()
         cls.while_greeting = {name: cls.pointalk.file(name) for name in ("status.txt", "DidWarn.flg", "PTK.ini")}
-        wait_until_running(cls.pointalk)
+        cls.pointalk.wait_running()
         time.sleep(0.5)  # ticks
         lines = cls.pointalk.heard.lines()
         cls.facts = [facts(line) for line in lines if line["what"] not in ("sounding", "spoken", "cut", "silent")]
@@ -139,7 +139,7 @@ class FirstRun(unittest.TestCase):
         self.assertIsNone(self.pointalk.file("DidWarn.flg"))
         box = self.panel.answer("Pointalk Instructions", "Return")
         self.assertIn(INSTRUCTIONS, box["texts"])
-        wait_until_running(self.pointalk)
+        self.pointalk.wait_running()
         texts = self.spoken()
         begin = texts.index((3, AGREEMENT + " Y for yes, N for No."))
         self.assertEqual(texts[begin + 1:begin + 5], [(3, "Yes."), (2, "thank you"),

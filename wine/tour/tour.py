@@ -125,7 +125,7 @@ def main():
         begin = now()
         try:
             pointalk.start(POINTALK_WAVES=waves)
-            pointalk.wait_ready()
+            pointalk.wait_running()
             walk_through(guide)
         except Exception as problem:  # what was heard up to here is kept
             walk.missed.append(f"the rest of the tour: {problem!r}")

@@ -33,6 +33,11 @@ class Run:
         """Waits for the greeting of a run that is not the first."""
         self.heard.wait_words("Pointalk is running.  Hit F1 any time for help.", limit, self._began)
 
+    def wait_running(self, limit=60):
+        """Waits until its timer runs: just before, the port is asked for a second time."""
+        asked = lambda: [line for line in self.heard.lines(self._began) if line["what"] == "midi devices"]
+        wait_until(lambda: len(asked()) == 2, limit, lambda: f"Pointalk runs; heard {self.heard.lines(self._began)[-5:]}")
+
     def file(self, name):
         """A text file of the folder, None when it is not there."""
         path = self.folder / name
