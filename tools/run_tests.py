@@ -235,7 +235,7 @@ def windows_desktop():
     with virtual_screen() as display:
         environment = {
             "DISPLAY": display, "WINEPREFIX": str(prefix), "WINEARCH": "win64", "WINEDEBUG": "-all",
-            "WINEDLLOVERRIDES": "mscoree,mshtml,winedbg.exe=;winmm=n,b", "POINTALK_WIN_BUILD": str(WINDOWS),
+            "WINEDLLOVERRIDES": "mscoree,mshtml,winedbg.exe,winemenubuilder.exe=;winmm=n,b", "POINTALK_WIN_BUILD": str(WINDOWS),
             "POINTALK_PREFIX_BASE": str(untouched),
         }
         with open(LOGS / "prefix.log", "wb") as log:

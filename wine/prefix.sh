@@ -7,7 +7,9 @@
 #   prefix.sh engines PREFIX WHICH DLL which speech engines are there: sapi5, sapi4, both or none; DLL is the
 #                                      built pointalk_voice.dll, which is copied into the prefix
 #
-# No display is needed. Programs are to be started with WINEDLLOVERRIDES="mscoree,mshtml,winedbg.exe=;winmm=n,b".
+# No display is needed. Programs are to be started with
+# WINEDLLOVERRIDES="mscoree,mshtml,winedbg.exe,winemenubuilder.exe=;winmm=n,b": the last of the four that are left out would put
+# entries into the menus and file types of the desktop.
 set -eu
 
 usage() {
@@ -17,7 +19,7 @@ usage() {
 
 in_prefix() {
   env -u DISPLAY WINEPREFIX="$prefix" WINEARCH=win64 WINEDEBUG=-all \
-    WINEDLLOVERRIDES="mscoree,mshtml,winedbg.exe=" "$@" </dev/null
+    WINEDLLOVERRIDES="mscoree,mshtml,winedbg.exe,winemenubuilder.exe=" "$@" </dev/null
 }
 
 # The Wine server kills a program that takes over a second to leave once it has done its work (137 by then).

@@ -71,7 +71,7 @@ class CompanionTest(unittest.TestCase):
         self.environment = {
             "POINTALK_HEARD": str(self.heard_file),
             "POINTALK_WAVES": str(self.waves),
-            "WINEDLLOVERRIDES": "mscoree,mshtml,winedbg.exe=;winmm=n,b",
+            "WINEDLLOVERRIDES": "mscoree,mshtml,winedbg.exe,winemenubuilder.exe=;winmm=n,b",
             "WINEDEBUG": "-all",
             # No sound, whatever the machine has: nobody wants to hear the tests.
             "ALSA_CONFIG_PATH": "/dev/null", "PULSE_SERVER": "none", "PIPEWIRE_REMOTE": "none",

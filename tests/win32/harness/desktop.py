@@ -15,7 +15,7 @@ from .programs import KILLED_AT_ITS_END, Probe, Target
 ROOT = pathlib.Path(__file__).resolve().parents[3]
 # Where the programs for Windows were built.
 BUILD = pathlib.Path(os.environ.get("POINTALK_WIN_BUILD", ROOT / "build" / "mingw-x86_64-release"))
-OVERRIDES = "mscoree,mshtml,winedbg.exe=;winmm=n,b"
+OVERRIDES = "mscoree,mshtml,winedbg.exe,winemenubuilder.exe=;winmm=n,b"
 
 
 class Desktop:
