@@ -47,6 +47,7 @@ TEST_F(EditReadersTest, AFieldThatDoesNotAnswerIsTakenForItsBeginning) {
   description.maccText = u"Beginning";
   edits.ReadEditControl(spot);
   EXPECT_THAT(Asked(kEmLineLength, &StrangeMessages::Sent::wParam), ElementsAre(0u));
+  EXPECT_THAT(Asked(kEmLineLength, &StrangeMessages::Sent::lParam), ElementsAre(0u));
   EXPECT_THAT(messages.lines, IsEmpty());
   EXPECT_EQ(HeardWords(), "Beginning");
 }

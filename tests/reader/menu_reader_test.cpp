@@ -27,7 +27,10 @@ class WrittenMemory final : public RemoteMemory {
   }
   bool Read(ProcessId, RemoteAddress, std::span<std::byte> to) override {
     std::copy(written.begin(), written.end(), to.begin());
-    if (changed) to[0] = std::byte{'X'};
+    if (changed) {
+      to[0] = std::byte{'X'};
+      to[1] = std::byte{0};
+    }
     return true;
   }
   void Free(ProcessId, RemoteAddress) override {}
@@ -56,9 +59,17 @@ TEST_F(MenuReaderTest, SendsBlanksWithAnEndAndReadsThemBack) {
 
 TEST_F(MenuReaderTest, TakesNoneOfTheBlockWhereTheItemHasNoText) {
   memory.changed = true;
+  menus.text = u"Open";
   description.mOfficialClassName = u"Afx";
   reader.ReadMenu(spot, false);
   EXPECT_EQ(HeardWords(), "menu");
+}
+
+TEST_F(MenuReaderTest, TakesTheBlockUpToItsEnd) {
+  memory.changed = true;
+  menus.count = 4;
+  reader.ReadMenu(spot, false);
+  EXPECT_EQ(HeardWords(), "X menu");
 }
 
 TEST_F(MenuReaderTest, AsksForNoMemoryOfAProcessThatIsNotKnown) {

@@ -1,6 +1,8 @@
 // Whether a reader found something to say about the spot.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/reader/strange_controls.h"
 
 namespace pointalk {
@@ -43,6 +45,23 @@ TEST_F(ReaderResults, AListViewIsAskedForItsCountWithoutParameters) {
   EXPECT_EQ(messages.sent[0].message, kLvmGetItemCount);
   EXPECT_EQ(messages.sent[0].wParam, 0u);
   EXPECT_EQ(messages.sent[0].lParam, 0u);
+}
+
+TEST_F(ReaderResults, AListViewIsAskedWithItsRecordsAlone) {
+  listViews.ReadListView(spot);
+  for (const std::uint32_t message : {kLvmSubItemHitTest, kLvmGetItemA}) {
+    const auto sent =
+        std::find_if(messages.sent.begin(), messages.sent.end(),
+                     [message](const StrangeMessages::Sent& one) { return one.message == message; });
+    ASSERT_NE(sent, messages.sent.end());
+    EXPECT_EQ(sent->wParam, 0u);
+    EXPECT_NE(sent->lParam, 0u);
+  }
+}
+
+TEST_F(ReaderResults, NoItemHasNoLabel) {
+  EXPECT_EQ(listViews.ListViewItemText(2, -1, 0), u"");
+  EXPECT_TRUE(messages.sent.empty());
 }
 
 TEST_F(ReaderResults, ATitleIsAskedForInItsOwnLength) {
