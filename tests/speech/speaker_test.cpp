@@ -93,10 +93,18 @@ TEST_F(SpeakerTest, WaitEndsWithoutAWordOrAtTheTextsEnd) {
 
 TEST_F(SpeakerTest, WaitGivesUpAtTheHundredAndFirstStallInARow) {
   std::deque<std::optional<double>> stalling;
-  for (int i = 0; i < 150; ++i) stalling.insert(stalling.end(), {3, 3, 0});
+  for (int i = 0; i < 250; ++i) stalling.insert(stalling.end(), {3, 3, 0});
   EXPECT_EQ(PositionsPutBack(stalling), 100u);
   stalling[3 * 60 + 2] = 3;  // a word in between
-  EXPECT_EQ(PositionsPutBack(stalling), 150u) << "the stalls are counted anew, until no reading is left";
+  EXPECT_EQ(PositionsPutBack(stalling), 161u) << "the stalls are counted anew";
+}
+
+TEST_F(SpeakerTest, WaitEndsAtOnceWithTheOtherEnginesVoice) {
+  ASSERT_TRUE(simulated.platform.sapi5.Create());
+  engine.SetVoice(Engine::Object::kSapi5);
+  speaker.SpeakAndWait(u"Hello");
+  EXPECT_EQ(sapi4.readings, 0);
+  EXPECT_EQ(simulated.transcript().find("sapi4"), std::string::npos);
 }
 
 TEST_F(SpeakerTest, EmptyTextIsRefusedByTheWaitingSpeechAndBlanksAreNot) {
