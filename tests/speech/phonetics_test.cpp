@@ -79,6 +79,11 @@ TEST(Pronounced, SpellsCharacterByCharacter) {
   }
 }
 
+TEST(Pronounced, CountsEqualCharactersFromTheFirst) {
+  EXPECT_EQ(Pronounced(Text(6, u'b'), false), Text(4, u'b'));
+  EXPECT_EQ(Pronounced(Text(6, u'\0'), false), Text(4, u'\0'));
+}
+
 TEST(SubstituteWords, SaysTheAloneInItsOwnWay) {
   constexpr Rewriting kRows[] = {
       {u"the", u"dthoghh"},    {u"The", u"dthoghh"}, {u"THE", u"dthoghh"},
