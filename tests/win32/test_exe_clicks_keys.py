@@ -1,6 +1,5 @@
 """What is said when buttons and keys are pressed: clicks, the kind of an object, the top window, spelling."""
 
-import contextlib
 import time
 import unittest
 
@@ -49,23 +48,12 @@ class ClicksAndKeys(Listening):
         self.hand.click()
         self.heard.wait_words("Click", SOON, since)
 
-    @contextlib.contextmanager
-    def held(self, *keys):
-        """Keys are held for as long as it takes to see what they bring: a busy machine may miss a short press."""
-        for key in keys:
-            self.hand.press(key)
-        try:
-            yield
-        finally:
-            for key in reversed(keys):
-                self.hand.release(key)
-
     def asks(self, place, name):
         """What Control says of what is named so."""
         self.leave()
         self.visit(place, name)
         since = now()
-        with self.held("ctrl"):
+        with self.hand.held("ctrl"):
             self.heard.wait(lambda line: line.get("text", "").startswith("It is a"), SOON, since)
             time.sleep(0.3)
         return self.speech(since)
@@ -103,12 +91,12 @@ class ClicksAndKeys(Listening):
         self.visit(OK, "O K button")
         self.rest()
         since = now()
-        with self.held("ctrl"):
+        with self.hand.held("ctrl"):
             time.sleep(0.4)
         self.assertEqual(self.heard.words(since), [])
         self.hand.move(OK[0] + 1, OK[1])
         time.sleep(0.1)
-        with self.held("ctrl"):
+        with self.hand.held("ctrl"):
             self.heard.wait_words("It is a push button. ", SOON, since)
 
     def test_control_with_shift_names_the_top_window_even_at_rest(self):
@@ -117,7 +105,7 @@ class ClicksAndKeys(Listening):
                 self.hand.move(*place)
                 self.rest()
                 since = now()
-                with self.held("shift", "ctrl"):
+                with self.hand.held("shift", "ctrl"):
                     self.heard.wait_words("Top Window is " + name, SOON, since)
                 self.assertEqual(self.speech(since), [(ASYNC, "dthoghh"), (AND_WAIT, "Top Window is " + name)])
 

@@ -133,7 +133,7 @@ class Walk:
 
     def asks(self, what, *words, shift=False):
         """Control over the object, or Control with Shift for the top window."""
-        self._again_until_said(what, words, lambda: self._held(*(["shift"] if shift else []), "ctrl"))
+        self._again_until_said(what, words, lambda: self.hand.held(*(["shift"] if shift else []), "ctrl"))
 
     def right_clicks(self, what, *words):
         self._again_until_said(what, words, self._clicking_on_the_move)
@@ -160,18 +160,8 @@ class Walk:
             time.sleep(TICK)
         yield
 
-    @contextlib.contextmanager
-    def _held(self, *keys):
-        for key in keys:
-            self.hand.press(key)
-        try:
-            yield
-        finally:
-            for key in reversed(keys):
-                self.hand.release(key)
-
     def spells(self, place, what, *words):
-        with self._held("shift"):
+        with self.hand.held("shift"):
             self.to(place, what, *words)
 
     def hears_out(self):

@@ -1,5 +1,6 @@
 """The listener's hand: pointer, buttons and keys, through one xdotool that stays."""
 
+import contextlib
 import queue
 import subprocess
 import threading
@@ -58,6 +59,17 @@ class Hand:
 
     def release(self, key):
         self._do(f"keyup {key}")
+
+    @contextlib.contextmanager
+    def held(self, *keys):
+        """Holds keys for as long as it takes to see what they bring: a busy machine may miss a short press."""
+        for key in keys:
+            self.press(key)
+        try:
+            yield
+        finally:
+            for key in reversed(keys):
+                self.release(key)
 
     def tap(self, *keys):
         """Presses and releases keys one after the other, such as "y" or "alt+f"."""
