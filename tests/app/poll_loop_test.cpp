@@ -2,6 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,7 +13,10 @@
 namespace pointalk {
 namespace {
 
+using ::testing::AllOf;
+using ::testing::Contains;
 using ::testing::Each;
+using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::Not;
 using ::testing::SizeIs;
@@ -48,6 +53,38 @@ TEST(PollLoop, MeasuresAScreenThatHadNoSizeAtFirst) {
     const std::string heard = program.Heard();
     for (const std::string_view note : kMiddleOfTheScreen) EXPECT_THAT(heard, HasSubstr(note)) << width;
   }
+}
+
+// The names of the calls that are made meanwhile.
+std::vector<std::string> CallsDuring(RunningProgram& program, const std::function<void()>& act) {
+  std::vector<std::string> calls;
+  program.before = [&](std::string_view call) { calls.emplace_back(call); };
+  act();
+  program.before = [](std::string_view) {};
+  return calls;
+}
+
+constexpr std::string_view kOneButton =
+    R"({"windows": [{"id": 2, "class": "Button", "rect": [0, 0, 400, 400]}]})";
+
+TEST(PollLoop, PlaysTheTonesBeforeItAsksAnythingOfAnotherProgram) {
+  RunningProgram program(kOneButton);
+  program.Start();
+  const auto calls = CallsDuring(program, [&] { program.MoveTo({200, 200}); });
+  const auto asked = std::find(calls.begin(), calls.end(), "WindowTree::WindowAt");
+  EXPECT_THAT(std::vector(calls.begin(), asked), Contains("MidiOut::Send"));
+  EXPECT_THAT(std::vector(asked, calls.end()),
+              AllOf(Contains("Accessibility::ObjectAt"), Not(Contains("MidiOut::Send"))));
+}
+
+TEST(PollLoop, AsksOnlyForKeysAndThePointerAtRest) {
+  RunningProgram program(kOneButton);
+  program.Start();
+  program.MoveTo({200, 200});
+  program.Tick(20);
+  EXPECT_THAT(CallsDuring(program, [&] { program.Tick(); }),
+              ElementsAre("Input::KeyDown", "Input::KeyDown", "Input::KeyDown", "Input::PointerPosition",
+                          "Input::KeyDown"));
 }
 
 TEST(Describing, CutsTheNameOfAClassAfter2046Characters) {
