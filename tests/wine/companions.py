@@ -32,6 +32,10 @@ KILLED_AT_ITS_END = -9
 ASYNCHRONOUS = 1
 PURGE = 2
 
+WAITS = ("await", "leaves", "until")  # the commands of the voice's client that wait
+ENDLESS = "Endless."
+HOUR = 3600
+
 
 def poll(ready, seconds, what):
     """Waits until ready() gives something true and returns that."""
@@ -48,13 +52,11 @@ class Answer:
     """What one command of a client came to."""
 
     def __init__(self, line):
-        result, took, *value = line.split("\t", 2)
-        self.result = result
-        self.seconds = int(took) / 1e6
+        self.result, *value = line.split("\t", 1)
         self.value = value[0] if value else None
 
     def __repr__(self):
-        return f"{self.result} {self.seconds} {self.value}"
+        return f"{self.result} {self.value}"
 
     @property
     def worked(self):
@@ -89,7 +91,7 @@ class CompanionTest(unittest.TestCase):
     def end(process):
         if process.poll() is None:
             process.kill()
-            process.wait(10)
+            process.wait(60)
 
     def answers(self, process, seconds):
         output, _ = process.communicate(timeout=seconds)
@@ -101,10 +103,29 @@ class CompanionTest(unittest.TestCase):
         script.write_bytes("".join("\t".join(command) + "\n" for command in commands).encode("utf-8"))
         return self.start(BUILD / "tests" / "wine" / "voice_probe.exe", f"Z:{script}")
 
-    def voice(self, *commands, seconds=60):
+    def speech_program(self, script):
+        """What speaks in place of espeak-ng; $text and $made are the names of what it reads and writes."""
+        path = self.folder / "speech-program"
+        path.write_text(f'#!/bin/sh\ntext=${{13}} made=${{15}}\n{script}\n', "utf-8")
+        path.chmod(0o755)
+        self.environment["POINTALK_ESPEAK"] = str(path)
+
+    def sound_for(self, seconds, word):
+        """Has texts with that word sound for so long, unless they are cut off."""
+        path = self.folder / "long.wav"
+        with wave.open(str(path), "wb") as sound:
+            sound.setnchannels(1)
+            sound.setsampwidth(1)
+            sound.setframerate(1)
+            sound.writeframes(bytes(seconds))
+        self.speech_program(f'grep -q "{word}" "$text" && exec cp "{path}" "$made"\nexec espeak-ng "$@"')
+
+    def voice(self, *commands, seconds=200):
         """Runs the commands and returns their answers, in order."""
         answers = self.answers(self.start_voice(commands), seconds)
         self.assertEqual(len(answers), len(commands))
+        for command, answer in zip(commands, answers):
+            self.assertTrue(answer.worked or command[0] not in WAITS, (command, self.heard()))
         return answers
 
     def start_midi(self, *arguments):
@@ -129,6 +150,12 @@ class CompanionTest(unittest.TestCase):
         chosen = [line for line in whole if not kinds or line["what"] in kinds]
         return sorted(chosen, key=lambda line: line["t"])
 
+    def order(self, *kinds):
+        """The lines of these kinds, each with the number of its utterance among those spoken, where it has one."""
+        numbers = [line["utterance"] for line in self.heard("sapi5 speak", "sapi4 speak")]
+        return [(line["what"], numbers.index(line["utterance"]) + 1) if "utterance" in line else line["what"]
+                for line in self.heard(*kinds)]
+
     def only(self, kind):
         lines = self.heard(kind)
         self.assertEqual(len(lines), 1, lines)
@@ -146,9 +173,9 @@ ctl.!default {{ type null }}
         self.environment["ALSA_CONFIG_PATH"] = str(configuration)
         return recording
 
-    def wave_seconds(self, line):
+    def wave_microseconds(self, line):
         with wave.open(str(self.waves / line["wave"])) as sound:
-            return sound.getnframes() / sound.getframerate()
+            return sound.getnframes() * 1_000_000 // sound.getframerate()
 
     def wave_samples(self, line):
         with wave.open(str(self.waves / line["wave"])) as sound:
@@ -174,5 +201,6 @@ def speak(text, flags=None):
     return ("call", "v", "Speak", f"s:{text}") + (() if flags is None else (f"i:{flags}",))
 
 
-def sleep(seconds):
-    return ("sleep", str(int(seconds * 1000)))
+def awaited(what, count=1):
+    """The client goes on once so many lines of that kind were written down."""
+    return ("await", what, str(count))

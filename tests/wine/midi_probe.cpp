@@ -1,17 +1,23 @@
 // A client of the synthesizer for the tests: does what its arguments say, one after the other, and prints the
 // result of each on a line of its own.
-//   devices, open, caps, close, reset, time, short=HEXADECIMAL, sound=NAME, wide=NAME, sleep=MILLISECONDS
+//   devices, open, caps, close, reset, time, short=HEXADECIMAL, sound=NAME, wide=NAME, sleep=MILLISECONDS,
+//   until=FILE (is there, given up after 200 seconds)
 #include <windows.h>
 
 #include <mmsystem.h>
 
-#include <chrono>
 #include <cstdio>
 #include <string>
 
 namespace {
 
 HMIDIOUT port = nullptr;
+
+unsigned long WaitFor(const std::string& path) {
+  for (const ULONGLONG end = GetTickCount64() + 200'000; GetTickCount64() < end; Sleep(10))
+    if (GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES) return 0;
+  return 1;
+}
 
 unsigned long Do(const std::string& verb, const std::string& value) {
   if (verb == "devices") return midiOutGetNumDevs();
@@ -25,6 +31,7 @@ unsigned long Do(const std::string& verb, const std::string& value) {
   if (verb == "wide")
     return static_cast<unsigned long>(
         PlaySoundW(std::wstring(value.begin(), value.end()).c_str(), nullptr, 1));
+  if (verb == "until") return WaitFor("Z:" + value);
   if (verb == "sleep") return Sleep(std::stoul(value)), 0;
   if (verb == "caps") {
     MIDIOUTCAPSW caps;
@@ -40,11 +47,7 @@ int main(int count, char** arguments) {
     const std::string argument = arguments[i];
     const std::size_t equals = argument.find('=');
     const std::string value = equals == std::string::npos ? "" : argument.substr(equals + 1);
-    const auto begin = std::chrono::steady_clock::now();
-    const unsigned long result = Do(argument.substr(0, equals), value);
-    const auto took = std::chrono::steady_clock::now() - begin;
-    std::printf("%lu\t%lld\n", result,
-                static_cast<long long>(std::chrono::duration_cast<std::chrono::microseconds>(took).count()));
+    std::printf("%lu\n", Do(argument.substr(0, equals), value));
     std::fflush(stdout);
   }
   return 0;

@@ -60,8 +60,8 @@ class Record(unittest.TestCase):
         self.enterContext(mock.patch.object(walk, "SILENCE", 0.05))
         self.walk = walk.Walk(StillHand(), Heard(self.file), lambda x, y: x // 100)
 
-    def write(self, what, later=0.05, **fields):
-        """A line that comes a little later than now, as one to what is done next does."""
+    def write(self, what, later=10, **fields):
+        """A line that comes later than now, as one to what is done next does."""
         with open(self.file, "a", encoding="utf-8") as file:
             file.write(json.dumps({"t": now() + int(later * 1e6), "what": what, **fields}) + "\n")
 

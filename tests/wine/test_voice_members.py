@@ -3,7 +3,7 @@
 import subprocess
 
 from companions import (DISPATCH, PREFIX, PREFIX_TOOL, SAPI4, SAPI4_INTERFACE, SAPI5, SAPI5_INTERFACE, UNKNOWN, VOICE,
-                        CompanionTest, create, sleep, speak)
+                        ENDLESS, HOUR, CompanionTest, awaited, create, speak)
 
 
 class Sapi5Members(CompanionTest):
@@ -109,27 +109,27 @@ class Sapi4Members(CompanionTest):
                          [("Mfg=Microsoft;Gender=1", 1), ("Mfg=Microsoft;Gender=0", 2)])
 
     def test_speak_queues_and_audio_reset_silences(self):
-        spoke, _, reset, _ = self.four(speak("This takes a while to say."), sleep(0.6), ("call", "v", "AudioReset"),
-                                       sleep(0.3))
-        self.assertLess(spoke.seconds, 0.25)
-        self.assertTrue(reset.worked)
-        cut = self.only("cut")
-        self.assertLess(cut["t"] - self.only("sapi4 audio reset")["t"], 100_000)
-        self.assertLess(cut["sounded"], self.only("sounding")["length"])
-        self.assertEqual(self.only("sapi4 speak")["text"], "This takes a while to say.")
+        self.sound_for(HOUR, ENDLESS)
+        spoke, _, reset, _ = self.four(speak(ENDLESS), awaited("sounding"), ("call", "v", "AudioReset"), awaited("cut"))
+        self.assertTrue(spoke.worked and reset.worked)
+        self.assertEqual(self.order()[1:], [("sapi4 speak", 1), ("sounding", 1), "sapi4 audio reset", ("cut", 1)])
+        self.assertEqual(self.only("sapi4 speak")["text"], ENDLESS)
 
     def test_the_last_word_position_moves_on_and_can_be_put_back(self):
-        text = "one two three four five six seven eight nine ten"
-        get = ("call", "v", "LastWordPosition")
-        answers = self.four(get, speak(text), get, sleep(1.2), get, ("put", "v", "LastWordPosition", "i:0"), get,
-                            sleep(0.8), get)
-        before, begun, middle, put_back, later = (int(answers[i].value.split()[1]) for i in (0, 2, 4, 6, 8))
-        self.assertEqual((before, begun), (0, 0))
-        self.assertEqual(text[middle - 1], " ")
-        self.assertIn(put_back, (0, middle, text.index(" ", middle) + 1))
+        text, inside = "one two three four five six seven eight nine ten", 2
+        self.sound_for(10, "one two")
+        get, left = ("call", "v", "LastWordPosition"), lambda position: ("leaves", "v", "LastWordPosition", f"whole {position}")
+        answers = self.four(get, speak(text), left(0), ("put", "v", "LastWordPosition", f"i:{inside}"), get, left(inside),
+                            speak("alone"), get)
+        before, middle, put, later, anew = (int(answers[i].value.split()[1]) for i in (0, 2, 4, 5, 7))
+        begins = {0, *(at + 1 for at, letter in enumerate(text) if letter == " ")}
+        self.assertEqual((before, anew), (0, 0))
+        self.assertIn(middle, begins)
+        self.assertIn(put, {inside} | {begin for begin in begins if begin > middle})  # a word more may have been said
+        self.assertIn(later, begins)
         self.assertGreater(later, middle)
-        self.assertEqual([line["how"] for line in self.heard("sapi4 last word position")],
-                         ["get", "get", "get", "put", "get", "get"])
+        hows = [line["how"] for line in self.heard("sapi4 last word position")]
+        self.assertEqual((hows.count("put"), set(hows)), (1, {"get", "put"}))
 
 
 class WhichEngines(CompanionTest):

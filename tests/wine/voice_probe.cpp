@@ -8,17 +8,20 @@
 //   into NEW OBJECT MEMBER ARGUMENT...    the same, keeping the object that comes back
 //   put OBJECT MEMBER ARGUMENT            putref likewise
 //   ids OBJECT MEMBER                     GetIDsOfNames alone
-//   sleep MILLISECONDS, release OBJECT, leave (COM, releasing nothing)
+//   leaves OBJECT MEMBER VALUE            gets it until it has another value, written as it is printed
+//   await WHAT COUNT                      until POINTALK_HEARD holds so many lines of that kind
+//   until FILE                            until it is there
+//   release OBJECT, leave (COM, releasing nothing)
 // An argument is i:NUMBER, d:NUMBER, s:TEXT, o:OBJECT, x: (left out) or r:COUNT:TEXT (the text COUNT times).
-// Each command prints one line: the HRESULT in hexadecimal, the microseconds it took, and the value given
-// back.
+// Each command prints one line: the HRESULT in hexadecimal and the value given back. A wait that is in vain
+// fails after 100 seconds.
 #include <windows.h>
 
 #include <oaidl.h>
 #include <objbase.h>
 
-#include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <map>
 #include <string>
@@ -27,6 +30,8 @@
 namespace {
 
 using Words = std::vector<std::string>;
+
+constexpr ULONGLONG kPatience = 100'000;  // milliseconds
 
 std::wstring Wide(const std::string& text) {
   std::wstring wide(text.size() + 1, L'\0');
@@ -65,6 +70,12 @@ std::string Shown(VARIANT& value) {
   return "text " + Narrow(value.bstrVal, SysStringLen(value.bstrVal));
 }
 
+template <typename Condition> HRESULT Poll(Condition condition) {
+  for (const ULONGLONG end = GetTickCount64() + kPatience; !condition(); Sleep(10))
+    if (GetTickCount64() >= end) return E_FAIL;
+  return S_OK;
+}
+
 class Probe {
  public:
   HRESULT Run(const Words& words, std::string& shown) {
@@ -75,7 +86,12 @@ class Probe {
     if (verb == "into") return Call(words, 2, DISPATCH_METHOD | DISPATCH_PROPERTYGET, words[1], shown);
     if (verb == "put") return Call(words, 1, DISPATCH_PROPERTYPUT, "", shown);
     if (verb == "putref") return Call(words, 1, DISPATCH_PROPERTYPUTREF, "", shown);
-    if (verb == "sleep") return Sleep(static_cast<DWORD>(std::stoul(words[1]))), S_OK;
+    if (verb == "leaves") return Leaves(words, shown);
+    if (verb == "await") return Await(words);
+    if (verb == "until") {
+      const std::wstring path = L"Z:" + Wide(words[1]);
+      return Poll([&] { return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES; });
+    }
     if (verb == "release") return Release(words[1]);
     if (verb == "leave") return CoUninitialize(), S_OK;
     return E_NOTIMPL;
@@ -185,6 +201,25 @@ class Probe {
     return outcome;
   }
 
+  HRESULT Leaves(const Words& words, std::string& shown) {
+    const Words get(words.begin(), words.end() - 1);
+    return Poll([&] {
+      return FAILED(Call(get, 1, DISPATCH_METHOD | DISPATCH_PROPERTYGET, "", shown)) || shown != words.back();
+    });
+  }
+
+  static HRESULT Await(const Words& words) {
+    const char* const path = std::getenv("POINTALK_HEARD");
+    if (path == nullptr) return E_INVALIDARG;
+    const std::string field = "\"what\":\"" + words[1] + "\"";
+    return Poll([&] {
+      std::ifstream file("Z:" + std::string(path), std::ios::binary);
+      int found = 0;
+      for (std::string line; std::getline(file, line);) found += line.find(field) != std::string::npos;
+      return found >= std::stoi(words[2]);
+    });
+  }
+
   std::map<std::string, IDispatch*> mObjects;
 };
 
@@ -198,12 +233,8 @@ int main(int count, char** arguments) {
   Probe probe;
   for (std::string line; std::getline(script, line);) {
     std::string shown = "nothing";
-    const auto begin = std::chrono::steady_clock::now();
     const HRESULT outcome = probe.Run(Split(line), shown);
-    const auto took = std::chrono::steady_clock::now() - begin;
-    std::printf("%08lx\t%lld\t%s\n", static_cast<unsigned long>(outcome),
-                static_cast<long long>(std::chrono::duration_cast<std::chrono::microseconds>(took).count()),
-                shown.c_str());
+    std::printf("%08lx\t%s\n", static_cast<unsigned long>(outcome), shown.c_str());
     std::fflush(stdout);
   }
   return 0;
