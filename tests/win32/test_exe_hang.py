@@ -1,130 +1,108 @@
-"""Programs that hang: the tones go on over them, a hang costs one limit, and the next healthy window is named soon. And what
-a resting pointer asks of others: nothing."""
+"""Programs that hang: the tones go on over them, a hang costs one question, and the next healthy window is named while they
+still hang. And what a resting pointer asks of others: nothing."""
 
 import os
 import signal
-import statistics
-import time
 import unittest
 
-from harness import now, settings_text
-from listening import HIGHER, LOWER, QUICK, SOON, Listening
+from harness import now, wait_until
+from listening import QUICK, SOON, Listening, notes_at
 
 OK, PAGE_UP = (960, 380), (840, 405)
 HUNG_RECT = (100, 440, 520, 740)
-LONG = 30       # seconds that a window hangs; no test waits for it
-NAMED = 0.33    # seconds from the pointer's coming to a healthy window's name
-STEP = 0.04     # seconds between the moves of a walk
+OVER_HUNG = [(x, y) for y in (460, 540, 620, 700) for x in (120, 230, 340, 450)]  # each with notes of its own
+LAST_NAME = "Back again"
 
 
 class Hanging(Listening):
     layouts = ("elements", "controls")
-    settings = settings_text(VerticalVolume=60, HorizontalVolume=60, MouseMelodyFormat=0)  # a note for every cell
     environment = QUICK
 
     def setUp(self):
         self.leave()
 
-    def hang_one(self, seconds=LONG):
+    def make_one(self):
+        """A window whose thread, or program, is going to hang until the test ends that."""
         self.other = self.enterContext(self.desktop.target())
         self.other.create("hung", class_="HungOne", title="Hung title", rect=HUNG_RECT)
-        self.other.element("hung", 0, name="Back again", role=41)
-        self.other.ask("hang", "hung", seconds)
+        self.other.element("hung", 0, name=LAST_NAME, role=41)
 
-    def walk_over_it(self):
-        """From cell to cell, each of which has notes of its own; the seconds from each tone to the next."""
+    def make_row(self, count):
+        """Small windows that hang, each by itself, and the places over them."""
+        other = self.enterContext(self.desktop.target())
+        for number in range(count):
+            name = f"hung{number}"
+            other.create(name, class_="HungOne", rect=(100 + 110 * number, 450, 190 + 110 * number, 500), thread=name)
+            other.element(name, 0, name="Never heard", role=41)
+            other.ask("hang", name)
+        return other, [(145 + 110 * number, 470) for number in range(count)]
+
+    def name_healthy_ones(self):
+        """Comes to a healthy window from the hung one, again and again."""
+        for place, words in ((OK, "O K button"), (PAGE_UP, "Page up")) * 2:
+            self.point(OVER_HUNG[0])
+            self.visit(place, words)
+
+    def assert_never_in_the_way(self, wake):
+        """It was asked once, as its own count tells when it can count again."""
         since = now()
-        left, top, right, bottom = HUNG_RECT
-        for row in range(5):
-            for column in range(7):
-                self.hand.move(left + 20 + (column if row % 2 else 6 - column) * 58, top + 20 + row * 58)
-                time.sleep(STEP)
-        times = [since] + [line["t"] for line in self.heard.lines(since) if line["what"] == "midi"
-                           and int(line["value"], 16) & 0xFF in (0x90 + LOWER, 0x90 + HIGHER)]
-        self.assertGreater(len(times), 20)
-        return sorted((after - before) / 1e6 for before, after in zip(times, times[1:]))
-
-    def name_healthy_ones(self, rounds=6):
-        """Comes to a healthy window from the hung one, again and again; the seconds until it was named."""
-        delays = []
-        for place, words in ((OK, "O K button"), (PAGE_UP, "Page up")) * (rounds // 2):
-            self.hand.move(300 + len(delays), 600)
-            time.sleep(0.1)
-            since = now()
-            self.hand.move(*place)
-            delays.append((self.heard.wait_words(words, SOON, since)["t"] - since) / 1e6)
-        return delays
-
-    def assert_never_in_the_way(self):
-        gaps = self.walk_over_it()
-        # One gap holds the limit of the one question that was asked; no other is longer than the moves make it.
-        self.assertLess(gaps[-1], 1.0)
-        self.assertLess(gaps[-2], 0.25)
-        self.assertLess(statistics.median(gaps), 2 * STEP)
-        delays = self.name_healthy_ones()
-        self.assertLess(statistics.median(delays), NAMED)
-        self.assertLess(max(delays), 3 * NAMED)
+        for place in OVER_HUNG:
+            self.point(place)
+        self.name_healthy_ones()
+        self.assertNotIn(LAST_NAME, self.heard.words(since))
+        wake()
+        wait_until(lambda: "accValue" in self.other.counts("hung"), SOON, "the question that was left behind")
+        self.visit(OK, "O K button")
+        self.assertEqual(self.other.counts("hung")["accValue"], 1)
 
     def test_a_window_that_hangs(self):
-        self.hang_one()
-        self.assert_never_in_the_way()
+        self.make_one()
+        self.other.ask("hang", "hung")
+        self.assert_never_in_the_way(lambda: self.other.ask("wake", "hung"))
 
     def test_a_program_that_stands_still(self):
-        self.hang_one(0)
+        self.make_one()
         os.kill(self.other.process.pid, signal.SIGSTOP)
         self.addCleanup(os.kill, self.other.process.pid, signal.SIGCONT)
-        self.assert_never_in_the_way()
+        self.assert_never_in_the_way(lambda: os.kill(self.other.process.pid, signal.SIGCONT))
 
     def test_an_object_that_does_not_answer_although_its_window_did(self):
-        self.hang_one(0)
-        self.other.rule("hung", "accValue", "delay", LONG * 1000)
-        self.assert_never_in_the_way()
+        self.make_one()
+        self.other.rule("hung", "accValue", "hold")
+        self.assert_never_in_the_way(lambda: self.other.ask("unrule", "hung"))
+
+    def test_the_tones_of_a_place_come_before_anything_is_asked_there(self):
+        self.make_one()
+        for message in ("WM_GETOBJECT", "accValue"):
+            self.other.rule("hung", message, "hold")
+        self.hand.move(*OVER_HUNG[0])
+        wait_until(lambda: self.other.counts("hung"), SOON, "a question", pause=0)
+        self.assertEqual(self.last_notes(), notes_at(*OVER_HUNG[0]))
 
     def test_a_window_that_answers_again_is_asked_again(self):
-        self.hang_one(2)
-        since = now()
-        self.hand.move(300, 600)
-        self.heard.wait_words("It is eigh hung one", SOON, since)
-        end = time.monotonic() + SOON
-        while "Back again" not in self.heard.words(since) and time.monotonic() < end:
-            self.hand.move(300 + int(time.monotonic() * 10) % 50, 600)  # a resting pointer asks nothing
-            time.sleep(0.1)
-        self.assertIn("Back again", self.heard.words(since))
+        self.make_one()
+        self.other.ask("hang", "hung")
+        self.visit(OVER_HUNG[0], "It is eigh hung one")
+        self.other.ask("wake", "hung")
+        self.visit(OVER_HUNG[1], LAST_NAME)
 
-    def test_the_first_crossing_of_a_hung_window_delays_what_follows_by_one_limit(self):
-        other = self.enterContext(self.desktop.target())
-        delays = []
-        for number in range(3):
-            name = f"hung{number}"
-            other.create(name, class_="HungOne", rect=(570 + 80 * number, 450, 640 + 80 * number, 500), thread=name)
-            other.ask("hang", name, LONG)
+    def test_after_the_first_crossing_of_a_hung_window_the_next_one_is_named(self):
+        _, places = self.make_row(3)
+        for place in places:
             self.leave()
-            self.hand.move(600 + 80 * number, 470)
-            time.sleep(STEP)
-            since = now()
-            self.hand.move(*OK)
-            delays.append((self.heard.wait_words("O K button", SOON, since)["t"] - since) / 1e6)
-        self.assertLess(min(delays), NAMED)
-        self.assertLess(max(delays), 3 * NAMED)
+            self.point(place)
+            self.visit(OK, "O K button")
 
     def test_more_windows_hang_than_are_waited_for(self):
-        other = self.enterContext(self.desktop.target())
-        for number in range(5):
-            name = f"hung{number}"
-            other.create(name, class_="HungOne", rect=(100 + 80 * number, 450, 170 + 80 * number, 500), thread=name)
-            other.element(name, 0, name="Never heard", role=41)
-            other.ask("hang", name, LONG)
-        for number in range(5):
-            self.hand.move(130 + 80 * number, 470)
-            time.sleep(0.4)
+        other, places = self.make_row(5)
+        for place in places:
+            self.point(place)
         since = now()
         self.hand.move(805, 350)  # a title, which needs no accessible object
         self.heard.wait_words("Elements", SOON, since)
         other.close()
         self.hand.move(*self.away)
-        time.sleep(0.3)
         self.visit(OK, "O K button")
-
 
     def test_a_resting_tick_asks_nothing_of_another_program(self):
         for place, words in ((OK, "O K button"), (self.target.centre("field"), "hello"),
@@ -135,8 +113,11 @@ class Hanging(Listening):
                 self.assertTrue(self.target.all_counts())
                 self.rest()
                 self.target.ask("reset")
-                self.assertEqual(self.heard.stays_silent(1.5), [])
+                since = now()
+                with self.hand.held("shift", "ctrl"):  # which ticks are heard by
+                    self.heard.wait(lambda line: "Top Window is" in line.get("text", ""), SOON, since)
                 self.assertEqual(self.target.all_counts(), {})
+                self.assertEqual([message for message in self.heard.midi(since) if message & 0xF0 == 0x90], [])
 
 
 if __name__ == "__main__":

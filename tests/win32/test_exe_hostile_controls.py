@@ -1,19 +1,15 @@
-"""Controls that hang, die or lie while they are read: each is survived, the next healthy window is named soon, and no memory
-is left in them."""
+"""Controls that hang, die or lie while they are read: each is survived, the next healthy window is named, also while they
+hang, and no memory is left in them."""
 
 import itertools
-import statistics
-import time
 import unittest
 
-from harness import now, wait_until
+from harness import wait_until
 from listening import QUICK, SOON, Listening
 
 HEALTHY = ((960, 380), "O K button"), ((840, 405), "Page up")
 HUGE = 2**31 - 1
-LONG = 30_000   # milliseconds that a message is not answered; no test waits for it
-STAY = 0.12     # seconds over a hostile control
-NAMED = 0.33    # seconds from the pointer's coming to a healthy window's name
+SLOW = 60    # milliseconds
 ROUNDS = 3
 
 # The controls that a target makes, with the places on them that are visited.
@@ -52,9 +48,6 @@ class HostileControls(Listening):
         cls.healthy = itertools.cycle(HEALTHY)
         cls.list_rows = itertools.cycle(LIST_ROWS)
 
-    def setUp(self):
-        self.delays = []
-
     def make(self, *names):
         """A target with these controls, each answering by itself."""
         target = self.enterContext(self.desktop.target())
@@ -73,21 +66,13 @@ class HostileControls(Listening):
             target.ask("items", name, "First item", "Second item", "Third item")
 
     def go_over(self, name):
+        """Over the control, until a tick has come there: its notes sound before anything is asked."""
         x, y = PLACES[name]
-        self.hand.move(x, y or next(self.list_rows))
+        self.point((x, y or next(self.list_rows)))
 
     def go_on(self):
-        """On to a healthy window; notes how long it took until that was named."""
-        (x, y), words = next(self.healthy)
-        since = now()
-        self.hand.move(x, y)
-        while words not in self.heard.words(since):
-            self.assertLess(now() - since, SOON * 1e6, self.heard.lines(since)[-12:])
-            time.sleep(0.02)
-            if now() - since > 1e6:  # on a very busy machine a healthy one may have failed as well
-                self.hand.move(x + int(time.monotonic() * 10) % 2, y)
-        named = next(line["t"] for line in self.heard.lines(since) if line.get("text") == words)
-        self.delays.append((named - since) / 1e6)
+        """On to a healthy window, until that is named."""
+        self.visit(*next(self.healthy))
         self.assertTrue(self.pointalk.running())
 
     def stay_over(self, name, question, what):
@@ -110,35 +95,28 @@ class HostileControls(Listening):
             self.over(target, name, message)
         return target.blocks().keys()
 
-    def assert_named_soon(self):
-        self.assertLess(statistics.median(self.delays), NAMED, sorted(self.delays))
-
     def test_controls_that_hang_inside_a_message(self):
         for hangs in HANGS:
             target = self.make(*hangs)
             before = self.read_all(target)
             for name, message in hangs.items():
                 with self.subTest(name, message=message):
-                    target.rule(name, message, "delay", LONG)
+                    target.rule(name, message, "hold")
                     self.over(target, name, message)
                     for _ in range(ROUNDS):
                         self.go_over(name)
-                        time.sleep(STAY)
                         self.go_on()
             self.assertEqual(target.blocks().keys() - before, set())
             target.close()
-        self.assert_named_soon()
 
     def test_controls_that_are_slow_to_answer_everything(self):
         target = self.make(*RECTS)
         for name in RECTS:
-            target.rule(name, "*", "delay", 60)
+            target.rule(name, "*", "delay", SLOW)
         for _ in range(ROUNDS):
             for name in RECTS:
                 self.go_over(name)
-                time.sleep(STAY)
                 self.go_on()
-        self.assert_named_soon()
 
     def test_programs_that_die_inside_a_message(self):
         for name, message in (("list", "LB_GETTEXT"), ("view", "LVM_SUBITEMHITTEST"), ("view", "LVM_GETITEMA"),
@@ -149,7 +127,6 @@ class HostileControls(Listening):
                 self.stay_over(name, lambda: target.process.poll() is not None, "the program dies")
                 self.assertEqual(target.wait_for_end(), 3)
                 self.go_on()
-        self.assert_named_soon()
 
     def test_controls_that_answer_nonsense(self):
         target = self.make(*RECTS)
@@ -160,7 +137,6 @@ class HostileControls(Listening):
                 self.over(target, name, message)
                 target.ask("unrule", name)
         self.assertEqual(target.blocks().keys() - before, set())
-        self.assert_named_soon()
 
     def test_controls_that_change_while_they_are_read(self):
         target = self.make(*RECTS)
@@ -172,7 +148,6 @@ class HostileControls(Listening):
                 self.over(target, name, message)
                 target.ask("unrule", name)
         self.assertEqual(target.blocks().keys() - before, set())
-        self.assert_named_soon()
 
     def test_windows_that_go_while_they_are_read(self):
         target = self.make(*RECTS)
@@ -184,7 +159,6 @@ class HostileControls(Listening):
                 self.stay_over(name, lambda: name not in living(), f"{name} goes")
                 self.go_on()
         self.assertEqual(target.blocks().keys() - before, set())
-        self.assert_named_soon()
 
 
 if __name__ == "__main__":

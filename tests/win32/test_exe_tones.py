@@ -1,18 +1,17 @@
 """The two tones: exact messages in all four formats, and when they end."""
 
+import contextlib
 import struct
-import time
 import unittest
 
 from harness import Desktop, now, settings_text, wait_until, written_scaling
-from listening import HIGHER, LOWER, QUICK, REST, SCREEN, SOON, note_off, note_on, program, start
+from listening import HIGHER, LOWER, QUICK, REST, SOON, TWO_TONE_SCALE, cell, note_off, note_on, program, start
 
 VOLUME, SCALING = 110, 150        # percent; loud and soft enough for both ends of the scale
 FILE_INSTRUMENTS = (12, 40)       # of the file's vertical and horizontal line; they trade places at every save
-LONGEST_DELAY = 0.33              # seconds from a move to its tones, on a busy machine; a tick is 0.03
 AWAY = (1000, 600)
+LEFT_BUTTON = 1                   # as a key
 
-TWO_TONE_SCALE = (0, 0, 2, 2, 4, 4, 5, 5, 7, 7, 9, 9, 11, 11, 12, 12, 14, 14, 16, 16)
 ONE_TONE_CHROMATIC = (0, 1, 2, 2, 3, 3, 4, 4, 5, 5, 6, 6, 7, 7, 8, 8, 9, 9, 10, 11)
 ONE_TONE_SCALE = (0, 0, 2, 2, 2, 4, 4, 4, 5, 5, 5, 7, 7, 7, 9, 9, 9, 11, 11, 11)
 OFFSETS = (
@@ -42,11 +41,8 @@ class Expected:
         self.move(*AWAY)
         self.rest()  # the port is closed over the greeting
 
-    def cell(self, x, y):
-        return int(x / SCREEN[0] * 20 - 0.1), int((SCREEN[1] - y) / SCREEN[1] * 20 - 0.1)
-
     def move(self, x, y):
-        high, low = OFFSETS[self.format](*self.cell(x, y))
+        high, low = OFFSETS[self.format](*cell(x, y))
         louder = {HIGHER: VOLUME - self.scaling * 5 * high, LOWER: VOLUME + 20 - self.scaling * 5 * low}
         self.velocity = {channel: min(max(round(velocity), 0), 127) for channel, velocity in louder.items()}
         messages = []
@@ -74,6 +70,7 @@ class Tones(unittest.TestCase):
     def setUpClass(cls):
         cls.desktop = cls.enterClassContext(Desktop(private=True))
         cls.hand = cls.enterClassContext(cls.desktop.hand())
+        cls.probe = cls.enterClassContext(cls.desktop.probe())
 
     def run_format(self, melody_format):
         settings = settings_text(VerticalVolume=VOLUME, HorizontalVolume=VOLUME, KeyboardScaling=SCALING,
@@ -85,56 +82,67 @@ class Tones(unittest.TestCase):
         self.expected = Expected(melody_format)
 
     def hears(self, messages, since):
-        """Just these messages, and soon."""
+        """Just these messages."""
         wait_until(lambda: len(self.heard.midi(since)) >= len(messages), SOON,
                    lambda: f"{messages} heard; heard {self.heard.midi(since)}")
         self.assertEqual(self.heard.midi(since), messages)
 
     def move(self, place):
-        """Moves and compares; returns the time of the move and the seconds that the tones took."""
+        """Moves and compares; returns the time of the move."""
         since = now()
         self.hand.move(*place)
-        messages = self.expected.move(*place)
-        self.hears(messages, since)
-        times = [line["t"] for line in self.heard.lines(since) if line["what"] == "midi"]
-        return since, (times[-1] - since) / 1e6 if times else 0
+        self.hears(self.expected.move(*place), since)
+        return since
+
+    @contextlib.contextmanager
+    def left_held(self):
+        """Begins when Wine has seen it: until then the pointer may go back to where the button was pressed."""
+        self.hand.down()
+        wait_until(lambda: self.probe.ask("key", LEFT_BUTTON)["down"], SOON, "the button is down")
+        try:
+            yield
+        finally:
+            self.hand.up()
+
+    def click(self, *buttons):
+        """Clicks, each of which is told after it has settled, so that ticks have gone by."""
+        names = {"left": "Click", "right": "Right Click", "middle": "Middle Click"}
+        for button in buttons:
+            since = now()
+            self.hand.click(button)
+            self.heard.wait_words(names[button], SOON, since)
 
     def test_every_place_has_its_notes_and_velocities_in_every_format(self):
         for melody_format in range(4):
             with self.subTest(melody_format=melody_format):
                 self.run_format(melody_format)
-                delays = [self.move(place)[1] for place in PLACES]
-                self.assertLess(max(delays), LONGEST_DELAY)
-                since = now()
+                with self.left_held():  # or a pointer that waits for the machine would rest
+                    for place in PLACES:
+                        self.move(place)
+                    since = now()
                 ending = self.expected.rest()
                 self.assertEqual(len(ending), 4 if melody_format < 2 else 2)
                 self.hears(ending, since)
 
     def test_nothing_is_heard_after_the_rest_until_the_pointer_moves(self):
         self.run_format(1)
-        moved, _ = self.move((500, 384))
+        moved = self.move((500, 384))
         resting = self.expected.rest()
         wait_until(lambda: self.heard.midi(moved)[-4:] == resting, SOON, lambda: f"the end: {self.heard.midi(moved)}")
-        # Ten ticks on the spot go by first.
-        ended = next(line["t"] for line in self.heard.lines(moved) if line.get("value") == hex(resting[1]))
-        self.assertGreater(ended - moved, 250_000)
-        self.assertEqual(self.heard.stays_silent(1.0), [])
         since = now()
+        self.click("left", "right")
         self.hand.move(501, 384)  # within the cell: its notes are the last ones, and not struck again
-        time.sleep(2 * REST)
+        self.click("left", "right")
         self.assertEqual(self.heard.midi(since), [])
         self.move((250, 250))
 
     def test_a_held_button_keeps_the_tones_until_it_is_let_go(self):
         self.run_format(0)
-        self.move((600, 200))
-        since = now()
-        self.hand.down()
-        self.addCleanup(self.hand.up)
-        time.sleep(5 * REST)
-        self.assertEqual(self.heard.midi(since), [])
-        since = now()
-        self.hand.up()
+        with self.left_held():
+            self.move((600, 200))
+            since = now()
+            self.heard.stays_silent(5 * REST)
+            self.assertEqual(self.heard.midi(since), [])
         self.hears(self.expected.rest(), since)
 
 

@@ -8,7 +8,8 @@
 namespace pointalk::contract {
 namespace {
 
-constexpr ULONGLONG kPatience = 5000;  // milliseconds
+constexpr ULONGLONG kPatience = 10'000;  // milliseconds
+constexpr int kMostTicks = 320;          // as long
 
 class DialogKeysTest : public testing::Test {
  protected:
@@ -60,9 +61,12 @@ TEST_F(DialogKeysTest, TheFormHearsTheMouseWhileABoxIsOpen) {
       Sleep(10);
     world_.SetLeftButton(true);
     world_.SetLeftButton(false);
-    Sleep(300);
-    PostMessageW(OwnDialog(), WM_COMMAND, IDOK, 0);
   });
+  world_.duringTick = [&] {
+    if (world_.mouseReports.size() >= 2 || world_.ticks >= kMostTicks)
+      PostMessageW(OwnDialog(), WM_COMMAND, IDOK, 0);
+  };
+  world_.platform.panel.SetTimerEnabled(true);
   EXPECT_EQ(dialogs_.AskByBox(u"Wait.", u"Pointalk", kBoxOk), kAnswerOk);
   mouse.join();
   EXPECT_EQ(world_.mouseReports.size(), 2U);

@@ -213,7 +213,7 @@ std::vector<int> WinWorld::MouseReports(std::size_t count) {
   return mouseReports;
 }
 
-void WinWorld::Hang(std::string_view window) { Tell("hang " + std::string(window) + " 20"); }
+void WinWorld::Hang(std::string_view window) { Tell("hang " + std::string(window)); }
 
 void WinWorld::AnswerBox(int answer) {
   static const std::map<int, int> keys = {

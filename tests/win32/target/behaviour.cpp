@@ -23,6 +23,8 @@ Rule ParseRule(const CommandLine& line, std::size_t first) {
   } else if (kind == L"delay") {
     rule.kind = Rule::Kind::Delay;
     rule.milliseconds = static_cast<DWORD>(number(1));
+  } else if (kind == L"hold") {
+    rule.kind = Rule::Kind::Hold;
   } else if (kind == L"text") {
     rule.kind = Rule::Kind::Text;
     rule.text = line.Word(first + 1);
@@ -61,6 +63,7 @@ std::string Behaviour::CountsJson() const {
 void Behaviour::Set(UINT message, const Rule& rule) {
   const std::scoped_lock lock(mMutex);
   mRules[message] = rule;
+  mRulesChanged.notify_all();
 }
 
 void Behaviour::Clear(UINT message) {
@@ -69,15 +72,29 @@ void Behaviour::Clear(UINT message) {
     mRules.clear();
   else
     mRules.erase(message);
+  mRulesChanged.notify_all();
+}
+
+const Rule* Behaviour::Lookup(UINT message) const {
+  for (const UINT key : {message, kAnyMessage}) {
+    const auto found = mRules.find(key);
+    if (found != mRules.end()) return &found->second;
+  }
+  return nullptr;
 }
 
 std::optional<Rule> Behaviour::Find(UINT message) const {
   const std::scoped_lock lock(mMutex);
-  for (const UINT key : {message, kAnyMessage}) {
-    const auto found = mRules.find(key);
-    if (found != mRules.end()) return found->second;
-  }
-  return std::nullopt;
+  const Rule* const rule = Lookup(message);
+  return rule ? std::optional(*rule) : std::nullopt;
+}
+
+void Behaviour::WaitWhileHeld(UINT message) {
+  std::unique_lock lock(mMutex);
+  mRulesChanged.wait(lock, [&] {
+    const Rule* const rule = Lookup(message);
+    return !rule || rule->kind != Rule::Kind::Hold;
+  });
 }
 
 bool Behaviour::EnterCall(UINT call) {
@@ -86,6 +103,7 @@ bool Behaviour::EnterCall(UINT call) {
   if (!rule) return false;
   if (rule->kind == Rule::Kind::Die) Die();
   if (rule->kind == Rule::Kind::Delay) Sleep(rule->milliseconds);
+  if (rule->kind == Rule::Kind::Hold) WaitWhileHeld(call);
   return rule->kind == Rule::Kind::Result;
 }
 

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <condition_variable>
 #include <cstdint>
 #include <map>
 #include <mutex>
@@ -19,6 +20,7 @@ struct Rule {
     Die,     // the process ends inside the message
     Result,  // the result alone, nothing written
     Delay,   // as always, but later
+    Hold,    // as always, but not before the rule is taken away
     Text,    // another text is written, as far as the sender's room goes, and the result given
     Hit,     // the list view's hit test says another item and flags
     Then,    // as always, and a command runs before the sender gets its answer
@@ -32,8 +34,8 @@ struct Rule {
   std::string command;
 };
 
-// From the words after `rule NAME MESSAGE`: die | result N | delay MS | text TEXT [RESULT] | hit ITEM FLAGS |
-// then COMMAND. Throws CommandError.
+// From the words after `rule NAME MESSAGE`: die | result N | delay MS | hold | text TEXT [RESULT] |
+// hit ITEM FLAGS | then COMMAND. Throws CommandError.
 Rule ParseRule(const CommandLine& line, std::size_t first);
 
 // Shared by a window, its accessible objects and the command channel; callable from any thread.
@@ -49,12 +51,18 @@ class Behaviour {
   // The rule for the message, else the one for any message.
   std::optional<Rule> Find(UINT message) const;
 
+  // Returns once no rule says that the message is held.
+  void WaitWhileHeld(UINT message);
+
   // Counts a call on an accessible object, then waits or ends the process if a rule says so; true when the
   // rule says that the call fails.
   bool EnterCall(UINT call);
 
  private:
+  const Rule* Lookup(UINT message) const;
+
   mutable std::mutex mMutex;
+  std::condition_variable mRulesChanged;
   std::map<UINT, std::int64_t> mCounts;
   std::map<UINT, Rule> mRules;
 };

@@ -42,7 +42,8 @@ std::string Commands::Carry(const CommandLine& line) {
   if (name == L"show") return Show(*Find(line.Word(1)));
   if (name == L"rule") return Bend(line);
   if (name == L"unrule") return Unbend(line);
-  if (name == L"hang") return Hang(line);
+  if (name == L"hang") return Find(line.Word(1))->Thread().Hang(), Done();
+  if (name == L"wake") return Find(line.Word(1))->Thread().Wake(), Done();
   if (name == L"counts") return Counts(line);
   if (name == L"reset") return Reset();
   if (name == L"memory") return JsonObject().Raw("blocks", SmallPrivateBlocksJson()).Line();
@@ -130,11 +131,6 @@ std::string Commands::Bend(const CommandLine& line) {
 
 std::string Commands::Unbend(const CommandLine& line) {
   Find(line.Word(1))->Bent().Clear(line.Count() > 2 ? MessageNumber(line.Word(2)) : kAnyMessage);
-  return Done();
-}
-
-std::string Commands::Hang(const CommandLine& line) {
-  Find(line.Word(1))->Thread().Hang(std::chrono::seconds(ParseNumber(line.Word(2))));
   return Done();
 }
 

@@ -16,10 +16,11 @@
 //   title NAME TEXT | move NAME L T R B | show NAME | hide NAME | raise NAME | foreground NAME | destroy NAME
 //   send NAME MESSAGE WPARAM LPARAM      to itself; {"result": n}
 //   where NAME item|label|char|menu INDEX       {"rect": [...]} on the screen
-//   rule NAME MESSAGE die | result N | delay MS | text TEXT [RESULT] | hit ITEM FLAGS | then COMMAND
+//   rule NAME MESSAGE die | result N | delay MS | hold | text TEXT [RESULT] | hit ITEM FLAGS | then COMMAND
 //          how messages and accessibility calls of other programs are answered; "*" is any of them.
 //          unrule NAME [MESSAGE]: as built again
-//   hang NAME SECONDS             the window's thread answers nothing for that time
+//   hang NAME                     the window's thread answers nothing
+//   wake NAME                     and now it does again
 //   counts [NAME] | reset         what other programs have sent since the start or the last reset
 //   memory                        small private blocks of the process
 //   windows                       all windows
@@ -64,7 +65,6 @@ class Commands {
   std::string Reset();
   std::string Bend(const CommandLine& line);
   std::string Unbend(const CommandLine& line);
-  std::string Hang(const CommandLine& line);
 
   std::string Items(const CommandLine& line, TargetWindow& window);
   std::string Data(const CommandLine& line, TargetWindow& window);

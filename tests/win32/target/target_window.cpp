@@ -120,6 +120,7 @@ LRESULT TargetWindow::AnswerByRule(const Rule& rule, UINT message, WPARAM wParam
     case Rule::Kind::Die: Die();
     case Rule::Kind::Result: return rule.result;
     case Rule::Kind::Delay: Sleep(rule.milliseconds); return AnswerAsBuilt(message, wParam, lParam);
+    case Rule::Kind::Hold: mBehaviour->WaitWhileHeld(message); return AnswerAsBuilt(message, wParam, lParam);
     case Rule::Kind::Text: return AnswerText(rule, message, wParam, lParam);
     case Rule::Kind::Hit: {
       const LRESULT result = AnswerAsBuilt(message, wParam, lParam);

@@ -66,16 +66,24 @@ std::string UiThread::Run(std::function<std::string()> task) {
   return reply.get();
 }
 
-void UiThread::Hang(std::chrono::milliseconds time) {
+void UiThread::Hang() {
+  if (mDeaf) throw CommandError("the window's thread hangs already");
   auto started = std::make_shared<std::promise<void>>();
   auto deaf = started->get_future();
-  Post([started, time] {
+  Post([this, started] {
     started->set_value();
-    Sleep(static_cast<DWORD>(time.count()));
+    mMayHear.acquire();
     return std::string();
   });
   if (deaf.wait_for(kPatience) != std::future_status::ready)
     throw CommandError("the window's thread is busy");
+  mDeaf = true;
+}
+
+void UiThread::Wake() {
+  if (!mDeaf) throw CommandError("the window's thread does not hang");
+  mDeaf = false;
+  mMayHear.release();
 }
 
 }  // namespace pointalk::target

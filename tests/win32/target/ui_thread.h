@@ -3,9 +3,9 @@
 
 #include <windows.h>
 
-#include <chrono>
 #include <functional>
 #include <future>
+#include <semaphore>
 #include <string>
 #include <thread>
 
@@ -25,8 +25,11 @@ class UiThread {
   // the thread has not got round to it within five seconds; it may still do so later.
   std::string Run(std::function<std::string()> task);
 
-  // Makes the thread deaf for a time, from before this returns. Throws CommandError when it is deaf already.
-  void Hang(std::chrono::milliseconds time);
+  // Makes the thread deaf, from before this returns. Throws CommandError when it is deaf already.
+  void Hang();
+
+  // Throws CommandError when it was not deaf.
+  void Wake();
 
   // How many messages from other threads are being answered right now, one inside the other.
   int& AnswerDepth() { return mAnswerDepth; }
@@ -40,6 +43,8 @@ class UiThread {
   DWORD mId = 0;
   HWND mInbox = nullptr;  // takes the tasks, also while a menu is open
   int mAnswerDepth = 0;
+  bool mDeaf = false;  // known to those who give commands
+  std::binary_semaphore mMayHear{0};
   std::thread mThread;
 };
 
