@@ -16,7 +16,7 @@ from make_packages import make_packages, version  # noqa: E402
 __all__ = ["APP_PATHS", "BUILD", "DONE_BEFORE", "KILLED_AT_ITS_END", "PackageCase", "ROOT", "RUN", "SOON", "UNINSTALL", "WELCOME",
            "version", "wait_until"]
 
-SOON = 20  # seconds within which what must come has come
+SOON = 100  # seconds after which what has not come never will
 AWAY = (900, 740)  # where the pointer waits, over the bare desktop
 CURRENT_VERSION = r"Software\Microsoft\Windows\CurrentVersion"
 APP_PATHS = "HKCU\\" + CURRENT_VERSION + r"\App Paths\Pointalk.exe"
@@ -64,7 +64,7 @@ class PackageCase(unittest.TestCase):
         """A path on C: as Windows writes it."""
         return "C:\\" + str(path.relative_to(self.desktop.drive())).replace("/", "\\")
 
-    def wine(self, *command, seconds=60):
+    def wine(self, *command, seconds=300):
         """The exit status of a program of Windows."""
         return subprocess.run(["wine", *map(str, command)], env=self.desktop.environment, timeout=seconds, check=False,
                               stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode
@@ -80,7 +80,7 @@ class PackageCase(unittest.TestCase):
 
     def registry(self, key):
         """The values of a key by their names; nothing when there is no such key."""
-        run = subprocess.run(["wine", "reg", "query", key], env=self.desktop.environment, timeout=60, check=False,
+        run = subprocess.run(["wine", "reg", "query", key], env=self.desktop.environment, timeout=300, check=False,
                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
         return dict(re.findall(r"^ {4}(.+?) {4}REG_\w+ {4}(.*?)\r*$", run.stdout.decode("cp1252"), re.M))
 

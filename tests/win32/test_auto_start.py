@@ -18,7 +18,7 @@ class AutoStart(DesktopCase):
     def listed(self):
         """The values of the system's list that have the program's name, with their types."""
         try:
-            printed = self.desktop.run("wine", "reg", "query", RUN_KEY, seconds=30).decode()
+            printed = self.desktop.run("wine", "reg", "query", RUN_KEY, seconds=100).decode()
         except subprocess.CalledProcessError:  # there is no such key
             return []
         return re.findall(r"^\s+(Pointalk)\s+(\w+)\s+(.*?)\s*$", printed, re.M)

@@ -97,7 +97,7 @@ class Kills(DesktopCase):
             self.target.ask("reset")
             since = now()
             self.hand.move(*self.target.centre(name))
-            self.pointalk.heard.wait(lambda line: name.lower() in line.get("text", "").lower().replace(" ", ""), 20, since, name)
+            self.pointalk.heard.wait(lambda line: name.lower() in line.get("text", "").lower().replace(" ", ""), 100, since, name)
             self.assertNotIn("WM_GETOBJECT", self.target.counts(name))
 
 

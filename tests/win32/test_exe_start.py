@@ -1,6 +1,5 @@
 """How Pointalk starts: what it does in which order, the greeting, and the first run's welcome answered by keys."""
 
-import time
 import unittest
 
 from harness import Desktop, Panel, now, settings_text, wait_until
@@ -60,10 +59,15 @@ class Order(unittest.TestCase):
         cls.pointalk.wait_ready()
         cls.while_greeting = {name: cls.pointalk.file(name) for name in ("status.txt", "DidWarn.flg", "PTK.ini")}
         cls.pointalk.wait_running()
-        time.sleep(0.5)  # ticks
-        lines = cls.pointalk.heard.lines()
-        cls.facts = [facts(line) for line in lines if line["what"] not in ("sounding", "spoken", "cut", "silent")]
+        wait_until(lambda: cls.heard_facts().count(("sapi5 volume", "put", 80)) == 3, SOON, "the settings that are read again")
+        cls.pointalk.heard.stays_silent(0.5)  # or the tests below name what is heard
+        cls.facts = cls.heard_facts()
         cls.greets = cls.facts.index(("sapi5 speak", 2, GREETING))
+
+    @classmethod
+    def heard_facts(cls):
+        lines = cls.pointalk.heard.lines()
+        return [facts(line) for line in lines if line["what"] not in ("sounding", "spoken", "cut", "silent")]
 
     def part(self, begin, end):
         return self.facts[self.facts.index(begin):self.facts.index(end)]

@@ -66,9 +66,9 @@ class WinePrograms(Listening):
             return next((window for window in cls.probe.ask("windows")["windows"]
                          if window["class"] == class_name and title in window["title"]), None)
 
-        window = wait_until(find, 60, f"a window of class {class_name}")
+        window = wait_until(find, 200, f"a window of class {class_name}")
         cls.probe.ask("place", window["hwnd"], rect)
-        wait_until(lambda: find()["rect"][:2] == list(rect[:2]), 20, f"{class_name} is where it was put")
+        wait_until(lambda: find()["rect"][:2] == list(rect[:2]), 100, f"{class_name} is where it was put")
         return window
 
     def setUp(self):
@@ -82,7 +82,7 @@ class WinePrograms(Listening):
             return found[number] if len(found) > number else None
 
         self.probe.ask("place", self.windows[program]["hwnd"], PROGRAMS[program][3])  # above the others
-        return wait_until(find, 20, f"a {class_name} {title}")
+        return wait_until(find, 100, f"a {class_name} {title}")
 
     def visit_in_turn(self, *stops):
         """Places and what is said there; nothing else may be said from the first on until the pointer rests."""

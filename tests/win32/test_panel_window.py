@@ -3,7 +3,7 @@
 import unittest
 
 from harness import now, wait_until
-from panel_case import DesktopCase
+from panel_case import SOON, DesktopCase
 
 BUTTONS = ["Voice Sam", "Voice Mike", "Voice Mary", "Speed Up", "Slow Down", "Instrument Preset", "Melody Format"]
 RIGHTS = "Copyright Corvane.  You may use it and pass it on, unchanged and free of charge.  "
@@ -38,7 +38,7 @@ class Window(DesktopCase):
 
     def test_tab_goes_round_the_buttons_both_ways(self):
         def goes_to(name):
-            wait_until(lambda: self.panel.focus()["focus"]["title"] == name, 10, lambda: f"{name}: {self.panel.focus()}")
+            wait_until(lambda: self.panel.focus()["focus"]["title"] == name, SOON, lambda: f"{name}: {self.panel.focus()}")
 
         goes_to(BUTTONS[0])
         for name in (*BUTTONS[1:], BUTTONS[0]):
@@ -51,7 +51,7 @@ class Window(DesktopCase):
     def test_it_comes_back_as_it_was_left(self):
         self.panel.press("Speed Up")
         self.hand.tap("alt+f", "m")
-        wait_until(lambda: self.panel.is_minimised(), 10, "the panel is minimised")
+        wait_until(lambda: self.panel.is_minimised(), SOON, "the panel is minimised")
         self.panel.open()
         self.assertEqual(self.panel.focus()["focus"]["title"], "Speed Up")
         self.assertEqual(self.panel.window()["rect"][:2], [0, 0])
@@ -71,10 +71,10 @@ class Window(DesktopCase):
         left, top, right, bottom = self.panel.window()["rect"]
         place = (right - 20, bottom - 30)
         self.hand.move(*place)
-        wait_until(lambda: self.probe.ask("at", *place)["class"] == "PointalkPanel", 10, "the panel under the pointer")
+        wait_until(lambda: self.probe.ask("at", *place)["class"] == "PointalkPanel", SOON, "the panel under the pointer")
         since = now()
         self.hand.click()
-        self.pointalk.heard.wait_words("Click", 10, since)
+        self.pointalk.heard.wait_words("Click", SOON, since)
         self.assertEqual(self.panel.focus()["focus"]["title"], BUTTONS[0])
         self.assertTrue(self.pointalk.running())
 

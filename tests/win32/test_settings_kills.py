@@ -33,7 +33,7 @@ class Saver(unittest.TestCase):
                     self.assertEqual(saver.stdout.readline().strip(), b"ready")
                     time.sleep(chance.uniform(0, 0.02))
                     saver.kill()
-                    saver.wait(10)
+                    saver.wait(100)
                 check_whole(self, (folder / "PTK.ini").read_bytes().decode())
                 self.assertLessEqual({path.name for path in folder.iterdir()}, {"saver.exe", "PTK.ini", "PTK.ini.new"})
                 in_a_save += (folder / "PTK.ini.new").exists()

@@ -140,7 +140,7 @@ class Controls(unittest.TestCase):
         self.addCleanup(hand.tap, "Escape", "Escape")
         x, y = target.place("menus", "menu", 0)
         below = lambda: probe.ask("at", x, y + 25)["class"] == "#32768"
-        wait_until(below, 5, "the menu opens")
+        wait_until(below, 60, "the menu opens")
 
 
 class Elements(unittest.TestCase):

@@ -53,7 +53,7 @@ class Desktop:
             stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         os.close(writing)
         with open(reading, encoding="ascii") as answer:
-            told, _, _ = select.select([answer], [], [], 20)
+            told, _, _ = select.select([answer], [], [], 100)
             number = answer.readline().strip() if told else ""
         if not number:
             raise OSError("Xvfb did not start")
@@ -63,10 +63,10 @@ class Desktop:
         maker = ROOT / "wine" / "prefix.sh"
         base = pathlib.Path(os.environ.get("POINTALK_PREFIX_BASE", BUILD / "wine-prefix"))
         prefix = self.folder / "prefix"
-        self.run(maker, "make", base, seconds=300)
-        self.run(maker, "copy", base, prefix, seconds=120)
+        self.run(maker, "make", base, seconds=1000)
+        self.run(maker, "copy", base, prefix, seconds=1000)
         self.environment["WINEPREFIX"] = str(prefix)
-        self.run(maker, "engines", prefix, self._engines, BUILD / "wine" / "pointalk_voice.dll", seconds=120)
+        self.run(maker, "engines", prefix, self._engines, BUILD / "wine" / "pointalk_voice.dll", seconds=1000)
         self.restart()  # what made changes there knows no screen
 
     def run(self, *command, seconds, cwd=None):
@@ -93,12 +93,12 @@ class Desktop:
         return Pointalk(BUILD, self.folder / f"Pointalk{self._runs}", self.environment, settings, first_run)
 
     def screenshot(self, path):
-        self.run("import", "-window", "root", path, seconds=30)
+        self.run("import", "-window", "root", path, seconds=100)
 
     def pixels(self, left, top, width, height):
         """What a part of the screen shows: rows of bytes, three to a pixel."""
         image = self.run("import", "-window", "root", "-crop", f"{width}x{height}+{left}+{top}", "-depth", "8", "rgb:-",
-                         seconds=30)
+                         seconds=100)
         return [image[row * width * 3:(row + 1) * width * 3] for row in range(height)]
 
     def drive(self):
@@ -109,17 +109,17 @@ class Desktop:
         """Takes registry keys over, as regedit's files hold them."""
         path = self.folder / "keys.reg"
         path.write_bytes(b"REGEDIT4\r\n\r\n" + text.replace("\n", "\r\n").encode("cp1252"))
-        self.run("wine", "regedit", "/S", "Z:" + str(path).replace("/", "\\"), seconds=60)
+        self.run("wine", "regedit", "/S", "Z:" + str(path).replace("/", "\\"), seconds=200)
 
     def restart(self):
         """Ends every program of a private desktop; the next one finds it as it is after a log-on."""
         self._end_wine()
-        self.run("wineserver", "-p", seconds=30)
+        self.run("wineserver", "-p", seconds=100)
 
     def _end_wine(self):
         for option in ("-k", "-w"):
             with contextlib.suppress(subprocess.CalledProcessError):  # nothing was running
-                self.run("wineserver", option, seconds=30)
+                self.run("wineserver", option, seconds=100)
 
     def close(self):
         try:
@@ -128,5 +128,5 @@ class Desktop:
         finally:
             if self._server:
                 self._server.terminate()
-                self._server.wait(10)
+                self._server.wait(100)
             shutil.rmtree(self.folder, ignore_errors=True)

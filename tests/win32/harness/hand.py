@@ -28,7 +28,7 @@ class Hand:
         may be gone before it is answered, and xdotool ends over that."""
         self._xdotool.stdin.write("\n".join((*commands, "getdisplaygeometry")) + "\n")
         self._xdotool.stdin.flush()
-        return self._answers.get(timeout=10)
+        return self._answers.get(timeout=100)
 
     def move(self, x, y):
         self._do(f"mousemove {x} {y}")
@@ -83,7 +83,7 @@ class Hand:
         """Has the keys go to the visible window with that title. When one window closes and another opens, Wine may have the
         new one in front while the X server still hands the keys to a third; they are lost then."""
         subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$", "windowfocus"], env=self._environment,
-                       stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=10, check=False)
+                       stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=100, check=False)
 
     def close(self):
         self._xdotool.stdin.close()

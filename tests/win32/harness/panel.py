@@ -23,7 +23,7 @@ UNCHECKED = {"m": "Vertical Volume", "v": "Use Mike"}
 MENU_FRAME = 3   # pixels around a menu's entries
 MARK_WIDTH = 14  # pixels before an entry's text
 
-LIMIT = 40      # seconds
+LIMIT = 100     # seconds
 
 
 class Panel:

@@ -29,11 +29,11 @@ class Run:
                                         env={**self._environment, **environment})
         return self
 
-    def wait_ready(self, limit=60):
+    def wait_ready(self, limit=300):
         """Waits for the greeting of a run that is not the first."""
         self.heard.wait_words("Pointalk is running.  Hit F1 any time for help.", limit, self._began)
 
-    def wait_running(self, limit=60):
+    def wait_running(self, limit=300):
         """Waits until its timer runs: just before, the port is asked for a second time."""
         asked = lambda: [line for line in self.heard.lines(self._began) if line["what"] == "midi devices"]
         wait_until(lambda: len(asked()) == 2, limit, lambda: f"Pointalk runs; heard {self.heard.lines(self._began)[-5:]}")
@@ -46,7 +46,7 @@ class Run:
     def running(self):
         return self.process is not None and self.process.poll() is None
 
-    def wait_for_end(self, limit=20):
+    def wait_for_end(self, limit=100):
         wait_until(lambda: not self.running(), limit, "Pointalk ends")
 
     def kill(self):
@@ -54,7 +54,7 @@ class Run:
         if self.running():
             self.process.kill()
         if self.process is not None:
-            self.process.wait(10)
+            self.process.wait(100)
 
     def __enter__(self):
         return self

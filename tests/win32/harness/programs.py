@@ -23,7 +23,7 @@ def quoted(value):
 class LineProgram:
     """A running program that is driven through its standard input."""
 
-    def __init__(self, command, environment, limit=30):
+    def __init__(self, command, environment, limit=100):
         self.process = subprocess.Popen([str(part) for part in command], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
                                         stderr=subprocess.DEVNULL, env=environment)
         self._lines = queue.Queue()
@@ -53,7 +53,7 @@ class LineProgram:
             raise EOFError("the program has ended")
         return json.loads(line)
 
-    def ask(self, *words, limit=20, **options):
+    def ask(self, *words, limit=100, **options):
         """Sends one command and returns its reply. RuntimeError when the program refuses it, EOFError when it ends over
         it."""
         parts = [quoted(word) for word in words] + [f"{key}={quoted(value)}" for key, value in options.items()]
@@ -67,14 +67,14 @@ class LineProgram:
             raise RuntimeError(f"{' '.join(parts)[:200]}: {reply['error']}")
         return reply
 
-    def wait_for_end(self, limit=10):
+    def wait_for_end(self, limit=100):
         """Its exit status; subprocess.TimeoutExpired if it goes on."""
         return self.process.wait(limit)
 
     def close(self):
         if self.process.poll() is None:
             self.process.kill()
-        self.process.wait(10)
+        self.process.wait(100)
         self._reader.join(10)
         with contextlib.suppress(BrokenPipeError):
             self.process.stdin.close()
@@ -93,7 +93,7 @@ class Probe(LineProgram):
 class Target(LineProgram):
     """Stands in for other people's programs. `windows` tells, by name, what is known of each window."""
 
-    def __init__(self, command, environment, limit=30):
+    def __init__(self, command, environment, limit=100):
         super().__init__(command, environment, limit)
         self.windows = {line["name"]: line for line in self.greeting[:-1]}
         self.id = self.greeting[-1]["process"]
