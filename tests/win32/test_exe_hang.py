@@ -43,33 +43,29 @@ class Hanging(Listening):
             self.point(OVER_HUNG[0])
             self.visit(place, words)
 
-    def assert_never_in_the_way(self, wake):
-        """It was asked once, as its own count tells when it can count again."""
+    def assert_never_in_the_way(self):
+        """More often than questions may be left behind; were it asked each time, the healthy ones could not be named."""
         since = now()
         for place in OVER_HUNG:
             self.point(place)
         self.name_healthy_ones()
         self.assertNotIn(LAST_NAME, self.heard.words(since))
-        wake()
-        wait_until(lambda: "accValue" in self.other.counts("hung"), SOON, "the question that was left behind")
-        self.visit(OK, "O K button")
-        self.assertEqual(self.other.counts("hung")["accValue"], 1)
 
     def test_a_window_that_hangs(self):
         self.make_one()
         self.other.ask("hang", "hung")
-        self.assert_never_in_the_way(lambda: self.other.ask("wake", "hung"))
+        self.assert_never_in_the_way()
 
     def test_a_program_that_stands_still(self):
         self.make_one()
         os.kill(self.other.process.pid, signal.SIGSTOP)
         self.addCleanup(os.kill, self.other.process.pid, signal.SIGCONT)
-        self.assert_never_in_the_way(lambda: os.kill(self.other.process.pid, signal.SIGCONT))
+        self.assert_never_in_the_way()
 
     def test_an_object_that_does_not_answer_although_its_window_did(self):
         self.make_one()
         self.other.rule("hung", "accValue", "hold")
-        self.assert_never_in_the_way(lambda: self.other.ask("unrule", "hung"))
+        self.assert_never_in_the_way()
 
     def test_the_tones_of_a_place_come_before_anything_is_asked_there(self):
         self.make_one()
