@@ -39,11 +39,13 @@ if(POINTALK_TESTS)
     pointalk_program(${name} SOURCES ${source} ${watched_sources} LIBRARIES pointalk_win32)
   endforeach()
 
-  add_subdirectory(tests/win32)
   if(CMAKE_SIZEOF_VOID_P EQUAL 8)
     add_subdirectory(tests/wine)
   endif()
 endif()
+
+# The tour needs these too, on machines without GoogleTest.
+add_subdirectory(tests/win32)
 
 # The voice and the synthesizer are for Wine, and run where a 64-bit Wine does.
 if(CMAKE_SIZEOF_VOID_P EQUAL 8)

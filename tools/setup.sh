@@ -1,54 +1,101 @@
-# shellcheck shell=bash
-# What a Debian or Ubuntu machine needs to build, test and run Pointalk. Sourced by ./test and ./run; asks for nothing.
+# shellcheck shell=bash disable=SC2034
+# What a Debian or Ubuntu machine needs, by job. Sourced by ./test and ./run; asks for nothing but sudo's password.
 #
-#   pointalk_setup     installs what is missing, through apt, as root or with sudo
+#   pointalk_setup GROUP...    installs what is missing of these groups, through apt, as root or with sudo, and says how
+#                              far it is; `run`, `package`, `test` and `wine32` are groups
 
 # `a|b` is the first of the two that this system has.
-POINTALK_PACKAGES=(
-  build-essential cmake ninja-build git
-  nlohmann-json3-dev libgtest-dev libgmock-dev googletest libbenchmark-dev
-  clang "libclang-rt-dev|clang" "clang-format-14|clang-format" "clang-tidy-14|clang-tidy"
-  g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix
+POINTALK_run=(
+  cmake ninja-build g++-mingw-w64-x86-64-posix
   wine "wine64|wine" xvfb xauth xdotool procps
-  espeak-ng fluidsynth fluid-soundfont-gm sox "libsox-fmt-alsa|sox" alsa-utils libasound2-plugins
+  espeak-ng fluidsynth fluid-soundfont-gm sox alsa-utils libasound2-plugins
   imagemagick python3 python3-pil
-  nsis 7zip
 )
+POINTALK_package=(cmake ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix nsis python3 git)
+POINTALK_test=(
+  "${POINTALK_run[@]}" "${POINTALK_package[@]}"
+  build-essential nlohmann-json3-dev libgtest-dev libgmock-dev googletest libbenchmark-dev
+  clang "libclang-rt-dev|clang" "clang-format-14|clang-format" "clang-tidy-14|clang-tidy"
+  python3-pytest python3-pytest-xdist 7zip
+)
+POINTALK_wine32=(wine32:i386)
 
-# Prints the packages that are missing, one a line.
+# Prints the packages of these groups that are missing, one a line.
 pointalk_missing() {
-  local entry name
+  local group entry name
   local -a alternatives
-  for entry in "${POINTALK_PACKAGES[@]}"; do
-    IFS='|' read -r -a alternatives <<<"$entry"
-    for name in "${alternatives[@]}"; do
-      if [ "$(dpkg-query -W -f='${db:Status-Status}' "$name" 2>/dev/null)" = installed ]; then break; fi
-      if apt-cache policy "$name" 2>/dev/null | grep -q 'Candidate: [^(]' || [ "$name" = "${alternatives[-1]}" ]; then
-        echo "$name"
-        break
-      fi
+  local -n packages
+  for group in "$@"; do
+    packages=POINTALK_$group
+    for entry in "${packages[@]}"; do
+      IFS='|' read -r -a alternatives <<<"$entry"
+      for name in "${alternatives[@]}"; do
+        if [ "$(dpkg-query -W -f='${db:Status-Status}' "$name" 2>/dev/null)" = installed ]; then break; fi
+        if apt-cache policy "$name" 2>/dev/null | grep -q 'Candidate: [^(]' || [ "$name" = "${alternatives[-1]}" ]; then
+          echo "$name"
+          break
+        fi
+      done
     done
   done | sort -u
 }
 
+# Shows the numbered steps among the lines that it reads, on one line of a terminal, elsewhere every ten seconds: ninja's
+# `[57/128] ...` and what apt says of its work, `dlstatus:N:PERCENT:...` and `pmstatus:PACKAGE:PERCENT:...`.
+pointalk_progress() {
+  local line shown=$SECONDS step
+  while IFS= read -r line; do
+    case $line in
+    \[*/*\]*) step=${line#\[} step=${step%%\]*} ;;
+    dlstatus:*) step=$(cut -d: -f3 <<<"$line") step="downloaded ${step%%.*} %" ;;
+    pmstatus:*) step=$(cut -d: -f3 <<<"$line") step="installed ${step%%.*} %" ;;
+    *) continue ;;
+    esac
+    if [ -t 1 ]; then
+      printf '\r  %-24s' "$step"
+    elif ((SECONDS - shown >= 10)); then
+      printf '  %s\n' "$step"
+      shown=$SECONDS
+    fi
+  done
+  if [ -t 1 ] && [ -n "${step:-}" ]; then printf '\r  %-24s\r' ""; fi
+}
+
+# Runs apt-get with these arguments, showing how far it is; what it says goes to standard error.
+pointalk_apt() {
+  local -a as_root=() options=(-q -y -o Acquire::Retries=3 -o DPkg::Lock::Timeout=300 -o APT::Status-Fd=3)
+  if [ "$(id -u)" -ne 0 ]; then as_root=(sudo); fi
+  # shellcheck disable=SC2016  # expanded by the shell that is started
+  "${as_root[@]}" sh -c 'DEBIAN_FRONTEND=noninteractive exec apt-get "$@" 3>&1 >&2' apt-get "${options[@]}" "$@" |
+    pointalk_progress
+  return "${PIPESTATUS[0]}"
+}
+
 pointalk_setup() {
-  local -a missing as_root=() quietly=(-q -y -o Acquire::Retries=3 -o DPkg::Lock::Timeout=300)
+  local number
+  local -a missing
   if ! command -v apt-get >/dev/null; then
     echo "The set-up needs apt-get: a Debian or an Ubuntu." >&2
     return 1
   fi
-  mapfile -t missing < <(pointalk_missing)
+  mapfile -t missing < <(pointalk_missing "$@")
   if [ "${#missing[@]}" -eq 0 ]; then return 0; fi
-  if [ "$(id -u)" -ne 0 ]; then
-    if ! command -v sudo >/dev/null; then
-      echo "Not root, no sudo, and these packages are missing: ${missing[*]}" >&2
-      return 1
-    fi
-    as_root=(sudo)
+  if [ "$(id -u)" -ne 0 ] && ! command -v sudo >/dev/null; then
+    echo "Not root, no sudo, and these packages are missing: ${missing[*]}" >&2
+    return 1
   fi
-  "${as_root[@]}" apt-get "${quietly[@]}" update || return 1
-  mapfile -t missing < <(pointalk_missing)  # what this system has may have changed
-  echo "Installing: ${missing[*]}"
-  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get "${quietly[@]}" --no-install-recommends install \
-    "${missing[@]}"
+  echo "Asking for the list of packages..."
+  pointalk_apt update || return 1
+  mapfile -t missing < <(pointalk_missing "$@")  # what this system has may have changed
+  number=$(apt-get -s -q --no-install-recommends install "${missing[@]}" 2>/dev/null | grep -c '^Inst ')
+  echo "Installing $number packages: ${missing[*]}, and what they need..."
+  pointalk_apt --no-install-recommends install "${missing[@]}"
+}
+
+# Adds the 32-bit packages to those that apt knows, which only who asks for a 32-bit Wine gets.
+pointalk_add_i386() {
+  local -a as_root=()
+  if dpkg --print-foreign-architectures | grep -qx i386; then return 0; fi
+  if [ "$(id -u)" -ne 0 ]; then as_root=(sudo); fi
+  "${as_root[@]}" dpkg --add-architecture i386 && pointalk_apt update
 }

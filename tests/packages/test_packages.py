@@ -19,6 +19,9 @@ def setUpModule():
     PackageCase.prepare()
 
 
+tearDownModule = unittest.doModuleCleanups
+
+
 class Zip(PackageCase):
     """Unpacked by somebody who never had Pointalk."""
 

@@ -31,6 +31,9 @@ def setUpModule():
     probe = unittest.enterModuleContext(desktop.probe())
 
 
+tearDownModule = unittest.doModuleCleanups
+
+
 def facts(line):
     """What a line says, without its time."""
     what = line["what"]

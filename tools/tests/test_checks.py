@@ -230,33 +230,5 @@ class Rehearsals(CheckCase):
         self.assertEqual(self.run_tool("check_rehearsals.py", *self.arguments()), 1)
 
 
-class UnitTests(CheckCase):
-    def suite(self, body):
-        self.put("suite/test_a.py", "import unittest\nclass A(unittest.TestCase):\n" + body)
-        return self.root / "suite"
-
-    def test_counts(self):
-        self.passes("run_unittests.py", self.suite("  def test_a(self): pass\n  def test_b(self): self.skipTest('')\n"))
-        self.assertEqual(self.last_line, "1 passed, 0 failed")
-
-    def test_one_fails_in_two_subtests(self):
-        folder = self.suite("  def test_a(self): pass\n  def test_b(self):\n    for i in (1, 2):\n"
-                            "      with self.subTest(i): self.assertEqual(i, 0)\n")
-        self.fails("run_unittests.py", folder, because="1 passed, 1 failed")
-
-    def test_set_up_fails(self):
-        for set_up in ("  def setUp(self): 1 / 0\n", "  @classmethod\n  def setUpClass(cls): 1 / 0\n"):
-            folder = self.suite(set_up + "  def test_a(self): pass\n")
-            self.fails("run_unittests.py", folder, because="ZeroDivision")
-
-    def test_does_not_import(self):
-        self.put("suite/test_a.py", "import nothing_of_the_kind\n")
-        self.fails("run_unittests.py", self.root / "suite", because="nothing_of_the_kind")
-
-    def test_nothing_there(self):
-        (self.root / "suite").mkdir()
-        self.fails("run_unittests.py", self.root / "suite", because="0 passed, 1 failed")
-
-
 if __name__ == "__main__":
     unittest.main()
