@@ -1,6 +1,7 @@
 // Accessible objects at points of the screen.
 #include <gtest/gtest.h>
 
+#include "tests/contract/asking.h"
 #include "tests/contract/world.h"
 
 namespace pointalk::contract {
@@ -11,6 +12,10 @@ class AccessibilityContract : public testing::Test {
   std::optional<AccessibleFacts> Ask(Point place) {
     world_->MovePointer(place);
     return accessibility_.ObjectAt(place);
+  }
+
+  std::optional<AccessibleFacts> AskUntilAnswered(Point place) {
+    return Answered([&] { return Ask(place); });
   }
 
   Text RoleOf(const AccessibleFacts& facts) { return accessibility_.RoleText(facts.role.value_or(0), 128); }
@@ -31,7 +36,7 @@ class AccessibilityContract : public testing::Test {
 };
 
 TEST_F(AccessibilityContract, AnObjectTellsWhatItHas) {
-  const auto facts = Ask({150, 180});
+  const auto facts = AskUntilAnswered({150, 180});
   ASSERT_TRUE(facts);
   EXPECT_EQ(facts->name, u"Address");
   EXPECT_EQ(facts->description, u"Where to");
@@ -40,7 +45,7 @@ TEST_F(AccessibilityContract, AnObjectTellsWhatItHas) {
 }
 
 TEST_F(AccessibilityContract, WhatAnObjectDoesNotHaveIsMissing) {
-  const auto facts = Ask({150, 130});
+  const auto facts = AskUntilAnswered({150, 130});
   ASSERT_TRUE(facts);
   EXPECT_EQ(facts->name, u"OK");
   EXPECT_EQ(facts->description, std::nullopt);
@@ -49,13 +54,13 @@ TEST_F(AccessibilityContract, WhatAnObjectDoesNotHaveIsMissing) {
 }
 
 TEST_F(AccessibilityContract, AnObjectMayHaveNothingAtAll) {
-  const auto facts = Ask({150, 280});
+  const auto facts = AskUntilAnswered({150, 280});
   ASSERT_TRUE(facts);
   EXPECT_EQ(facts->name, std::nullopt);
 }
 
 TEST_F(AccessibilityContract, ItsTextsComeInFullUnicode) {
-  const auto facts = Ask({150, 230});
+  const auto facts = AskUntilAnswered({150, 230});
   ASSERT_TRUE(facts);
   EXPECT_EQ(facts->name, u"\u041F\u0440\u0438\u0432\u0435\u0442 \u4E2D");
   EXPECT_EQ(facts->description, u"\u4E2D");
@@ -75,7 +80,7 @@ TEST_F(AccessibilityContract, AHungProgramTellsNothing) {
 }
 
 TEST_F(AccessibilityContract, NoQueryIsOutThatWasAnswered) {
-  EXPECT_TRUE(Ask({150, 130}));
+  EXPECT_TRUE(AskUntilAnswered({150, 130}));
   EXPECT_FALSE(accessibility_.QueryStillOut(world_->Window("objects")));
 }
 

@@ -1,6 +1,7 @@
 // Accessible objects of several kinds, our own among them.
 #include <gtest/gtest.h>
 
+#include "tests/contract/asking.h"
 #include "tests/contract/win32/win_world.h"
 
 namespace pointalk::contract {
@@ -10,7 +11,7 @@ class ObjectTest : public testing::Test {
  protected:
   std::optional<AccessibleFacts> Ask(Point place = {150, 150}) {
     world_.MovePointer(place);
-    return accessibility_.ObjectAt(place);
+    return Answered([&] { return accessibility_.ObjectAt(place); });
   }
 
   WinWorld world_{{{{"objects", u"ContractObjects", u"", {100, 100, 300, 300}}},
