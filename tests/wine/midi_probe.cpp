@@ -1,6 +1,7 @@
 // A client of the synthesizer for the tests: does what its arguments say, one after the other, and prints the
 // result of each on a line of its own.
-//   devices, open, caps, close, reset, time, short=HEXADECIMAL, sound=NAME, wide=NAME, sleep=MILLISECONDS
+//   devices, open, caps, close, reset, time, short=HEXADECIMAL, sound=NAME, wide=NAME, sleep=MILLISECONDS,
+//   until=PATH (of a file that must hold over 1000 bytes; 1 when it does not within a minute)
 #include <windows.h>
 
 #include <mmsystem.h>
@@ -11,6 +12,15 @@
 #include <string>
 
 namespace {
+
+bool Grows(const std::string& path) {
+  for (int look = 0; look < 6000; ++look, Sleep(10)) {
+    WIN32_FILE_ATTRIBUTE_DATA file{};
+    if (GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &file) && file.nFileSizeLow > 1000)
+      return true;
+  }
+  return false;
+}
 
 HMIDIOUT port = nullptr;
 
@@ -27,6 +37,7 @@ unsigned long Do(const std::string& verb, const std::string& value) {
     return static_cast<unsigned long>(
         PlaySoundW(std::wstring(value.begin(), value.end()).c_str(), nullptr, 1));
   if (verb == "sleep") return Sleep(std::stoul(value)), 0;
+  if (verb == "until") return Grows(value) ? 0 : 1;
   if (verb == "caps") {
     MIDIOUTCAPSW caps;
     return midiOutGetDevCapsW(static_cast<UINT_PTR>(-1), &caps, sizeof caps);
