@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <system_error>
 
 #include "sim/code_page.h"
 #include "sim/script_error.h"

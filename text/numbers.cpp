@@ -9,6 +9,7 @@
 #include <limits>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 namespace pointalk {
 namespace {

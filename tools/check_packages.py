@@ -39,7 +39,8 @@ def in_zip(path):
 
 def in_installer(path, folder):
     """What an installer holds, by name; its uninstaller is only made on the user's machine."""
-    subprocess.run(["7zz", "x", "-y", f"-o{folder}", path], check=True, stdin=subprocess.DEVNULL,
+    unpacker = shutil.which("7zz") or "7z"  # Debian 12's 7zip has the one name, Debian 13's the other
+    subprocess.run([unpacker, "x", "-y", f"-o{folder}", path], check=True, stdin=subprocess.DEVNULL,
                    stdout=subprocess.DEVNULL)
     return {file.relative_to(folder).as_posix(): file.read_bytes() for file in folder.rglob("*")
             if file.is_file() and file.name != "Uninstall.exe"}

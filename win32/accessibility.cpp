@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 #include "win32/ansi.h"
 #include "win32/window_handles.h"

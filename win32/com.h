@@ -5,6 +5,7 @@
 
 #include <oleauto.h>
 
+#include <cstdint>
 #include <memory>
 
 #include "platform/text.h"

@@ -4,6 +4,7 @@
 #include <array>
 #include <cwchar>
 #include <string>
+#include <utility>
 
 #include "app/panel_table.h"
 #include "app/texts.h"

@@ -1,6 +1,7 @@
 #include "win32/patience.h"
 
 #include <tuple>
+#include <utility>
 
 namespace pointalk::win32 {
 

@@ -1,6 +1,7 @@
 #include "win32/speech_engines.h"
 
 #include <tuple>
+#include <utility>
 
 #include "win32/ansi.h"
 

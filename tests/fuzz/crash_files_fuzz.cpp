@@ -1,4 +1,5 @@
 // Any bytes as the status file, the class log and the list of learnt classes, parted by two zero bytes.
+#include <algorithm>
 #include <array>
 
 #include "tests/fuzz/runs.h"

@@ -1,4 +1,5 @@
 // Controls of other programs that answer anything: counts, positions and texts out of all bounds.
+#include <algorithm>
 #include <array>
 #include <cstring>
 

@@ -1,4 +1,5 @@
 // Any bytes as a rehearsal's script. Scripts that would only take long are left out.
+#include <cstdint>
 #include <string_view>
 
 #include "sim/rehearse.h"

@@ -2,6 +2,8 @@
 // beyond what was asked for, and something is said all the same.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/reader/strange_controls.h"
 
 namespace pointalk {

@@ -4,7 +4,7 @@
 // POINTALK_LONG_TICKS gives the number of ticks; 100,000 without it.
 #include <gtest/gtest.h>
 #include <malloc.h>
-#if defined(__has_feature)
+#if defined(__has_feature) && !defined(__SANITIZE_ADDRESS__)  // gcc 14 has both
 #if __has_feature(address_sanitizer)
 #define __SANITIZE_ADDRESS__  // as gcc calls it
 #endif

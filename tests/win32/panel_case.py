@@ -2,7 +2,7 @@
 
 import unittest
 
-from harness import Desktop, Panel, now, wait_until
+from harness import Desktop, Panel, names_desktop, now, wait_until
 from harness.settings import DEFAULTS
 
 SOON = 100  # seconds after which what has not come never will
@@ -52,7 +52,7 @@ class DesktopCase(unittest.TestCase):
         since = now()
         self.panel.open()
         pointalk.heard.wait_words("DoubleClick", SOON, since)
-        pointalk.heard.wait(lambda line: "Wine desktop" in line.get("text", ""), SOON, since, "the desktop, under the pointer")
+        pointalk.heard.wait(lambda line: names_desktop(line.get("text", "")), SOON, since, "the desktop, under the pointer")
 
 
 class PanelCase(DesktopCase):
@@ -75,7 +75,7 @@ class PanelCase(DesktopCase):
 
     def words(self, since):
         """What was said, without the name of what the pointer waits over: it is said again after a command."""
-        return [text for text in self.pointalk.heard.words(since) if "Wine desktop" not in text]
+        return [text for text in self.pointalk.heard.words(since) if not names_desktop(text)]
 
     def said(self, text, since):
         self.pointalk.heard.wait_words(text, SOON, since)

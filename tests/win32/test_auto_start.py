@@ -4,7 +4,7 @@ import re
 import subprocess
 import unittest
 
-from harness import now, wait_until
+from harness import names_desktop, now, wait_until
 from panel_case import SOON, DesktopCase
 
 RUN_KEY = r"HKEY_LOCAL_MACHINE\SOFTWARE\Microsoft\Windows\CurrentVersion\Run"
@@ -28,7 +28,7 @@ class AutoStart(DesktopCase):
         self.panel.choose(entry)
         self.assertIn(text, self.panel.answer("Pointalk", "Return")["texts"])
         self.pointalk.heard.wait_words("Thank you.", SOON, since)
-        words = [said for said in self.pointalk.heard.words(since) if "desktop" not in said]
+        words = [said for said in self.pointalk.heard.words(since) if not names_desktop(said)]
         self.assertEqual(words, [text.replace("\r\n", " ") + " Hit Enter.", "Thank you."])
         self.panel.wait_for_keyboard()
 

@@ -3,7 +3,7 @@
 import time
 import unittest
 
-from harness import now, wait_until
+from harness import names_desktop, now, wait_until
 from panel_case import SOON, DesktopCase
 
 ASKED = ("You did not exit from Pointalk last time, before quitting Windows.\r\nIs that because Pointalk crashed?  Just say no, "
@@ -41,7 +41,7 @@ class Learning(DesktopCase):
         self.assertIn(ASKED, self.panel.answer("Pointalk", answer)["texts"])
         self.assertIn(then, self.panel.answer("Pointalk", "Return")["texts"])
         self.pointalk.wait_ready()
-        words = [text for text in self.pointalk.heard.words(since) if "Wine desktop" not in text]
+        words = [text for text in self.pointalk.heard.words(since) if not names_desktop(text)]
         self.assertEqual(words, [spoken(ASKED, " Y for yes, N for No."), reply, spoken(then, " Hit Enter."), "Thank you.",
                                  "Pointalk is running.  Hit F1 any time for help."])
         return since
@@ -75,7 +75,7 @@ class Learning(DesktopCase):
         self.hand.move(*self.target.centre(name))
         self.pointalk.heard.wait_words(text, SOON, since)
         self.hand.move(900, 740)
-        self.pointalk.heard.wait(lambda line: "Wine desktop" in line.get("text", ""), SOON, since)
+        self.pointalk.heard.wait(lambda line: names_desktop(line.get("text", "")), SOON, since)
         return self.target.counts(name)
 
     def test_a_class_whose_query_was_out(self):
@@ -136,7 +136,7 @@ class Learning(DesktopCase):
         since = now()
         self.begin(self.pointalk)
         self.pointalk.wait_ready()
-        self.assertEqual([text for text in self.pointalk.heard.words(since) if "Wine desktop" not in text],
+        self.assertEqual([text for text in self.pointalk.heard.words(since) if not names_desktop(text)],
                          ["Pointalk is running.  Hit F1 any time for help."])
         self.assertIsNone(self.pointalk.file("BadClasses.txt"))
 

@@ -2,7 +2,7 @@
 
 import unittest
 
-from harness import Mail, now, wait_until
+from harness import Mail, names_desktop, now, wait_until
 from panel_case import SOON, DesktopCase
 
 QUESTION = ("Corvane is serious about reliability.  In the unlikely event that viewing a certain object were to crash Pointalk, "
@@ -44,7 +44,7 @@ class Report(DesktopCase):
         self.panel.choose("Send Crash Report")
         self.panel.answer("Crash Report Dialog", "y")
         self.pointalk.heard.wait_words(ARMED, SOON, since)
-        self.assertEqual([text for text in self.pointalk.heard.words(since) if "desktop" not in text],
+        self.assertEqual([text for text in self.pointalk.heard.words(since) if not names_desktop(text)],
                          [QUESTION + " Y for yes, N for No.", "Yes.", ARMED])
         self.panel.wait_for_keyboard()
 

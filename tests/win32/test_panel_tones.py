@@ -2,7 +2,7 @@
 
 import unittest
 
-from harness import now, settings_text, written_scaling
+from harness import names_desktop, now, settings_text, written_scaling
 from panel_case import AWAY, SOON, PanelCase, values
 
 PRESETS = ((50, 50), (32, 72), (35, 44), (63, 48), (35, 25), (25, 45), (71, 75), (71, 77))  # lower and higher tone
@@ -113,7 +113,7 @@ class Instruments(PanelCase):
         self.panel.wait_for_keyboard()
         since = now()
         self.wander()
-        self.pointalk.heard.wait(lambda line: "Wine desktop" in line.get("text", ""), SOON, since, "the desktop")
+        self.pointalk.heard.wait(lambda line: names_desktop(line.get("text", "")), SOON, since, "the desktop")
         self.assertEqual(self.pointalk.heard.midi(since), [])
         self.panel.choose("Midi On/Off")
         self.pointalk.heard.wait(lambda line: line["what"] == "midi open", SOON, since, "the port open")

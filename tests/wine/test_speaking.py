@@ -131,7 +131,9 @@ class Sound(CompanionTest):
             self.assertGreater(len(self.wave_samples(line)), 1000)
 
     def test_phoneme_brackets_are_read_as_brackets(self):
-        self.voice(create("v"), speak("[[h@'loU]]"), speak("[ [h@'loU]]"))
+        # Not in Mary's voice: sixty runs of espeak-ng 1.52 gave nine different sounds for one text there, in Mike's one.
+        self.voice(create("v"), ("into", "list", "v", "GetVoices"), ("into", "mike", "list", "Item", "i:1"),
+                   ("putref", "v", "Voice", "o:mike"), speak("[[h@'loU]]"), speak("[ [h@'loU]]"))
         marked, apart = self.heard("sounding")
         self.assertEqual(self.wave_samples(marked), self.wave_samples(apart))
 

@@ -147,18 +147,29 @@ class Format(CheckCase):
     def setUp(self):
         super().setUp()
         self.put(".clang-format", (TOOLS.parent / ".clang-format").read_text())
+
+    def needs_the_program(self):
         if not shutil.which("clang-format-14"):
             self.skipTest("clang-format-14 is not installed")
 
+    def test_left_out_where_its_program_is_missing(self):
+        self.put("app/a.h", "int *A( int a );\n")
+        self.passes("check_format.py", "--root", self.root, environment={"PATH": str(self.root)})
+        self.assertEqual(self.output.splitlines(), [
+            "left out: The sources are laid out. clang-format-14 is not installed", "0 passed, 0 failed"])
+
     def test_laid_out(self):
+        self.needs_the_program()
         self.put("app/a.h", "int* A(int a);\n")
         self.passes("check_format.py", "--root", self.root)
 
     def test_not_laid_out(self):
+        self.needs_the_program()
         self.put("app/a.h", "int *A( int a );\n")
         self.fails("check_format.py", "--root", self.root, because="app/a.h:1:")
 
     def test_fixing(self):
+        self.needs_the_program()
         path = self.put("app/a.h", "int *A( int a );\n")
         self.run_tool("check_format.py", "--root", self.root, "--fix")
         self.assertEqual(path.read_text(), "int* A(int a);\n")

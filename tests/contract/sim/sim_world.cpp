@@ -1,6 +1,7 @@
 // The contract suite's desktop, simulated.
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <map>
 #include <sstream>
 

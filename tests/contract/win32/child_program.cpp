@@ -1,6 +1,7 @@
 #include "tests/contract/win32/child_program.h"
 
 #include <stdexcept>
+#include <utility>
 
 namespace pointalk::contract {
 namespace {

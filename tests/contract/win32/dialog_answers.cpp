@@ -1,6 +1,8 @@
 #include "tests/contract/win32/dialog_answers.h"
 
 #include <cwchar>
+#include <string_view>
+#include <utility>
 
 namespace pointalk::contract {
 namespace {

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <string_view>
 #include <thread>
 #include <vector>
 

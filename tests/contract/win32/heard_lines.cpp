@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <system_error>
+#include <utility>
 
 namespace pointalk::contract {
 namespace {

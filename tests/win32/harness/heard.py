@@ -57,3 +57,8 @@ class Heard:
 
 def is_speech(line):
     return line["what"] in ("sapi5 speak", "sapi4 speak")
+
+
+def names_desktop(text):
+    """Whether this is the name of the bare desktop: "Wine desktop" in Wine 8, "Wine Desktop" in Wine 10."""
+    return "wine desktop" in text.lower()

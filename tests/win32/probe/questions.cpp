@@ -4,9 +4,11 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <array>
 #include <functional>
 #include <map>
+#include <utility>
 #include <vector>
 
 #include "tests/win32/probe/remote_record.h"

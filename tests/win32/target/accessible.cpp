@@ -1,5 +1,8 @@
 #include "tests/win32/target/accessible.h"
 
+#include <algorithm>
+#include <tuple>
+
 #include "tests/win32/target/messages.h"
 
 namespace pointalk::target {

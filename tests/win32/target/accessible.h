@@ -12,6 +12,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 
 #include "tests/win32/target/behaviour.h"
 #include "tests/win32/target/text.h"

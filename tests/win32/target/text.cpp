@@ -1,5 +1,6 @@
 #include "tests/win32/target/text.h"
 
+#include <algorithm>
 #include <cwchar>
 
 namespace pointalk::target {

@@ -3,6 +3,8 @@
 #include <objbase.h>
 
 #include <memory>
+#include <tuple>
+#include <utility>
 
 #include "tests/win32/target/text.h"
 
