@@ -26,8 +26,23 @@ function(pointalk_program name)
   target_link_libraries(${name} PRIVATE pointalk_compiling ${arg_LIBRARIES})
 endfunction()
 
-# A program of tests: GoogleTest's and GoogleMock's headers are read once for all its files.
+option(POINTALK_PRECOMPILE "Read the large headers once for all files of a target" ON)
+
+# Has these headers read once for all files of a target. A build without it shows whether each file includes what it uses.
+function(pointalk_precompile name)
+  if(POINTALK_PRECOMPILE)
+    target_precompile_headers(${name} PRIVATE ${ARGN})
+  endif()
+endfunction()
+
+# The same for the headers of Windows, which most of its files need.
+function(pointalk_precompile_windows name)
+  pointalk_precompile(${name} <windows.h> <oleacc.h> <algorithm> <array> <functional> <memory> <optional> <string>
+                      <string_view> <vector>)
+endfunction()
+
+# A program of tests.
 function(pointalk_test_program name)
   pointalk_program(${name} ${ARGN})
-  target_precompile_headers(${name} PRIVATE <gmock/gmock.h> <gtest/gtest.h>)
+  pointalk_precompile(${name} <gmock/gmock.h> <gtest/gtest.h>)
 endfunction()

@@ -6,6 +6,7 @@ set(pointalk_system_libraries user32 gdi32 uuid ole32 oleaut32 oleacc winmm adva
 pointalk_glob(win32_sources win32/*.cpp)
 list(FILTER win32_sources EXCLUDE REGEX "/win32/win_main\\.cpp$")
 pointalk_library(pointalk_win32 SOURCES ${win32_sources} LIBRARIES pointalk_core ${pointalk_system_libraries})
+pointalk_precompile_windows(pointalk_win32)
 
 enable_language(RC)
 set(packaging ${PROJECT_SOURCE_DIR}/packaging)
@@ -30,6 +31,7 @@ if(POINTALK_TESTS)
   pointalk_glob(contract_sources tests/contract/*_test.cpp tests/contract/win32/*.cpp)
   if(contract_sources)
     pointalk_test_program(pointalk_contract SOURCES ${contract_sources} LIBRARIES pointalk_win32 gmock_main)
+    pointalk_precompile_windows(pointalk_contract)
   endif()
 
   pointalk_glob(bench_sources tests/bench/win32/*.cpp)

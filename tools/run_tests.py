@@ -22,8 +22,7 @@ from steps import LOGS, ROOT, Step, lacks_program, last_line, report_counts
 BUILD = ROOT / "build"
 WINDOWS = BUILD / "mingw-x86_64-release"
 WINDOWS_32 = BUILD / "mingw-i686-release"
-GCC = BUILD / "linux-asan-gcc"
-FUZZ = BUILD / "fuzz"
+CLANG = BUILD / "linux-asan-clang"
 PLAIN = BUILD / "plain"
 TOOLS = ROOT / "tools"
 SANITIZERS = {"ASAN_OPTIONS": "detect_leaks=1:strict_string_checks=1", "UBSAN_OPTIONS": "print_stacktrace=1"}
@@ -34,7 +33,7 @@ HEARTBEAT = 20  # seconds without a line after which one says what runs
 
 
 def check(name, *arguments, lacks=lambda: ""):
-    return Step(f"check-{name}", sys.executable, TOOLS / f"check_{name}.py", *arguments, seconds=60, counts=last_line,
+    return Step(f"check-{name}", sys.executable, TOOLS / f"check_{name}.py", *arguments, seconds=600, counts=last_line,
                 lacks=lacks)
 
 
@@ -44,7 +43,7 @@ def python_tests(name, folder, seconds, *options):
                 folder, seconds=seconds, counts=report_counts)
 
 
-def gtest(name, program, *launcher, seconds=300, environment=None):
+def gtest(name, program, *launcher, seconds=1800, environment=None):
     report = LOGS / f"{name}.xml"
     drive = "Z:" if launcher else ""  # under Wine, where a test may make another drive the current one
     return Step(name, *launcher, program, f"--gtest_output=xml:{drive}{report}", seconds=seconds, counts=report_counts,
@@ -82,35 +81,34 @@ PROGRAMS = [
 ]
 # These two lists go on beside one another and beside the native steps, since they mostly wait for sounds and windows.
 WHOLE_PROGRAM = [
-    python_tests("win32", ROOT / "tests" / "win32", 1200, "-n", DESKTOPS, "--dist", "loadfile"),
+    python_tests("win32", ROOT / "tests" / "win32", 3600, "-n", DESKTOPS, "--dist", "loadfile"),
 ]
 COMPANIONS = [
-    python_tests("wine", ROOT / "tests" / "wine", 900),
-    python_tests("packages", ROOT / "tests" / "packages", 600),
+    python_tests("wine", ROOT / "tests" / "wine", 1800),
+    python_tests("packages", ROOT / "tests" / "packages", 1800),
     preset("mingw-x86_64-release"),
-    gtest("contract-win32", WINDOWS / "pointalk_contract.exe", "wine", seconds=600),
+    gtest("contract-win32", WINDOWS / "pointalk_contract.exe", "wine", seconds=1800),
 ]
 MAKE_THEIR_DESKTOPS = ("win32", "packages")
 NATIVE = [
-    python_tests("self-tests", TOOLS / "tests", 120),
+    python_tests("self-tests", TOOLS / "tests", 1200),
     check("layers"),
     check("names"),
     check("sizes"),
     check("guide"),
     check("format", lacks=lacks_program("clang-format-14")),
-    preset("linux-asan-gcc"),
-    gtest("tests", GCC / "pointalk_tests", environment=SANITIZERS),
-    gtest("contract-sim", GCC / "pointalk_contract", environment=SANITIZERS),
+    tidied_preset("linux-asan-clang"),
+    gtest("tests", CLANG / "pointalk_tests", environment=SANITIZERS),
+    gtest("contract-sim", CLANG / "pointalk_contract", environment=SANITIZERS),
+    rehearsals("rehearsals-sanitized", CLANG),
+    Step("fuzz", sys.executable, TOOLS / "run_fuzzers.py", CLANG, seconds=600, counts=last_line, environment=SANITIZERS),
     plain_build(),
     rehearsals("rehearsals", PLAIN),
-    tidied_preset("fuzz"),
-    rehearsals("rehearsals-clang", FUZZ),
-    Step("fuzz", sys.executable, TOOLS / "run_fuzzers.py", FUZZ, seconds=600, counts=last_line, environment=SANITIZERS),
     preset("mingw-i686-release", "Pointalk"),
 ]
 # What looks at several builds.
 LAST = [
-    check("tests_built", GCC, FUZZ, WINDOWS),
+    check("tests_built", CLANG, WINDOWS),
     check("exe", WINDOWS / "Pointalk.exe", WINDOWS_32 / "Pointalk.exe"),
     check("packages", WINDOWS / "Pointalk.exe", WINDOWS_32 / "Pointalk.exe"),
 ]
@@ -232,7 +230,7 @@ def main():
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(128 + signal.SIGTERM))  # so that what was started is ended
     LOGS.mkdir(parents=True, exist_ok=True)
     tally = Tally()
-    if wanted([step for step in NATIVE if step.name == "build-fuzz"]) and lacks_program(TIDY)():
+    if wanted([step for step in NATIVE if step.name == "build-linux-asan-clang"]) and lacks_program(TIDY)():
         tally.skip("clang-tidy", lacks_program(TIDY)())
     run_all(tally, wanted)
     if tally.skipped:
