@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 """Runs the unittest files of a folder (test_*.py) and ends with the line `N passed, N failed`.
 
-    tools/run_unittests.py FOLDER
+    tools/run_unittests.py FOLDER [FILE...]
 
-A skipped test counts as neither; an error outside any test, and a folder without a test, count as failed. The tests that
-took longest are named before that line, with their seconds."""
+Where files are named, as in test_exe_lists, no others run. A skipped test counts as neither; an error outside any test, and a
+folder without a test, count as failed. The tests that took longest are named before that line, with their seconds."""
 
 import pathlib
 import sys
@@ -32,7 +32,12 @@ class TimedResult(unittest.TextTestResult):
 def main():
     folder = pathlib.Path(sys.argv[1]).resolve()
     sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
-    suite = unittest.defaultTestLoader.discover(str(folder), top_level_dir=str(folder))
+    loader, names = unittest.defaultTestLoader, sys.argv[2:]
+    if names:
+        sys.path.insert(0, str(folder))
+        suite = loader.loadTestsFromNames(names)
+    else:
+        suite = loader.discover(str(folder), top_level_dir=str(folder))
     result = unittest.TextTestRunner(stream=sys.stdout, verbosity=2, resultclass=TimedResult).run(suite)
     for seconds, name in sorted(result.times, reverse=True)[:NAMED]:
         print(f"{seconds:6.1f} s  {name}")
