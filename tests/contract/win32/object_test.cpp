@@ -6,11 +6,21 @@
 namespace pointalk::contract {
 namespace {
 
+constexpr ULONGLONG kPatience = 20'000;  // milliseconds
+
 class ObjectTest : public testing::Test {
  protected:
+  // A busy machine may take longer than an object is waited for: it is asked again, as at the next tick.
   std::optional<AccessibleFacts> Ask(Point place = {150, 150}) {
     world_.MovePointer(place);
-    return accessibility_.ObjectAt(place);
+    std::optional<AccessibleFacts> facts;
+    world_.RunUntil(
+        [&] {
+          facts = accessibility_.ObjectAt(place);
+          return facts.has_value();
+        },
+        kPatience);
+    return facts;
   }
 
   WinWorld world_{{{{"objects", u"ContractObjects", u"", {100, 100, 300, 300}}},
