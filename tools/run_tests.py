@@ -20,6 +20,8 @@ import threading
 import time
 import xml.etree.ElementTree
 
+from wine_32_bits import what_is_missing
+
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build"
 LOGS = BUILD / "test-logs"
@@ -30,6 +32,9 @@ FUZZ = BUILD / "fuzz"
 PLAIN = BUILD / "plain"
 TOOLS = ROOT / "tools"
 SANITIZERS = {"ASAN_OPTIONS": "detect_leaks=1:strict_string_checks=1", "UBSAN_OPTIONS": "print_stacktrace=1"}
+PREFIX_32 = BUILD / "test-prefix-32"
+NO_DESKTOP = {"DISPLAY": "", "WINEPREFIX": ""}
+MISSING_32 = what_is_missing()
 BUILD_SECONDS = 1800
 SHOWN = 60  # lines of a failed step's log that are shown
 WIDTH = 400  # characters of such a line
@@ -40,9 +45,9 @@ TIDY = "clang-tidy-14"
 class Step:
     """One command; `counts` reads its test counts from its output, or is None where it only builds. A step whose
     tool, named by `needs`, is not there is left out: the tools whose verdict depends on their release are not in every
-    distribution."""
+    distribution. One with a text in `skipped`, which tells what to install, does not run and is counted as skipped."""
 
-    def __init__(self, name, *command, seconds, counts=None, environment=None, folder=ROOT, needs=None):
+    def __init__(self, name, *command, seconds, counts=None, environment=None, folder=ROOT, needs=None, skipped=None):
         self.name = name
         self.command = [str(part) for part in command]
         self.seconds = seconds
@@ -50,6 +55,7 @@ class Step:
         self.environment = environment or {}  # a name with an empty value is taken out
         self.folder = folder
         self.needs = needs
+        self.skipped = skipped
         self.running = None
         self.log = LOGS / f"{name}.log"
 
@@ -71,7 +77,7 @@ class Step:
             passed, failed = self.counts(self)
         except (OSError, ValueError, xml.etree.ElementTree.ParseError) as error:
             return 0, 1, f"exit status {status}, no counts: {error}"
-        if status == KILLED and self.command[0] == "wine" and passed:
+        if status == KILLED and "wine" in self.command and passed:
             status = 0  # on a busy machine the Wine server kills a program that takes over a second to leave
         if status and not failed:
             return passed, 1, f"{passed} passed, but exit status {status}"
@@ -134,15 +140,16 @@ def check(name, *arguments, needs=None):
                 needs=needs)
 
 
-def python_tests(name, folder, seconds):
-    return Step(name, sys.executable, TOOLS / "run_unittests.py", folder, seconds=seconds, counts=last_line)
+def python_tests(name, folder, seconds, *files, launcher=(), **options):
+    return Step(name, *launcher, sys.executable, TOOLS / "run_unittests.py", folder, *files, seconds=seconds, counts=last_line,
+                **options)
 
 
-def gtest(name, program, *launcher, seconds=300, environment=None):
+def gtest(name, program, *launcher, seconds=300, **options):
     report = LOGS / f"{name}.xml"
     drive = "Z:" if launcher else ""  # under Wine, where a test may make another drive the current one
     return Step(name, *launcher, program, f"--gtest_output=xml:{drive}{report}", seconds=seconds, counts=gtest_report,
-                environment=environment, folder=program.parent)
+                folder=program.parent, **options)
 
 
 def preset(name, target="all", settings=""):
@@ -168,6 +175,14 @@ def plain_build():
 def rehearsals(name, build):
     return Step(name, sys.executable, TOOLS / "check_rehearsals.py", "--program", build / "pointalk-rehearse",
                 seconds=300, counts=last_line, environment=SANITIZERS)
+
+
+def thirty_two_bits(name, make, *arguments, build=WINDOWS_32, target_build=WINDOWS_32, **options):
+    """A step over programs of 32 bits, on desktops of its own; the build is Pointalk's, the target's that of the programs
+    that it reads."""
+    environment = {**NO_DESKTOP, "POINTALK_WIN_BUILD": str(build), "POINTALK_TARGET_BUILD": str(target_build),
+                   "POINTALK_PREFIX_BASE": str(PREFIX_32), "WINEDEBUG": "-all"}
+    return make(name, *arguments, environment=environment, skipped=MISSING_32, **options)
 
 
 FIRST = [
@@ -198,10 +213,24 @@ NATIVE = [
     tidied_preset("fuzz"),
     rehearsals("rehearsals-clang", FUZZ),
     Step("fuzz", sys.executable, TOOLS / "run_fuzzers.py", FUZZ, seconds=600, counts=last_line, environment=SANITIZERS),
-    preset("mingw-i686-release", "Pointalk"),  # nothing of 32 bits runs on Debian's Wine
+    preset("mingw-i686-release", "Pointalk" if MISSING_32 else "all"),
     check("tests_built", GCC, FUZZ, WINDOWS),
     check("exe", WINDOWS / "Pointalk.exe", WINDOWS_32 / "Pointalk.exe"),
     check("packages", WINDOWS / "Pointalk.exe", WINDOWS_32 / "Pointalk.exe"),
+]
+
+# What the 64-bit program passes, over the 32-bit one, and each of both over programs of the other width. They come last.
+OVER_THE_OTHER = ("test_exe_names", "test_exe_controls", "test_exe_lists", "test_exe_texts")
+ON_DESKTOP_32 = (TOOLS / "on_desktop.py", WINDOWS_32)
+WIN32 = ROOT / "tests" / "win32"
+THIRTY_TWO_BITS = [
+    thirty_two_bits("prefix-32", Step, "sh", "-c", f"rm -rf '{PREFIX_32}' && wine/prefix.sh make '{PREFIX_32}'", seconds=300),
+    thirty_two_bits("contract-32", gtest, WINDOWS_32 / "pointalk_contract.exe", *ON_DESKTOP_32, "wine", seconds=900),
+    thirty_two_bits("wine-32", python_tests, ROOT / "tests" / "wine", 1200, launcher=ON_DESKTOP_32),
+    thirty_two_bits("packages-32", python_tests, ROOT / "tests" / "packages", 900),
+    thirty_two_bits("win32-32", python_tests, WIN32, 2400),
+    thirty_two_bits("win32-32-over-64", python_tests, WIN32, 900, *OVER_THE_OTHER, target_build=WINDOWS),
+    thirty_two_bits("win32-64-over-32", python_tests, WIN32, 900, *OVER_THE_OTHER, build=WINDOWS),
 ]
 
 
@@ -260,6 +289,7 @@ class Tally:
     def __init__(self):
         self.passed = 0
         self.failed = 0
+        self.skipped = 0
         self.stopped = False
         self._lock = threading.Lock()
 
@@ -278,6 +308,10 @@ class Tally:
                 return
             if step.needs and not shutil.which(step.needs):
                 print(f"left out {step.name}: {step.needs} is not installed", flush=True)
+                continue
+            if step.skipped:
+                self.skipped += 1
+                print(f"skipped {step.name}: {step.skipped}", flush=True)
                 continue
             began = time.monotonic()
             passed, failed, words = step.run()
@@ -303,7 +337,7 @@ class Tally:
                 for step in steps + others:
                     step.environment.update(environment)
                     if step.name in MAKE_THEIR_DESKTOPS:  # from the untouched prefix
-                        step.environment.update(DISPLAY="", WINEPREFIX="")
+                        step.environment.update(NO_DESKTOP)
                 self.add("prefix", 0, 0, "ready", time.monotonic() - began)
                 meanwhile = beside.submit(self.run, others)
                 with self.ending(others):
@@ -314,7 +348,7 @@ class Tally:
 
 
 def main():
-    names = [step.name for step in FIRST + COMPANIONS + WHOLE_PROGRAM + NATIVE]
+    names = [step.name for step in FIRST + COMPANIONS + WHOLE_PROGRAM + NATIVE + THIRTY_TWO_BITS]
     if sys.argv[1:] == ["--list"]:
         print(*names, sep="\n")
         return
@@ -336,6 +370,9 @@ def main():
         with tally.ending(NATIVE):
             tally.run_under_wine(wanted(COMPANIONS), wanted(WHOLE_PROGRAM))
             native.result()
+    tally.run(wanted(THIRTY_TWO_BITS))
+    if tally.skipped:
+        print(f"{tally.skipped} steps skipped")
     print(f"{tally.passed} passed, {tally.failed} failed")
     sys.exit(1 if tally.failed or not tally.passed else 0)
 

@@ -1,5 +1,7 @@
-"""Proves that a machine without 32-bit Wine is told what to install, and that files of tests can be chosen."""
+"""Proves that what needs programs of 32 bits is counted as skipped where Wine runs none, and that files can be chosen."""
 
+import contextlib
+import io
 import pathlib
 import subprocess
 import sys
@@ -9,6 +11,7 @@ import unittest
 TOOLS = pathlib.Path(__file__).resolve().parent.parent
 sys.path.insert(0, str(TOOLS))
 
+import run_tests  # noqa: E402
 from wine_32_bits import INSTALL, what_is_missing  # noqa: E402
 
 
@@ -20,6 +23,14 @@ class WhereWineRunsThem(unittest.TestCase):
             self.assertIn(INSTALL, what_is_missing(root))
             (wine / "ntdll.dll").touch()
             self.assertIsNone(what_is_missing(root))
+
+    def test_a_step_that_lacks_it_is_counted_as_skipped(self):
+        tally, printed = run_tests.Tally(), io.StringIO()
+        step = run_tests.Step("step", "false", seconds=1, skipped=what_is_missing("/nowhere"))
+        with contextlib.redirect_stdout(printed):
+            tally.run([step])
+        self.assertEqual((tally.passed, tally.failed, tally.skipped), (0, 0, 1))
+        self.assertIn(INSTALL, printed.getvalue())
 
 
 class ChosenFiles(unittest.TestCase):
