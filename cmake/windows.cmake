@@ -41,21 +41,17 @@ if(POINTALK_TESTS)
     pointalk_program(${name} SOURCES ${source} ${watched_sources} LIBRARIES pointalk_win32)
   endforeach()
 
-  if(CMAKE_SIZEOF_VOID_P EQUAL 8)
-    add_subdirectory(tests/wine)
-  endif()
+  add_subdirectory(tests/wine)
 endif()
 
 # The tour needs these too, on machines without GoogleTest.
 add_subdirectory(tests/win32)
 
-# The voice and the synthesizer are for Wine, and run where a 64-bit Wine does.
-if(CMAKE_SIZEOF_VOID_P EQUAL 8)
-  add_subdirectory(wine)
-  if(POINTALK_TESTS)
-    # The contract suite asks the target, and listens to the synthesizer, which has to lie beside it to be loaded.
-    add_dependencies(pointalk_contract pointalk_target pointalk_winmm)
-    add_custom_command(TARGET pointalk_contract POST_BUILD COMMAND ${CMAKE_COMMAND} -E copy_if_different
-                       $<TARGET_FILE:pointalk_winmm> $<TARGET_FILE_DIR:pointalk_contract>)
-  endif()
+# The voice and the synthesizer are for Wine; a program loads those of its own width.
+add_subdirectory(wine)
+if(POINTALK_TESTS)
+  # The contract suite asks the target, and listens to the synthesizer, which has to lie beside it to be loaded.
+  add_dependencies(pointalk_contract pointalk_target pointalk_winmm)
+  add_custom_command(TARGET pointalk_contract POST_BUILD COMMAND ${CMAKE_COMMAND} -E copy_if_different
+                     $<TARGET_FILE:pointalk_winmm> $<TARGET_FILE_DIR:pointalk_contract>)
 endif()

@@ -11,13 +11,12 @@ import concurrent.futures
 import contextlib
 import os
 import signal
-import subprocess
 import sys
 import threading
 import time
 
-from desktops import windows_desktop
 from steps import LOGS, ROOT, Step, lacks_program, last_line, report_counts
+from wine_32_bits import what_is_missing
 
 BUILD = ROOT / "build"
 WINDOWS = BUILD / "mingw-x86_64-release"
@@ -27,6 +26,7 @@ PLAIN = BUILD / "plain"
 TOOLS = ROOT / "tools"
 SANITIZERS = {"ASAN_OPTIONS": "detect_leaks=1:strict_string_checks=1", "UBSAN_OPTIONS": "print_stacktrace=1"}
 BUILD_SECONDS = 1800
+PREFIX = BUILD / "test-prefix"  # the untouched one that every desktop has a copy of
 DESKTOPS = 3  # tests of the whole program that run at once: they mostly wait
 TIDY = "clang-tidy-14"
 HEARTBEAT = 20  # seconds without a line after which one says what runs
@@ -37,17 +37,17 @@ def check(name, *arguments, lacks=lambda: ""):
                 lacks=lacks)
 
 
-def python_tests(name, folder, seconds, *options):
-    """The tests of a folder (test_*.py), of which the slowest are named."""
-    return Step(name, sys.executable, "-m", "pytest", "-v", "--durations=15", f"--junitxml={LOGS / name}.xml", *options,
-                folder, seconds=seconds, counts=report_counts)
+def python_tests(name, *what, launcher=(), **more):
+    """The tests of folders or files, with options before them; the slowest are named."""
+    return Step(name, *launcher, sys.executable, "-m", "pytest", "-v", "--durations=15", f"--junitxml={LOGS / name}.xml",
+                *what, seconds=3600, counts=report_counts, **more)
 
 
-def gtest(name, program, *launcher, seconds=1800, environment=None):
+def gtest(name, program, *launcher, **more):
     report = LOGS / f"{name}.xml"
     drive = "Z:" if launcher else ""  # under Wine, where a test may make another drive the current one
-    return Step(name, *launcher, program, f"--gtest_output=xml:{drive}{report}", seconds=seconds, counts=report_counts,
-                environment=environment, folder=program.parent)
+    return Step(name, *launcher, program, f"--gtest_output=xml:{drive}{report}", seconds=1800, counts=report_counts,
+                folder=program.parent, **more)
 
 
 def preset(name, *targets, step=None, settings=""):
@@ -74,24 +74,43 @@ def rehearsals(name, build):
                 seconds=300, counts=last_line, environment=SANITIZERS)
 
 
+def under_wine(name, make, *arguments, build=WINDOWS, target_build=None, **more):
+    """A step that has desktops under Wine for programs of that build; the target's is that of the programs that they read."""
+    environment = {"DISPLAY": "", "WINEPREFIX": "", "WINEDEBUG": "-all", "POINTALK_PREFIX_BASE": str(PREFIX),
+                   "POINTALK_WIN_BUILD": str(build), "POINTALK_TARGET_BUILD": str(target_build or build)}
+    return make(name, *arguments, environment=environment, **more)
+
+
+def on_desktop(build):
+    """The command before one that needs a desktop and has none of its own."""
+    return (sys.executable, TOOLS / "on_desktop.py", build)
+
+
+def whole_program(name, *files, **more):
+    """Several desktops at once: the tests mostly wait for sounds and windows."""
+    folder = ROOT / "tests" / "win32"
+    return under_wine(name, python_tests, "-n", DESKTOPS, "--dist", "loadfile",
+                      *([folder / f"{file}.py" for file in files] or [folder]), **more)
+
+
 # What runs under Wine, which comes first so that the tests there begin soon.
 PROGRAMS = [
     preset("mingw-x86_64-release", "Pointalk", "pointalk_voice", "pointalk_winmm", "pointalk_target", "pointalk_probe",
            "pointalk_saver", "voice_probe", "midi_probe", step="build-programs"),
+    Step("prefix", "sh", "-c", f"rm -rf '{PREFIX}' && wine/prefix.sh make '{PREFIX}'", seconds=600),
 ]
-# These two lists go on beside one another and beside the native steps, since they mostly wait for sounds and windows.
+# These two lists go on beside one another and beside the native steps.
 WHOLE_PROGRAM = [
-    python_tests("win32", ROOT / "tests" / "win32", 3600, "-n", DESKTOPS, "--dist", "loadfile"),
+    whole_program("win32"),
 ]
 COMPANIONS = [
-    python_tests("wine", ROOT / "tests" / "wine", 1800),
-    python_tests("packages", ROOT / "tests" / "packages", 1800),
+    under_wine("wine", python_tests, ROOT / "tests" / "wine", launcher=on_desktop(WINDOWS)),
+    under_wine("packages", python_tests, ROOT / "tests" / "packages"),
     preset("mingw-x86_64-release"),
-    gtest("contract-win32", WINDOWS / "pointalk_contract.exe", "wine", seconds=1800),
+    under_wine("contract-win32", gtest, WINDOWS / "pointalk_contract.exe", *on_desktop(WINDOWS), "wine"),
 ]
-MAKE_THEIR_DESKTOPS = ("win32", "packages")
 NATIVE = [
-    python_tests("self-tests", TOOLS / "tests", 1200),
+    python_tests("self-tests", TOOLS / "tests"),
     check("layers"),
     check("names"),
     check("sizes"),
@@ -104,7 +123,7 @@ NATIVE = [
     Step("fuzz", sys.executable, TOOLS / "run_fuzzers.py", CLANG, seconds=600, counts=last_line, environment=SANITIZERS),
     plain_build(),
     rehearsals("rehearsals", PLAIN),
-    preset("mingw-i686-release", "Pointalk"),
+    preset("mingw-i686-release", "Pointalk" if what_is_missing() else "all"),
 ]
 # What looks at several builds.
 LAST = [
@@ -112,7 +131,19 @@ LAST = [
     check("exe", WINDOWS / "Pointalk.exe", WINDOWS_32 / "Pointalk.exe"),
     check("packages", WINDOWS / "Pointalk.exe", WINDOWS_32 / "Pointalk.exe"),
 ]
-ALL = PROGRAMS + WHOLE_PROGRAM + COMPANIONS + NATIVE + LAST
+# What the 64-bit program passes, over the 32-bit one, and each of both over programs of the other width.
+OVER_THE_OTHER = ("test_exe_names", "test_exe_controls", "test_exe_lists", "test_exe_texts")
+THIRTY_TWO_BITS = [
+    whole_program("win32-32", build=WINDOWS_32, lacks=what_is_missing),
+    whole_program("win32-32-over-64", *OVER_THE_OTHER, build=WINDOWS_32, target_build=WINDOWS, lacks=what_is_missing),
+    whole_program("win32-64-over-32", *OVER_THE_OTHER, target_build=WINDOWS_32, lacks=what_is_missing),
+    under_wine("wine-32", python_tests, ROOT / "tests" / "wine", build=WINDOWS_32, launcher=on_desktop(WINDOWS_32),
+               lacks=what_is_missing),
+    under_wine("packages-32", python_tests, ROOT / "tests" / "packages", build=WINDOWS_32, lacks=what_is_missing),
+    under_wine("contract-32", gtest, WINDOWS_32 / "pointalk_contract.exe", *on_desktop(WINDOWS_32), "wine",
+               build=WINDOWS_32, lacks=what_is_missing),
+]
+ALL = PROGRAMS + WHOLE_PROGRAM + COMPANIONS + NATIVE + LAST + THIRTY_TWO_BITS
 
 
 class Tally:
@@ -184,35 +215,23 @@ class Tally:
                 step.end()
             raise
 
-    def run_under_wine(self, *lists):
-        """These lists side by side on one desktop."""
-        if not any(lists):
-            return
-        began = time.monotonic()
-        try:
-            with windows_desktop(WINDOWS) as environment, concurrent.futures.ThreadPoolExecutor(len(lists)) as lanes:
-                for step in sum(lists, []):
-                    step.environment.update(environment)
-                    if step.name in MAKE_THEIR_DESKTOPS:  # from the untouched prefix
-                        step.environment.update(DISPLAY="", WINEPREFIX="")
-                self.add("prefix", 0, 0, "ready", time.monotonic() - began)
-                for lane in [lanes.submit(self.run, steps) for steps in lists]:
-                    lane.result()
-        except (OSError, subprocess.SubprocessError) as error:
-            self.add("prefix", 0, 1, str(error), time.monotonic() - began)
-
 
 def run_all(tally, wanted):
+    def side_by_side(*lanes):
+        with concurrent.futures.ThreadPoolExecutor(len(lanes)) as pool, tally.ending(ALL):
+            for lane in [pool.submit(*lane) for lane in lanes]:
+                lane.result()
+
     def for_windows():
         tally.run(wanted(PROGRAMS))
-        tally.run_under_wine(wanted(WHOLE_PROGRAM), wanted(COMPANIONS))
+        side_by_side((tally.run, wanted(WHOLE_PROGRAM)), (tally.run, wanted(COMPANIONS)))
 
     for step in NATIVE + [step for step in COMPANIONS if not step.counts]:
         step.command = ["nice", "-n", "10", *step.command]  # what waits for a sound or a window goes first
-    with tally.telling_what_runs(ALL), concurrent.futures.ThreadPoolExecutor(2) as lanes, tally.ending(ALL):
-        for lane in [lanes.submit(for_windows), lanes.submit(tally.run, wanted(NATIVE))]:
-            lane.result()
+    with tally.telling_what_runs(ALL):
+        side_by_side((for_windows,), (tally.run, wanted(NATIVE)))
         tally.run(wanted(LAST))
+        tally.run(wanted(THIRTY_TWO_BITS))
 
 
 def main():

@@ -26,8 +26,9 @@ constexpr std::int32_t kLongestItem = 65'536;
 
 LPARAM Address(wchar_t* text) { return reinterpret_cast<LPARAM>(text); }
 
-// The control answered with a count but left the buffer as we gave it to it.
-bool IsUntouched(const wchar_t* line) { return line[0] == kLongestLine && line[1] == L'\0'; }
+// The control answered with a count but left the size of the buffer, which is no character, at its beginning.
+// What comes back behind it need not be what we sent: the system may carry the other program's memory over.
+bool IsUntouched(const wchar_t* line) { return line[0] == kLongestLine; }
 
 }  // namespace
 

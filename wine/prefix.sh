@@ -5,7 +5,8 @@
 #                                      dialog; done once, a ready one is left alone
 #   prefix.sh copy READY PREFIX        a copy of a ready prefix, which nothing may be using; PREFIX must not exist
 #   prefix.sh engines PREFIX WHICH DLL which speech engines are there: sapi5, sapi4, both or none; DLL is the
-#                                      built pointalk_voice.dll, which is copied into the prefix
+#                                      built pointalk_voice.dll, which is copied into the prefix; programs of its
+#                                      width, 64 or 32 bits, find them
 #
 # No display is needed. Programs are to be started with
 # WINEDLLOVERRIDES="mscoree,mshtml,winedbg.exe,winemenubuilder.exe=;winmm=n,b": the last of the four that are left out would put
@@ -36,7 +37,7 @@ make_prefix() {
   mkdir -p "$prefix"
   wine_for 180 wineboot -i
   in_prefix wineserver -w
-  import <<'REG'
+  import 64 <<'REG'
 [HKEY_CURRENT_USER\Software\Wine\Explorer]
 "Desktop"="Default"
 
@@ -48,10 +49,11 @@ REG
   echo "$version" >"$mark"
 }
 
+# Into the registry as programs of that width, 64 or 32 bits, see it.
 import() {
   keys=$prefix/pointalk.reg
   { printf 'REGEDIT4\n\n'; cat; } | sed 's/$/\r/' >"$keys"
-  wine_for 60 regedit /S "$(windows_path "$keys")"
+  wine_for 60 reg import "$(windows_path "$keys")" "/reg:$1"
   rm "$keys"
 }
 
@@ -83,8 +85,20 @@ set_engines() {
   none) five=absent four=absent ;;
   *) usage ;;
   esac
-  cp -f "$2" "$prefix/drive_c/windows/system32/pointalk_voice.dll"
-  { engine_keys "$sapi5" "$five"; engine_keys "$sapi4" "$four"; } | import
+  bits=$(bits_of "$2")
+  case $bits in
+  64) system=$prefix/drive_c/windows/system32 ;;
+  32) system=$prefix/drive_c/windows/syswow64 ;;
+  esac
+  [ -e "$system/kernel32.dll" ] || { echo "$prefix was made by a Wine without $bits bits" >&2; exit 1; }
+  cp -f "$2" "$system/pointalk_voice.dll"
+  { engine_keys "$sapi5" "$five"; engine_keys "$sapi4" "$four"; } | import "$bits"
+}
+
+# The machine that a library for Windows is for, at the place that its first header names.
+bits_of() {
+  header=$(od -An -tu4 -j60 -N4 "$1")
+  [ "$(od -An -tx2 -j$((header + 4)) -N2 "$1")" = ' 014c' ] && echo 32 || echo 64
 }
 
 case ${1:-} in

@@ -36,6 +36,7 @@ class PackageCase(unittest.TestCase):
         cls.desktop = enter(Desktop(private=True))
         cls.desktop.environment["WINEDLLOVERRIDES"] += ";winemenubuilder.exe="  # no entries in the Linux desktop's menus
         cls.desktop.environment["POINTALK_ESPEAK"] = "true"  # speech that takes no time
+        cls.view = f"/reg:{cls.desktop.bits()}"
         cls.probe = enter(cls.desktop.probe())
         cls.hand = enter(cls.desktop.hand())
         cls.hand.move(*AWAY)
@@ -79,8 +80,8 @@ class PackageCase(unittest.TestCase):
         return process
 
     def registry(self, key):
-        """The values of a key by their names; nothing when there is no such key."""
-        run = subprocess.run(["wine", "reg", "query", key], env=self.desktop.environment, timeout=300, check=False,
+        """The values of a key by their names, as the packaged program sees it; empty when there is no such key."""
+        run = subprocess.run(["wine", "reg", "query", key, self.view], env=self.desktop.environment, timeout=300, check=False,
                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
         return dict(re.findall(r"^ {4}(.+?) {4}REG_\w+ {4}(.*?)\r*$", run.stdout.decode("cp1252"), re.M))
 

@@ -117,8 +117,8 @@ class Silent(PackageCase):
 
     def test_a_removal_keeps_what_the_user_has_and_nothing_else(self):
         self.write({**WRITTEN, "PTK.ini.new": b"half"})
-        self.wine("reg", "add", RUN, "/v", "Pointalk", "/d", "Pointalk.exe", "/f")
-        self.wine("reg", "add", RUN, "/v", "Other", "/d", "Other.exe", "/f")
+        self.wine("reg", "add", RUN, "/v", "Pointalk", "/d", "Pointalk.exe", "/f", self.view)
+        self.wine("reg", "add", RUN, "/v", "Other", "/d", "Other.exe", "/f", self.view)
         self.wine(*self.removing())
         self.wait_until_removed()
         self.assertEqual(self.files(), WRITTEN)

@@ -15,10 +15,10 @@ TAKEN = ("Now Pointalk will NOT start automatically every time Windows is loaded
 
 
 class AutoStart(DesktopCase):
-    def listed(self):
-        """The values of the system's list that have the program's name, with their types."""
+    def listed(self, bits):
+        """The values that have the program's name, with their types, in the list that programs of that width see."""
         try:
-            printed = self.desktop.run("wine", "reg", "query", RUN_KEY, seconds=100).decode()
+            printed = self.desktop.run("wine", "reg", "query", RUN_KEY, f"/reg:{bits}", seconds=100).decode()
         except subprocess.CalledProcessError:  # there is no such key
             return []
         return re.findall(r"^\s+(Pointalk)\s+(\w+)\s+(.*?)\s*$", printed, re.M)
@@ -34,13 +34,16 @@ class AutoStart(DesktopCase):
 
     def test_the_value_is_there_after_one_command_and_gone_after_the_other(self):
         value = ("Pointalk", "REG_SZ", "Pointalk.exe")
+        own = self.desktop.bits()
+        other = 96 - own
         with self.desktop.pointalk() as self.pointalk:
             self.start(self.pointalk)
             for entry, text, listed in (("Make Not AutoStart", TAKEN, []), ("Make AutoStart", ADDED, [value]),
                                         ("Make AutoStart", ADDED, [value]), ("Make Not AutoStart", TAKEN, []),
                                         ("Make Not AutoStart", TAKEN, [])):
                 self.confirms(entry, text)
-                self.assertEqual(self.listed(), listed)
+                self.assertEqual(self.listed(own), listed)
+                self.assertEqual(self.listed(other), [])
 
     def test_started_by_the_system_it_finds_its_own_folder(self):
         windows = self.desktop.drive() / "windows"

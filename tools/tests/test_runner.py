@@ -105,7 +105,7 @@ class PythonTests(Folder):
         suite.mkdir(exist_ok=True)
         if body:
             (suite / "test_a.py").write_text("import unittest\nclass A(unittest.TestCase):\n" + body)
-        step = run_tests.python_tests("step", suite, 60, "-p", "no:cacheprovider")
+        step = run_tests.python_tests("step", "-p", "no:cacheprovider", suite)
         step.log = self.folder / "step.log"
         step.command = [word.replace(str(steps.LOGS), str(self.folder)) for word in step.command]
         return step.run()[:2]

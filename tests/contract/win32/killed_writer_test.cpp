@@ -10,6 +10,7 @@ namespace pointalk::contract {
 namespace {
 
 constexpr FilePath kFile{Folder::kProgram, u"contract file of a killed writer.txt"};
+constexpr ULONGLONG kPatience = 20'000;  // milliseconds
 const Text kOneContent(5000, u'1');
 const Text kOtherContent(3000, u'2');
 
@@ -32,7 +33,9 @@ TEST(KilledWriter, LeavesOneContentOrTheOther) {
       ChildProgram writer(self, options);
       while (writer.ReadLine().find("RUN") == std::string::npos) {
       }
-      Sleep(50 + 7 * run);
+      const ULONGLONG end = GetTickCount64() + kPatience;
+      while (!files.Read(kFile) && GetTickCount64() < end) Sleep(10);
+      Sleep(7 * run);
     }
     const auto content = files.Read(kFile);
     ASSERT_TRUE(content);

@@ -5,6 +5,7 @@ import os
 import pathlib
 import select
 import shutil
+import struct
 import subprocess
 import tempfile
 
@@ -15,6 +16,9 @@ from .programs import KILLED_AT_ITS_END, Probe, Target
 ROOT = pathlib.Path(__file__).resolve().parents[3]
 # Where the programs for Windows were built.
 BUILD = pathlib.Path(os.environ.get("POINTALK_WIN_BUILD", ROOT / "build" / "mingw-x86_64-release"))
+# Where the stand-in for other people's programs was built, which may be of the other width.
+TARGET_BUILD = pathlib.Path(os.environ.get("POINTALK_TARGET_BUILD", BUILD))
+MACHINE_OF_32_BITS = 0x014C
 OVERRIDES = "mscoree,mshtml,winedbg.exe,winemenubuilder.exe=;winmm=n,b"
 
 
@@ -79,7 +83,7 @@ class Desktop:
 
     def target(self, *layouts):
         words = [word for layout in layouts for word in ("--layout", layout)]
-        return Target(["wine", BUILD / "tests" / "win32" / "target.exe", *words], self.environment)
+        return Target(["wine", TARGET_BUILD / "tests" / "win32" / "target.exe", *words], self.environment)
 
     def probe(self):
         return Probe(["wine", BUILD / "tests" / "win32" / "probe.exe"], self.environment)
@@ -104,6 +108,12 @@ class Desktop:
     def drive(self):
         """The folder that is C:."""
         return pathlib.Path(self.environment["WINEPREFIX"]) / "drive_c"
+
+    def bits(self):
+        """How wide the programs of the build are."""
+        program = (BUILD / "Pointalk.exe").read_bytes()
+        header, = struct.unpack_from("<I", program, 60)
+        return 32 if struct.unpack_from("<H", program, header + 4) == (MACHINE_OF_32_BITS,) else 64
 
     def import_keys(self, text):
         """Takes registry keys over, as regedit's files hold them."""
