@@ -16,8 +16,7 @@ if(MSVC)
 else()
   set(warnings -Wall -Wextra -Wpedantic -Wconversion -Wshadow $<$<BOOL:${POINTALK_WERROR}>:-Werror>)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-    # gcc 12 sees overlapping copies in its own std::string operator+, and copies that are too long in mingw's wmemcpy.
-    list(APPEND warnings -Wno-restrict $<$<BOOL:${MINGW}>:-Wno-array-bounds>)
+    list(APPEND warnings -Wno-restrict)  # gcc 12 sees overlapping copies in its own std::string operator+
   endif()
   target_compile_options(pointalk_compiling INTERFACE "$<$<COMPILE_LANGUAGE:CXX>:${warnings}>")
 endif()

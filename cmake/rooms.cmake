@@ -32,6 +32,10 @@ option(POINTALK_PRECOMPILE "Read the large headers once for all files of a targe
 function(pointalk_precompile name)
   if(POINTALK_PRECOMPILE)
     target_precompile_headers(${name} PRIVATE ${ARGN})
+    if(MINGW)
+      # gcc 12 forgets then which headers are the system's, and warns of what it inlines from them.
+      target_compile_options(${name} PRIVATE -Wno-array-bounds -Wno-stringop-overread)
+    endif()
   endif()
 endfunction()
 
@@ -41,8 +45,11 @@ function(pointalk_precompile_windows name)
                       <string_view> <vector>)
 endfunction()
 
-# A program of tests.
+# A program of tests: it waits for compilers more than it computes.
 function(pointalk_test_program name)
   pointalk_program(${name} ${ARGN})
+  if(NOT MSVC)
+    target_compile_options(${name} PRIVATE -O0)
+  endif()
   pointalk_precompile(${name} <gmock/gmock.h> <gtest/gtest.h>)
 endfunction()

@@ -175,15 +175,24 @@ class Tally:
         self.tell(f"skipped {name:23} {why}")
 
     def run(self, steps):
+        """One after the other; returns whether all went well."""
+        all_well = True
         for step in steps:
             if self.stopped:
-                return
+                return False
             if step.lacks():
                 self.skip(step.name, step.lacks())
                 continue
             began = time.monotonic()
             passed, failed, words = step.run()
             self.add(step.name, passed, failed, words, time.monotonic() - began, step.what_failed())
+            all_well = all_well and not failed
+        return all_well
+
+    def give_up(self, steps):
+        """What cannot run counts as failed."""
+        for step in steps:
+            self.add(step.name, 0, 1, "not run: what it needs was not built", 0)
 
     @contextlib.contextmanager
     def telling_what_runs(self, steps):
@@ -223,8 +232,9 @@ def run_all(tally, wanted):
                 lane.result()
 
     def for_windows():
-        tally.run(wanted(PROGRAMS))
-        side_by_side((tally.run, wanted(WHOLE_PROGRAM)), (tally.run, wanted(COMPANIONS)))
+        if not tally.run(wanted(PROGRAMS)):
+            return tally.give_up(wanted(WHOLE_PROGRAM + COMPANIONS))
+        return side_by_side((tally.run, wanted(WHOLE_PROGRAM)), (tally.run, wanted(COMPANIONS)))
 
     for step in NATIVE + [step for step in COMPANIONS if not step.counts]:
         step.command = ["nice", "-n", "10", *step.command]  # what waits for a sound or a window goes first
