@@ -91,7 +91,8 @@ set_engines() {
   32) system=$prefix/drive_c/windows/syswow64 ;;
   esac
   [ -e "$system/kernel32.dll" ] || { echo "$prefix was made by a Wine without $bits bits" >&2; exit 1; }
-  cp -f "$2" "$system/pointalk_voice.dll"
+  rm -f "$system/pointalk_voice.dll"
+  cp "$2" "$system/"
   { engine_keys "$sapi5" "$five"; engine_keys "$sapi4" "$four"; } | import "$bits"
 }
 
@@ -99,6 +100,14 @@ set_engines() {
 bits_of() {
   header=$(od -An -tu4 -j60 -N4 "$1")
   [ "$(od -An -tx2 -j$((header + 4)) -N2 "$1")" = ' 014c' ] && echo 32 || echo 64
+}
+
+# What the system brings along is shared with the ready prefix by hard links, where one file system has both: nobody writes
+# there, and it is nearly all of a prefix.
+copy_prefix() {
+  cp -al "$1" "$2" 2>/dev/null || { rm -rf "$2"; cp -a --reflink=auto "$1" "$2"; }
+  find "$2" -type f -links +1 ! -path '*/drive_c/windows/sys*' ! -path '*/drive_c/windows/winsxs/*' \
+    -exec sh -c 'for file; do cp -a "$file" "$file.own" && mv -f "$file.own" "$file"; done' sh {} +
 }
 
 case ${1:-} in
@@ -110,7 +119,7 @@ make)
 copy)
   [ $# = 3 ] || usage
   [ ! -e "$3" ] || { echo "$3 is already there" >&2; exit 1; }
-  cp -a --reflink=auto "$2" "$3"
+  copy_prefix "$2" "$3"
   ;;
 engines)
   [ $# = 4 ] || usage

@@ -1,6 +1,7 @@
 """A Windows desktop under Wine: a screen and a prefix."""
 
 import contextlib
+import fcntl
 import os
 import pathlib
 import select
@@ -18,6 +19,7 @@ ROOT = pathlib.Path(__file__).resolve().parents[3]
 BUILD = pathlib.Path(os.environ.get("POINTALK_WIN_BUILD", ROOT / "build" / "mingw-x86_64-release"))
 # Where the stand-in for other people's programs was built, which may be of the other width.
 TARGET_BUILD = pathlib.Path(os.environ.get("POINTALK_TARGET_BUILD", BUILD))
+PREFIX_TOOL = ROOT / "wine" / "prefix.sh"
 MACHINE_OF_32_BITS = 0x014C
 OVERRIDES = "mscoree,mshtml,winedbg.exe,winemenubuilder.exe=;winmm=n,b"
 
@@ -64,14 +66,30 @@ class Desktop:
         self.environment["DISPLAY"] = f":{number}"
 
     def _copy_prefix(self):
-        maker = ROOT / "wine" / "prefix.sh"
-        base = pathlib.Path(os.environ.get("POINTALK_PREFIX_BASE", BUILD / "wine-prefix"))
         prefix = self.folder / "prefix"
-        self.run(maker, "make", base, seconds=1000)
-        self.run(maker, "copy", base, prefix, seconds=1000)
+        self.run(PREFIX_TOOL, "copy", self._ready_prefix(), prefix, seconds=1000)
         self.environment["WINEPREFIX"] = str(prefix)
-        self.run(maker, "engines", prefix, self._engines, BUILD / "wine" / "pointalk_voice.dll", seconds=1000)
-        self.restart()  # what made changes there knows no screen
+        self.run("wineserver", "-p", seconds=100)
+
+    def _ready_prefix(self):
+        """The prefix with these engines, which is made once for each voice that was built; tests at the same time share it."""
+        base = pathlib.Path(os.environ.get("POINTALK_PREFIX_BASE", BUILD / "wine-prefix"))
+        voice = BUILD / "wine" / "pointalk_voice.dll"
+        ready = base.with_name(f"{base.name}-{self._engines}-{self.bits()}")
+        base.parent.mkdir(parents=True, exist_ok=True)
+        with open(base.with_name(f"{base.name}.lock"), "w", encoding="ascii") as lock:
+            fcntl.flock(lock, fcntl.LOCK_EX)
+            self.run(PREFIX_TOOL, "make", base, seconds=1000)
+            mark = ready / "made-of"
+            made_of = f"{voice.stat().st_mtime_ns} {(base / 'pointalk-ready').stat().st_mtime_ns}"
+            if not mark.exists() or mark.read_text("ascii") != made_of:
+                shutil.rmtree(ready, ignore_errors=True)
+                self.run(PREFIX_TOOL, "copy", base, ready, seconds=1000)
+                self.environment["WINEPREFIX"] = str(ready)
+                self.run(PREFIX_TOOL, "engines", ready, self._engines, voice, seconds=1000)
+                self._end_wine()
+                mark.write_text(made_of, "ascii")
+        return ready
 
     def run(self, *command, seconds, cwd=None):
         """Runs a program to its end and returns what it printed; an exception when it fails or takes longer."""
