@@ -9,7 +9,7 @@ import pathlib
 import re
 import sys
 
-ROOMS = ("text", "app", "tones", "reader", "speech", "crash", "registry")
+ROOMS = ("text", "input", "speech", "tones", "settings", "crash", "registry", "reader", "app")
 OWN_FOLDERS = ROOMS + ("platform", "win32", "sim", "wine", "tests")
 
 COMMENT_OR_LITERAL = re.compile(

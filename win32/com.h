@@ -7,7 +7,7 @@
 
 #include <memory>
 
-#include "platform/text.h"
+#include "text/text.h"
 
 namespace pointalk::win32 {
 

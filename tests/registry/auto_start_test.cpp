@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tests/sim/simulated.h"
+#include "tests/speech/speaking.h"
 
 namespace pointalk {
 namespace {
@@ -40,37 +40,17 @@ std::string Lines(std::initializer_list<std::string_view> parts) {
 }
 
 // The rooms that the commands need, with a voice.
-struct Rooms {
-  explicit Rooms(std::string_view script = "{}")
-      : simulated(script),
-        engine(simulated.platform.sapi5, simulated.platform.sapi4),
-        pronouncer(simulated.platform.input, input, description),
-        speaker(simulated.platform.input, simulated.platform.panel, input, settings, engine, pronouncer),
-        dialogs(simulated.platform.dialogs, simulated.platform.panel, input, speaker),
-        registry(simulated.platform.registry, simulated.platform.ansi),
-        autoStart(registry, dialogs) {
-    settings.mSapiVersion = 5;
-    EXPECT_TRUE(simulated.platform.sapi5.Create());
-    engine.SetVoice(Engine::Object::kSapi5);
-  }
-  Rooms(const Rooms&) = delete;
-  Rooms& operator=(const Rooms&) = delete;
+struct Rooms : Speaking {
+  explicit Rooms(std::string_view script = "{}") : Speaking(script) {}
 
   // The values of the Run key by name.
   std::vector<NamedRegistryValue> Values() {
     return registry.EnumerateRegistryValues(u"HKLM\\Software\\Microsoft\\Windows\\CurrentVersion\\Run");
   }
 
-  sim::Simulated simulated;
-  InputState input;
-  ObjectDescription description;
-  VoiceSettings settings;
-  Engine engine;
-  Pronouncer pronouncer;
-  Speaker speaker;
-  SpokenDialogs dialogs;
-  RegistryLayer registry;
-  AutoStart autoStart;
+  SpokenDialogs spokenDialogs{platform.dialogs, platform.panel, clicks, speaker};
+  RegistryLayer registry{platform.registry, platform.ansi};
+  AutoStart autoStart{registry, spokenDialogs};
 };
 
 TEST(AutoStart, WritesTheValueAndConfirms) {
