@@ -21,8 +21,8 @@ namespace pointalk {
 
 class RunCycle {
  public:
-  // The rooms that start-up brings up and shut-down takes down.
-  struct Rooms {
+  // What start-up brings up and shut-down takes down.
+  struct Parts {
     Engine& engine;
     Speaker& speaker;
     SpokenDialogs& spokenDialogs;
@@ -39,7 +39,7 @@ class RunCycle {
     PollLoop& poll;
   };
 
-  RunCycle(const Platform& platform, const Rooms& rooms) : platform_(platform), rooms_(rooms) {}
+  RunCycle(const Platform& platform, const Parts& parts) : platform_(platform), parts_(parts) {}
 
   // Brings everything up in its fixed order; the poll timer runs at the end.
   void Form_Load();
@@ -56,7 +56,7 @@ class RunCycle {
 
  private:
   Platform platform_;
-  Rooms rooms_;
+  Parts parts_;
 
   Text mAppShortPath;  // Kept: nothing reads it.
 

@@ -26,19 +26,19 @@ void ObjectDescriber::DescribeObjectUnderPointer(Point pointer) {
 
 void ObjectDescriber::Describe(Point pointer) {
   Spot spot = SpotAt(pointer);
-  rooms_.learning.LogClass(spot.className);
-  const bool mIsBadQueryClass = rooms_.learning.IsBadQueryClass(spot.className);
-  const bool mIsBadClass = !mIsBadQueryClass && rooms_.learning.IsBadClass(spot.className);
+  parts_.learning.LogClass(spot.className);
+  const bool mIsBadQueryClass = parts_.learning.IsBadQueryClass(spot.className);
+  const bool mIsBadClass = !mIsBadQueryClass && parts_.learning.IsBadClass(spot.className);
   Remember(spot);
-  rooms_.keys.ReadForDescription();
-  rooms_.speaker.SetSubject(spot.className);
-  if (mIsBadQueryClass) return rooms_.speaker.SpeakText(spot.className);
+  parts_.keys.ReadForDescription();
+  parts_.speaker.SetSubject(spot.className);
+  if (mIsBadQueryClass) return parts_.speaker.SpeakText(spot.className);
   Query(spot);
-  if (mIsBadClass) return rooms_.speaker.SpeakText(spot.texts.maccText);
-  if (rooms_.report.IsArmed()) {
-    rooms_.report.ReportIfAsked(CrashReportText(spot));
+  if (mIsBadClass) return parts_.speaker.SpeakText(spot.texts.maccText);
+  if (parts_.report.IsArmed()) {
+    parts_.report.ReportIfAsked(CrashReportText(spot));
     // A tick that came while the report was spoken may have described another object.
-    return rooms_.speaker.SpeakText(last_.texts.maccText);
+    return parts_.speaker.SpeakText(last_.texts.maccText);
   }
 
   last_.mTopWindowName = readers_.topWindow.NameAbove(spot.window);
@@ -72,18 +72,18 @@ void ObjectDescriber::Remember(const Spot& spot) {
 
 // A query that does not return leaves the marked line in the class log.
 void ObjectDescriber::Query(Spot& spot) {
-  rooms_.learning.LogQueryOf(spot.className);
+  parts_.learning.LogQueryOf(spot.className);
   spot.texts = readers_.query.QueryAccessibleObject(spot.point, spot.lowerClassName);
   last_.texts = spot.texts;
   last_.mTopWindowName.clear();
   if (Contains(spot.texts.maccRole, u"ditable")) last_.mSpareText.clear();
-  if (!seam_.accessibility.QueryStillOut(spot.window)) rooms_.learning.LogClass(spot.className);
+  if (!seam_.accessibility.QueryStillOut(spot.window)) parts_.learning.LogClass(spot.className);
 }
 
 void ObjectDescriber::AnnounceTopWindow(const Spot& spot, TextView topName) {
   if (topName == last_.mLastTopWindowName) return;
   if (topName == u"TaskBar") {
-    rooms_.speaker.SetSpeechPrefix(u"Tasck-Bar-");
+    parts_.speaker.SetSpeechPrefix(u"Tasck-Bar-");
   } else if (!topName.empty()) {
     readers_.objectSpeech.SpeakObjectText(topName, spot);
   }
@@ -94,7 +94,7 @@ void ObjectDescriber::AnnounceTopWindow(const Spot& spot, TextView topName) {
 bool ObjectDescriber::EnterWindow(WindowHandle window) {
   if (window == last_.mLastDescribedWindow) return false;
   readers_.editWords.MarkNewWindow();
-  rooms_.sounds.PlayEarcon(u"NewWindow");
+  parts_.sounds.PlayEarcon(u"NewWindow");
   last_.mLastDescribedWindow = window;
   return true;
 }
@@ -124,21 +124,21 @@ void ObjectDescriber::Identify() {
   const TimerPause quiet(seam_.panel);
   const Text& className = last_.mOfficialClassName;
   if (ContainsInLowerCase(className, u"combo")) {
-    rooms_.speaker.SpeakAndWait(u"It is a " + rooms_.pronouncer.ClassNameToWords(className));
+    parts_.speaker.SpeakAndWait(u"It is a " + parts_.pronouncer.ClassNameToWords(className));
   } else if (!IsBlank(last_.texts.maccRole)) {
-    rooms_.speaker.SpeakAndWait(u"It is a " + last_.texts.maccRole + u". ");
+    parts_.speaker.SpeakAndWait(u"It is a " + last_.texts.maccRole + u". ");
     if (!ContainsInLowerCase(last_.texts.maccDescription, u"menu"))
-      rooms_.speaker.SpeakAndWait(last_.texts.maccDescription);
+      parts_.speaker.SpeakAndWait(last_.texts.maccDescription);
   } else if (!IsBlank(className)) {
-    rooms_.speaker.SpeakAndWait(u"It is a " + rooms_.pronouncer.ClassNameToWords(className));
+    parts_.speaker.SpeakAndWait(u"It is a " + parts_.pronouncer.ClassNameToWords(className));
   }
 }
 
 void ObjectDescriber::NameTopWindow() {
   if (last_.mOverDesktop) last_.mTopWindowName = u"DeskTop";
-  const SpellingBlock unspelled(rooms_.keys);
-  rooms_.speaker.SpeakText(u"The");
-  rooms_.speaker.SpeakAndWait(u"Top Window is " + last_.mTopWindowName);
+  const SpellingBlock unspelled(parts_.keys);
+  parts_.speaker.SpeakText(u"The");
+  parts_.speaker.SpeakAndWait(u"Top Window is " + last_.mTopWindowName);
 }
 
 }  // namespace pointalk

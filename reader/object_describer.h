@@ -33,8 +33,8 @@ class ObjectDescriber {
     Accessibility& accessibility;
   };
 
-  // The rooms below that a description uses.
-  struct Rooms {
+  // What of the rooms below a description uses.
+  struct Parts {
     Keys& keys;
     Pronouncer& pronouncer;
     Speaker& speaker;
@@ -57,8 +57,8 @@ class ObjectDescriber {
     EditReaders& edits;
   };
 
-  ObjectDescriber(const Seam& seam, const Rooms& rooms, const Readers& readers)
-      : seam_(seam), rooms_(rooms), readers_(readers) {}
+  ObjectDescriber(const Seam& seam, const Parts& parts, const Readers& readers)
+      : seam_(seam), parts_(parts), readers_(readers) {}
 
   // Describes what lies under the pointer, given in screen pixels. The poll timer is off meanwhile, and on
   // afterwards.
@@ -72,7 +72,7 @@ class ObjectDescriber {
 
  private:
   Seam seam_;
-  Rooms rooms_;
+  Parts parts_;
   Readers readers_;
 
   LastDescription last_;

@@ -51,7 +51,7 @@ struct SettingsValues {
 };
 
 // The 17 lines. Three volumes are written from the vertical one, and the instruments under each other's
-// names, so that the two change places when the file is read back. Users know both.
+// names, so the two change places when the file is read back. Both stay as they are.
 Text SettingsText(const SettingsValues& values);
 
 }  // namespace pointalk

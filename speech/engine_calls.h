@@ -37,7 +37,7 @@ class EngineCalls {
   virtual std::vector<Text> VoiceDescriptions() = 0;
 
   // Takes the voice, at the speed that the engine has. Gives what the settings are to keep of the choice.
-  virtual std::int32_t UseVoice(const NamedVoice& voice) = 0;
+  virtual std::int32_t UseVoice(const NamedVoice& named) = 0;
 
   // Gives the engine what the settings hold: the kept choice of a voice, then a rate where one is given, then
   // the volume. Gives the volume to be kept, which is another than the given one where that was unset.

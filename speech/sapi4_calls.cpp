@@ -11,7 +11,7 @@ constexpr double kLowestSpeed = 30;
 constexpr double kHighestSpeed = 510;
 constexpr double kSpeedStep = 12;
 
-// The file's figures multiply both ways, so that a speed grows each time that it is saved and read.
+// It multiplies both ways: a speed grows each time that it is saved and read. That stays as it is.
 constexpr double kFileFactor = 4.8;
 
 constexpr int kMostStalls = 100;

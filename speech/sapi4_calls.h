@@ -17,7 +17,7 @@ class Sapi4Calls final : public EngineCalls {
   void Say(TextView text) override;
   void SayAndWait(TextView text) override;  // events of the form are handled meanwhile
   std::vector<Text> VoiceDescriptions() override;
-  std::int32_t UseVoice(const NamedVoice& voice) override;
+  std::int32_t UseVoice(const NamedVoice& named) override;
   std::int32_t ApplyVoice(std::int32_t selection, std::int32_t volume, std::optional<double> rate) override;
   void SetVolume(std::int32_t percent) override;
   void SetStartSpeed() override;

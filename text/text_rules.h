@@ -1,4 +1,4 @@
-// Small rules on texts that every room needs. A blank is character 32 and no other.
+// Small rules on texts. A blank is character 32 and no other.
 #pragma once
 
 #include <vector>

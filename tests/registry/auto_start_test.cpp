@@ -39,9 +39,9 @@ std::string Lines(std::initializer_list<std::string_view> parts) {
   return lines;
 }
 
-// The rooms that the commands need, with a voice.
-struct Rooms : Speaking {
-  explicit Rooms(std::string_view script = "{}") : Speaking(script) {}
+// The commands, and what they need.
+struct CommandsWithAVoice : Speaking {
+  explicit CommandsWithAVoice(std::string_view script = "{}") : Speaking(script) {}
 
   // The values of the Run key by name.
   std::vector<NamedRegistryValue> Values() {
@@ -54,17 +54,17 @@ struct Rooms : Speaking {
 };
 
 TEST(AutoStart, WritesTheValueAndConfirms) {
-  Rooms rooms;
-  rooms.autoStart.mnuProgramMakeAutoStart_Click();
-  EXPECT_EQ(rooms.simulated.transcript(), Lines({kSet, kConfirmedOn}));
-  EXPECT_EQ(rooms.registry.Error(), RegistryError());
+  CommandsWithAVoice commands;
+  commands.autoStart.mnuProgramMakeAutoStart_Click();
+  EXPECT_EQ(commands.simulated.transcript(), Lines({kSet, kConfirmedOn}));
+  EXPECT_EQ(commands.registry.Error(), RegistryError());
 }
 
 TEST(AutoStart, MadeTwiceLeavesOneValue) {
-  Rooms rooms;
-  rooms.autoStart.mnuProgramMakeAutoStart_Click();
-  rooms.autoStart.mnuProgramMakeAutoStart_Click();
-  const auto values = rooms.Values();
+  CommandsWithAVoice commands;
+  commands.autoStart.mnuProgramMakeAutoStart_Click();
+  commands.autoStart.mnuProgramMakeAutoStart_Click();
+  const auto values = commands.Values();
   ASSERT_EQ(values.size(), 1u);
   EXPECT_EQ(values[0].name, u"Pointalk");
   EXPECT_EQ(values[0].type, kStringType);
@@ -72,32 +72,32 @@ TEST(AutoStart, MadeTwiceLeavesOneValue) {
 }
 
 TEST(AutoStart, UnmadeWithoutHavingBeenMadeWritesDeletesAndConfirms) {
-  Rooms rooms;
-  rooms.autoStart.mnuProgramMakeNotAutoStart_Click();
-  EXPECT_EQ(rooms.simulated.transcript(), Lines({kSet, kDelete, kConfirmedOff}));
-  EXPECT_TRUE(rooms.Values().empty());
-  EXPECT_EQ(rooms.registry.Error(), RegistryError());
+  CommandsWithAVoice commands;
+  commands.autoStart.mnuProgramMakeNotAutoStart_Click();
+  EXPECT_EQ(commands.simulated.transcript(), Lines({kSet, kDelete, kConfirmedOff}));
+  EXPECT_TRUE(commands.Values().empty());
+  EXPECT_EQ(commands.registry.Error(), RegistryError());
 }
 
 TEST(AutoStart, LeavesTheOtherValuesOfTheRunKey) {
-  Rooms rooms(R"({"machine": {"registry": {
+  CommandsWithAVoice commands(R"({"machine": {"registry": {
       "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run":
           {"Other": "other.exe", "Pointalk": "elsewhere"}}}})");
-  rooms.autoStart.mnuProgramMakeAutoStart_Click();
-  EXPECT_EQ(rooms.Values().size(), 2u);
-  rooms.autoStart.mnuProgramMakeNotAutoStart_Click();
-  const auto values = rooms.Values();
+  commands.autoStart.mnuProgramMakeAutoStart_Click();
+  EXPECT_EQ(commands.Values().size(), 2u);
+  commands.autoStart.mnuProgramMakeNotAutoStart_Click();
+  const auto values = commands.Values();
   ASSERT_EQ(values.size(), 1u);
   EXPECT_EQ(values[0].name, u"Other");
 }
 
 TEST(AutoStart, ConfirmsAlsoWhenDenied) {
-  Rooms rooms(R"({"machine": {"registryDenied": true}})");
-  rooms.autoStart.mnuProgramMakeAutoStart_Click();
-  EXPECT_EQ(rooms.registry.Error(), RegistryError());
-  rooms.autoStart.mnuProgramMakeNotAutoStart_Click();
-  EXPECT_EQ(rooms.simulated.transcript(), Lines({kConfirmedOn, kConfirmedOff}));
-  EXPECT_EQ(rooms.registry.Error(), RegistryError());
+  CommandsWithAVoice commands(R"({"machine": {"registryDenied": true}})");
+  commands.autoStart.mnuProgramMakeAutoStart_Click();
+  EXPECT_EQ(commands.registry.Error(), RegistryError());
+  commands.autoStart.mnuProgramMakeNotAutoStart_Click();
+  EXPECT_EQ(commands.simulated.transcript(), Lines({kConfirmedOn, kConfirmedOff}));
+  EXPECT_EQ(commands.registry.Error(), RegistryError());
 }
 
 }  // namespace
