@@ -1,6 +1,7 @@
 #include "speech/sapi5_calls.h"
 
 #include <algorithm>
+#include <iterator>
 #include <tuple>
 
 namespace pointalk {
@@ -34,7 +35,8 @@ std::vector<Text> Sapi5Calls::VoiceDescriptions() {
   std::vector<Text> descriptions;
   auto* voice = object_.AsSapi5();
   const std::int32_t count = voice ? voice->VoiceCount().value_or(0) : 0;
-  for (std::int32_t place = 0; place < count; ++place) {
+  while (std::ssize(descriptions) < count) {
+    const auto place = static_cast<std::int32_t>(descriptions.size());
     descriptions.push_back(voice->VoiceDescription(place).value_or(Text()));
   }
   return descriptions;
