@@ -12,7 +12,7 @@ class AccessibilityQuery {
   explicit AccessibilityQuery(Accessibility& accessibility) : accessibility_(accessibility) {}
 
   // The texts of the object at a place in a window of that class.
-  AccessibleTexts QueryAccessibleObject(Point screen, TextView lowerClassName);
+  AccessibleTexts QueryAccessibleObject(Point screen, TextView className);
 
  private:
   Accessibility& accessibility_;

@@ -1,7 +1,8 @@
 // What is kept from one description to the next. The describer alone writes it.
 #pragma once
 
-#include "reader/spot.h"
+#include "platform/types.h"
+#include "text/text.h"
 
 namespace pointalk {
 
@@ -9,8 +10,8 @@ struct LastDescription {
   // The window under the pointer, however far its description went.
   WindowHandle mLastWindow = 0;
   bool mOverDesktop = false;     // it is the desktop's icon list
-  bool mWasOverDesktop = false;  // Kept: nothing reads it.
-  Text mOfficialClassName;       // its class name, as the platform gives it
+  bool mWasOverDesktop = false;  // so was the one before; false again where no list view was read
+  Text mOfficialClassName;       // class name of mLastWindow, as given
 
   // The window of the last description that went as far as the readers; those of learnt classes do not.
   WindowHandle mLastDescribedWindow = 0;
@@ -18,7 +19,9 @@ struct LastDescription {
 
   // Of the object that was asked last: its window may be an earlier one than the above, since objects of
   // learnt classes are not asked.
-  AccessibleTexts texts;
+  Text maccRole;
+  Text maccDescription;
+  Text maccText;
 
   Text mTopWindowName;      // the name of the top window to be told on request; each query empties it
   Text mLastTopWindowName;  // the one that was last compared, and announced where it was a new one

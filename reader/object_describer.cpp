@@ -25,20 +25,33 @@ void ObjectDescriber::DescribeObjectUnderPointer(Point pointer) {
 }
 
 void ObjectDescriber::Describe(Point pointer) {
-  Spot spot = SpotAt(pointer);
-  parts_.learning.LogClass(spot.className);
-  const bool mIsBadQueryClass = parts_.learning.IsBadQueryClass(spot.className);
-  const bool mIsBadClass = !mIsBadQueryClass && parts_.learning.IsBadClass(spot.className);
-  Remember(spot);
+  const WindowHandle window = seam_.windows.WindowAt(pointer);
+  const Text className = seam_.windows.ClassOf(window, kClassLimit).value_or(Text());
+  parts_.learning.LogClass(className);
+  const bool mIsBadQueryClass = parts_.learning.IsBadQueryClass(className);
+  const bool mIsBadClass = !mIsBadQueryClass && parts_.learning.IsBadClass(className);
+  const WindowHandle mPreviousWindow = std::exchange(last_.mLastWindow, window);
+  last_.mWasOverDesktop = std::exchange(last_.mOverDesktop, window == readers_.desktop.mDesktopListView);
+  last_.mOfficialClassName = className;
   parts_.keys.ReadForDescription();
-  parts_.speaker.SetSubject(spot.className);
-  if (mIsBadQueryClass) return parts_.speaker.SpeakText(spot.className);
-  Query(spot);
+  parts_.speaker.SetSubject(className);
+  if (mIsBadQueryClass) return parts_.speaker.SpeakText(className);
+
+  parts_.learning.LogQueryOf(className);
+  const Spot spot{.point = pointer,
+                  .window = window,
+                  .className = className,
+                  .lowerClassName = ToLower(className),
+                  .overDesktop = last_.mOverDesktop,
+                  .wasOverDesktop = last_.mWasOverDesktop,
+                  .previousWindow = mPreviousWindow,
+                  .texts = readers_.query.QueryAccessibleObject(pointer, className)};
+  RememberQuery(spot);
   if (mIsBadClass) return parts_.speaker.SpeakText(spot.texts.maccText);
   if (parts_.report.IsArmed()) {
     parts_.report.ReportIfAsked(CrashReportText(spot));
     // A tick that came while the report was spoken may have described another object.
-    return parts_.speaker.SpeakText(last_.texts.maccText);
+    return parts_.speaker.SpeakText(last_.maccText);
   }
 
   last_.mTopWindowName = readers_.topWindow.NameAbove(spot.window);
@@ -51,30 +64,11 @@ void ObjectDescriber::Describe(Point pointer) {
   if (!ReadMenuStep(spot, menuClass)) ReadControlStep(spot);
 }
 
-Spot ObjectDescriber::SpotAt(Point pointer) {
-  Spot spot;
-  spot.point = pointer;
-  spot.window = seam_.windows.WindowAt(pointer);
-  spot.className = seam_.windows.ClassOf(spot.window, kClassLimit).value_or(Text());
-  spot.lowerClassName = ToLower(spot.className);
-  spot.overDesktop = spot.window == readers_.desktop.mDesktopListView;
-  spot.wasOverDesktop = last_.mOverDesktop;
-  spot.previousWindow = last_.mLastWindow;
-  return spot;
-}
-
-void ObjectDescriber::Remember(const Spot& spot) {
-  last_.mLastWindow = spot.window;
-  last_.mWasOverDesktop = spot.wasOverDesktop;
-  last_.mOverDesktop = spot.overDesktop;
-  last_.mOfficialClassName = spot.className;
-}
-
-// A query that does not return leaves the marked line in the class log.
-void ObjectDescriber::Query(Spot& spot) {
-  parts_.learning.LogQueryOf(spot.className);
-  spot.texts = readers_.query.QueryAccessibleObject(spot.point, spot.lowerClassName);
-  last_.texts = spot.texts;
+// Until here the class log ends in the marked line; a query that does not return leaves it so.
+void ObjectDescriber::RememberQuery(const Spot& spot) {
+  last_.maccRole = spot.texts.maccRole;
+  last_.maccDescription = spot.texts.maccDescription;
+  last_.maccText = spot.texts.maccText;
   last_.mTopWindowName.clear();
   if (Contains(spot.texts.maccRole, u"ditable")) last_.mSpareText.clear();
   if (!seam_.accessibility.QueryStillOut(spot.window)) parts_.learning.LogClass(spot.className);
@@ -113,7 +107,7 @@ void ObjectDescriber::ReadControlStep(const Spot& spot) {
     case Reader::kAccessibleControl: return readers_.controls.ReadAccessibleControl(spot);
     case Reader::kComboBox: return readers_.controls.ReadComboBox(spot);
     case Reader::kTreeView: return readers_.controls.ReadTreeView(spot);
-    case Reader::kRichEdit: last_.texts.maccText = readers_.edits.ReadRichEdit(spot); return;
+    case Reader::kRichEdit: last_.maccText = readers_.edits.ReadRichEdit(spot); return;
     case Reader::kEditControl: return readers_.edits.ReadEditControl(spot);
     case Reader::kButton: return readers_.controls.ReadButton(spot);
     case Reader::kStaticControl: return readers_.controls.ReadStaticControl(spot);
@@ -125,10 +119,10 @@ void ObjectDescriber::Identify() {
   const Text& className = last_.mOfficialClassName;
   if (ContainsInLowerCase(className, u"combo")) {
     parts_.speaker.SpeakAndWait(u"It is a " + parts_.pronouncer.ClassNameToWords(className));
-  } else if (!IsBlank(last_.texts.maccRole)) {
-    parts_.speaker.SpeakAndWait(u"It is a " + last_.texts.maccRole + u". ");
-    if (!ContainsInLowerCase(last_.texts.maccDescription, u"menu"))
-      parts_.speaker.SpeakAndWait(last_.texts.maccDescription);
+  } else if (!IsBlank(last_.maccRole)) {
+    parts_.speaker.SpeakAndWait(u"It is a " + last_.maccRole + u". ");
+    if (!ContainsInLowerCase(last_.maccDescription, u"menu"))
+      parts_.speaker.SpeakAndWait(last_.maccDescription);
   } else if (!IsBlank(className)) {
     parts_.speaker.SpeakAndWait(u"It is a " + parts_.pronouncer.ClassNameToWords(className));
   }

@@ -78,9 +78,7 @@ class ObjectDescriber {
   LastDescription last_;
 
   void Describe(Point pointer);
-  Spot SpotAt(Point pointer);
-  void Remember(const Spot& spot);
-  void Query(Spot& spot);
+  void RememberQuery(const Spot& spot);
   void AnnounceTopWindow(const Spot& spot, TextView topName);
   bool EnterWindow(WindowHandle window);
   bool ReadMenuStep(const Spot& spot, TextView className);

@@ -9,10 +9,9 @@ Text Pronouncer::PronounceText(TextView text) {
   return Pronounced(text, keys_.ReadForSpelling());
 }
 
-Text Pronouncer::ClassNameToWords(TextView className) {
-  Text words = WithDesktopNames(WithoutClutter(PronounceText(WithSplitMarks(className))));
-  mClassNameWords = words;
-  return words;
+const Text& Pronouncer::ClassNameToWords(TextView className) {
+  mClassNameWords = WithDesktopNames(WithoutClutter(PronounceText(WithSplitMarks(className))));
+  return mClassNameWords;
 }
 
 }  // namespace pointalk

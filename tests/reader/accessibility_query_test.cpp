@@ -27,7 +27,7 @@ TEST_F(AccessibilityQueryTest, ChoosesTheValueUnlessItIsBlank) {
 }
 
 TEST_F(AccessibilityQueryTest, ChoosesTheNameInATree) {
-  EXPECT_EQ(query.QueryAccessibleObject({50, 250}, u"systreeview32").maccText, u"Documents");
+  EXPECT_EQ(query.QueryAccessibleObject({50, 250}, u"SysTreeView32").maccText, u"Documents");
 }
 
 TEST_F(AccessibilityQueryTest, FindsNoTextsWhereThereIsNoObject) {
