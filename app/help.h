@@ -1,25 +1,25 @@
 // The two help commands.
 #pragma once
 
-#include "app/input_state.h"
-#include "app/spoken_dialogs.h"
+#include "input/clicks.h"
 #include "platform/dialogs.h"
 #include "platform/panel.h"
 #include "speech/speaker.h"
+#include "speech/spoken_dialogs.h"
 #include "tones/midi_port.h"
 
 namespace pointalk {
 
 class Help {
  public:
-  Help(Dialogs& theDialogs, Panel& thePanel, InputState& theInput, Speaker& theSpeaker,
-       SpokenDialogs& theSpokenDialogs, MidiPort& thePort)
-      : dialogs(theDialogs),
-        panel(thePanel),
-        input(theInput),
-        speaker(theSpeaker),
-        spokenDialogs(theSpokenDialogs),
-        port(thePort) {}
+  Help(Dialogs& dialogs, Panel& panel, Clicks& clicks, Speaker& speaker, SpokenDialogs& spokenDialogs,
+       MidiPort& port)
+      : dialogs_(dialogs),
+        panel_(panel),
+        clicks_(clicks),
+        speaker_(speaker),
+        spokenDialogs_(spokenDialogs),
+        port_(port) {}
 
   // Says and shows the instructions, and thanks.
   void Instruct();
@@ -28,12 +28,12 @@ class Help {
   void mnuHelpAbout_Click();
 
  private:
-  Dialogs& dialogs;
-  Panel& panel;
-  InputState& input;
-  Speaker& speaker;
-  SpokenDialogs& spokenDialogs;
-  MidiPort& port;
+  Dialogs& dialogs_;
+  Panel& panel_;
+  Clicks& clicks_;
+  Speaker& speaker_;
+  SpokenDialogs& spokenDialogs_;
+  MidiPort& port_;
 };
 
 }  // namespace pointalk

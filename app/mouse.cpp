@@ -1,4 +1,3 @@
-// Builds the rooms and hands each event to the one that it belongs to.
 #include "app/mouse.h"
 
 #include <exception>
@@ -17,92 +16,93 @@ template <class Work> void Handle(Work work) {
 }  // namespace
 
 Mouse::Mouse(const Platform& p)
-    : delay(p.clock),
-      engine(p.sapi5, p.sapi4),
-      pronouncer(p.input, input, description),
-      speaker(p.input, p.panel, input, voiceSettings, engine, pronouncer),
-      dialogs(p.dialogs, p.panel, input, speaker),
-      port(p.midi, p.panel, p.system, dialogs),
-      tones(toneSettings, port),
-      sounds(port, delay),
-      settingsFile(p.files, toneSettings, voiceSettings, port.channels, engine),
-      toneCommands(p.panel, dialogs, toneSettings, port, settingsFile),
-      voices({p.sapi5, p.sapi4, p.dialogs, p.panel, p.system}, input, voiceSettings, engine, speaker, dialogs,
-             port, settingsFile),
-      learning(p.files, p.system, dialogs),
-      report(p.system, input, description, speaker, dialogs, port),
-      query(p.accessibility, description),
-      objectSpeech(description, history, pronouncer, speaker),
-      titles(p.messages, p.windows),
-      topWindow(p.windows, desktop, titles),
-      menuReader(p.menus, p.windows, p.memory, description, objectSpeech),
-      controlReaders(input, description, objectSpeech, titles, sounds),
-      listBoxReader(p.messages, p.windows, objectSpeech, sounds),
-      listViewReader({p.messages, p.windows, p.memory, p.ansi}, desktop, history, speaker, objectSpeech,
-                     titles, sounds),
-      editWords(description, objectSpeech),
-      editReaders({p.messages, p.windows, p.memory}, description, objectSpeech, controlReaders, editWords),
-      describer({p.input, p.panel, p.windows, p.accessibility}, desktop, input, description, history, speaker,
-                objectSpeech, sounds, learning, report,
-                {query, topWindow, editWords, menuReader, controlReaders, listBoxReader, listViewReader,
-                 editReaders}),
-      registry(p.registry, p.ansi),
-      autoStart(registry, dialogs),
-      help(p.dialogs, p.panel, input, speaker, dialogs, port),
-      clicks(input),
-      poll({p.input, p.panel, p.clock}, input, description, history, pronouncer, speaker, port, tones, sounds,
-           describer),
-      runCycle(p, {delay, engine, voiceSettings, speaker, dialogs, port, toneSettings, tones, settingsFile,
-                   voices, learning, desktop, help, poll}) {}
+    : keys_(p.input),
+      engine_(p.sapi5, p.sapi4, p.panel),
+      pronouncer_(keys_),
+      speaker_(keys_, clicks_, engine_, pronouncer_),
+      spokenDialogs_(p.dialogs, p.panel, clicks_, speaker_),
+      port_(p.midi),
+      positionTones_(port_),
+      delay_(p.clock),
+      sounds_(port_, delay_),
+      settingsFile_(p.files, engine_, port_, positionTones_),
+      midiSwitch_(p.panel, p.system, spokenDialogs_, port_),
+      toneCommands_(p.panel, spokenDialogs_, port_, positionTones_, settingsFile_, midiSwitch_),
+      voices_({p.sapi5, p.dialogs, p.panel, p.system}, clicks_, engine_, speaker_, spokenDialogs_, port_,
+              settingsFile_),
+      learning_(p.files, p.system, spokenDialogs_),
+      report_(p.system, keys_, clicks_, speaker_, spokenDialogs_, port_),
+      query_(p.accessibility),
+      objectSpeech_(pronouncer_, speaker_),
+      titles_(p.messages, p.windows),
+      topWindow_(p.windows, desktop_, titles_),
+      menuReader_({p.menus, p.windows, p.memory}, objectSpeech_),
+      controlReaders_(clicks_, sounds_, objectSpeech_, titles_),
+      listBoxReader_(p.messages, p.windows, sounds_, objectSpeech_),
+      listViewReader_({p.messages, p.windows, p.memory, p.ansi}, speaker_, sounds_, desktop_, objectSpeech_,
+                      titles_),
+      editWords_(objectSpeech_),
+      editReaders_({p.messages, p.windows, p.memory}, objectSpeech_, controlReaders_, editWords_),
+      describer_({p.panel, p.windows, p.accessibility},
+                 {keys_, pronouncer_, speaker_, sounds_, learning_, report_},
+                 {desktop_, query_, topWindow_, objectSpeech_, editWords_, menuReader_, controlReaders_,
+                  listBoxReader_, listViewReader_, editReaders_}),
+      registry_(p.registry, p.ansi),
+      autoStart_(registry_, spokenDialogs_),
+      help_(p.dialogs, p.panel, clicks_, speaker_, spokenDialogs_, port_),
+      poll_({p.input, p.panel, p.clock}, keys_, clicks_, speaker_, port_, positionTones_, sounds_,
+            describer_),
+      runCycle_(p, {engine_, speaker_, spokenDialogs_, port_, positionTones_, delay_, settingsFile_,
+                    midiSwitch_, toneCommands_, voices_, learning_, desktop_, help_, poll_}) {}
 
 void Mouse::Form_Load() {
-  Handle([this] { runCycle.Form_Load(); });
+  Handle([this] { runCycle_.Form_Load(); });
 }
 void Mouse::Form_Terminate() {
-  Handle([this] { runCycle.Form_Terminate(); });
+  Handle([this] { runCycle_.Form_Terminate(); });
 }
 void Mouse::Form_Click() {}
 void Mouse::RequestQuit() {
-  Handle([this] { runCycle.RequestQuit(); });
+  Handle([this] { runCycle_.RequestQuit(); });
 }
 void Mouse::Timer1_Timer() {
-  Handle([this] { poll.Timer1_Timer(); });
+  Handle([this] { poll_.Timer1_Timer(); });
 }
 void Mouse::WinHook1_Message(std::int32_t message) {
-  Handle([this, message] { clicks.Note(message); });
+  Handle([this, message] { clicks_.Take(message); });
 }
 
 void Mouse::mnuFileMinimize_Click() {
-  Handle([this] { runCycle.mnuFileMinimize_Click(); });
+  Handle([this] { runCycle_.mnuFileMinimize_Click(); });
 }
 void Mouse::mnuFileExit_Click() {
-  Handle([this] { runCycle.mnuFileExit_Click(); });
+  Handle([this] { runCycle_.mnuFileExit_Click(); });
 }
 void Mouse::mnuMidiOnOff_Click() {
-  Handle([this] { port.mnuMidiOnOff_Click(); });
+  Handle([this] { midiSwitch_.mnuMidiOnOff_Click(); });
 }
 void Mouse::mnuMidiMouseInstrumentPreset_Click() { cmdMouseInstrumentPreset_Click(); }
 void Mouse::mnuMidiHorizInstrument_Click() {
-  Handle([this] { toneCommands.ChangeHorizontalInstrument(); });
+  Handle([this] { toneCommands_.ChangeHorizontalInstrument(); });
 }
 void Mouse::mnuMidiHorizVolume_Click() {
-  Handle([this] { toneCommands.mnuMidiHorizVolume_Click(); });
+  Handle([this] { toneCommands_.mnuMidiHorizVolume_Click(); });
 }
 void Mouse::mnuMidiVertInstrument_Click() {
-  Handle([this] { toneCommands.ChangeVerticalInstrument(); });
+  Handle([this] { toneCommands_.ChangeVerticalInstrument(); });
 }
 void Mouse::mnuMidiVertVolume_Click() {
-  Handle([this] { toneCommands.mnuMidiVertVolume_Click(); });
+  Handle([this] { toneCommands_.mnuMidiVertVolume_Click(); });
 }
 void Mouse::mnuMidiMouseMelodyFormat_Click() { cmdChangeMouseMelodyFormat_Click(); }
 void Mouse::mnuMidiDingVolume_Click() {
-  Handle([this] { toneCommands.mnuMidiDingVolume_Click(); });
+  Handle([this] { toneCommands_.mnuMidiDingVolume_Click(); });
 }
 void Mouse::mnuMidiKeyboardScaling_Click() {
-  Handle([this] { toneCommands.mnuMidiKeyboardScaling_Click(); });
+  Handle([this] { toneCommands_.mnuMidiKeyboardScaling_Click(); });
 }
 void Mouse::mnuVoiceVolume_Click() {
-  Handle([this] { voices.mnuVoiceVolume_Click(); });
+  Handle([this] { voices_.mnuVoiceVolume_Click(); });
 }
 void Mouse::mnuVoiceSlowDown_Click() { cmdSlowDownVoice_Click(); }
 void Mouse::mnuVoiceSpeedUp_Click() { cmdSpeedUpVoice_Click(); }
@@ -110,47 +110,47 @@ void Mouse::mnuVoiceMary_Click() { cmdVoiceMary_Click(); }
 void Mouse::mnuVoiceMike_Click() { cmdVoiceMike_Click(); }
 void Mouse::mnuVoiceSam_Click() { cmdVoiceSam_Click(); }
 void Mouse::mnuVoiceMute_Click() {
-  Handle([this] { speaker.mnuVoiceMute_Click(); });
+  Handle([this] { voices_.mnuVoiceMute_Click(); });
 }
 void Mouse::mnuVoiceClearSapiVersion_Click() {
-  Handle([this] { voices.mnuVoiceClearSapiVersion_Click(); });
+  Handle([this] { voices_.mnuVoiceClearSapiVersion_Click(); });
 }
 void Mouse::mnuHelpInstructions_Click() {
-  Handle([this] { help.mnuHelpInstructions_Click(); });
+  Handle([this] { help_.mnuHelpInstructions_Click(); });
 }
 void Mouse::mnuHelpAbout_Click() {
-  Handle([this] { help.mnuHelpAbout_Click(); });
+  Handle([this] { help_.mnuHelpAbout_Click(); });
 }
 void Mouse::mnuProgramMakeAutoStart_Click() {
-  Handle([this] { autoStart.mnuProgramMakeAutoStart_Click(); });
+  Handle([this] { autoStart_.mnuProgramMakeAutoStart_Click(); });
 }
 void Mouse::mnuProgramMakeNotAutoStart_Click() {
-  Handle([this] { autoStart.mnuProgramMakeNotAutoStart_Click(); });
+  Handle([this] { autoStart_.mnuProgramMakeNotAutoStart_Click(); });
 }
 void Mouse::mnuTroubleCrashReport_Click() {
-  Handle([this] { report.mnuTroubleCrashReport_Click(); });
+  Handle([this] { report_.mnuTroubleCrashReport_Click(); });
 }
 
 void Mouse::cmdVoiceSam_Click() {
-  Handle([this] { voices.cmdVoiceSam_Click(); });
+  Handle([this] { voices_.cmdVoiceSam_Click(); });
 }
 void Mouse::cmdVoiceMike_Click() {
-  Handle([this] { voices.cmdVoiceMike_Click(); });
+  Handle([this] { voices_.cmdVoiceMike_Click(); });
 }
 void Mouse::cmdVoiceMary_Click() {
-  Handle([this] { voices.cmdVoiceMary_Click(); });
+  Handle([this] { voices_.cmdVoiceMary_Click(); });
 }
 void Mouse::cmdSpeedUpVoice_Click() {
-  Handle([this] { voices.cmdSpeedUpVoice_Click(); });
+  Handle([this] { voices_.cmdSpeedUpVoice_Click(); });
 }
 void Mouse::cmdSlowDownVoice_Click() {
-  Handle([this] { voices.cmdSlowDownVoice_Click(); });
+  Handle([this] { voices_.cmdSlowDownVoice_Click(); });
 }
 void Mouse::cmdMouseInstrumentPreset_Click() {
-  Handle([this] { toneCommands.cmdMouseInstrumentPreset_Click(); });
+  Handle([this] { toneCommands_.cmdMouseInstrumentPreset_Click(); });
 }
 void Mouse::cmdChangeMouseMelodyFormat_Click() {
-  Handle([this] { toneCommands.cmdChangeMouseMelodyFormat_Click(); });
+  Handle([this] { toneCommands_.cmdChangeMouseMelodyFormat_Click(); });
 }
 
 }  // namespace pointalk

@@ -1,18 +1,16 @@
 // The control-panel form. It owns every other object; read from top to bottom its members are the
-// architecture. A room knows the rooms above it and the parts of the seam that it uses.
+// architecture: each one is given references to those above it and to the parts of the seam that it uses.
 #pragma once
 
 #include <cstdint>
 
-#include "app/click_names.h"
-#include "app/delay_loop.h"
 #include "app/help.h"
-#include "app/input_state.h"
 #include "app/poll_loop.h"
 #include "app/run_cycle.h"
-#include "app/spoken_dialogs.h"
 #include "crash/crash_learning.h"
 #include "crash/crash_report.h"
+#include "input/clicks.h"
+#include "input/keys.h"
 #include "platform/platform.h"
 #include "reader/accessibility_query.h"
 #include "reader/control_readers.h"
@@ -23,24 +21,23 @@
 #include "reader/list_view_reader.h"
 #include "reader/menu_reader.h"
 #include "reader/object_describer.h"
-#include "reader/object_description.h"
 #include "reader/object_speech.h"
-#include "reader/spot.h"
 #include "reader/top_window.h"
 #include "reader/window_title.h"
 #include "registry/auto_start.h"
 #include "registry/registry_layer.h"
+#include "settings/midi_switch.h"
+#include "settings/settings_file.h"
+#include "settings/tone_commands.h"
+#include "settings/voices.h"
 #include "speech/engine.h"
 #include "speech/pronouncer.h"
 #include "speech/speaker.h"
-#include "speech/voice_settings.h"
-#include "speech/voices.h"
+#include "speech/spoken_dialogs.h"
+#include "tones/delay_loop.h"
 #include "tones/event_sounds.h"
 #include "tones/midi_port.h"
 #include "tones/position_tones.h"
-#include "tones/settings_file.h"
-#include "tones/tone_commands.h"
-#include "tones/tone_settings.h"
 
 namespace pointalk {
 
@@ -93,48 +90,54 @@ class Mouse {
   void cmdChangeMouseMelodyFormat_Click();
 
  private:
-  InputState input;
-  ObjectDescription description;
-  SpotHistory history;
-  VoiceSettings voiceSettings;
-  ToneSettings toneSettings;
-  DesktopWindows desktop;
+  // input
+  Keys keys_;
+  Clicks clicks_;
 
-  DelayLoop delay;
-  Engine engine;
-  Pronouncer pronouncer;
-  Speaker speaker;
-  SpokenDialogs dialogs;
+  // speech
+  Engine engine_;
+  Pronouncer pronouncer_;
+  Speaker speaker_;
+  SpokenDialogs spokenDialogs_;
 
-  MidiPort port;
-  PositionTones tones;
-  EventSounds sounds;
-  SettingsFile settingsFile;
-  ToneCommands toneCommands;
-  Voices voices;
+  // tones
+  MidiPort port_;
+  PositionTones positionTones_;
+  DelayLoop delay_;
+  EventSounds sounds_;
 
-  CrashLearning learning;
-  CrashReport report;
+  // settings
+  SettingsFile settingsFile_;
+  MidiSwitch midiSwitch_;
+  ToneCommands toneCommands_;
+  Voices voices_;
 
-  AccessibilityQuery query;
-  ObjectSpeech objectSpeech;
-  WindowTitle titles;
-  TopWindow topWindow;
-  MenuReader menuReader;
-  ControlReaders controlReaders;
-  ListBoxReader listBoxReader;
-  ListViewReader listViewReader;
-  EditWords editWords;
-  EditReaders editReaders;
-  ObjectDescriber describer;
+  // crash
+  CrashLearning learning_;
+  CrashReport report_;
 
-  RegistryLayer registry;
-  AutoStart autoStart;
+  // reader
+  DesktopWindows desktop_;
+  AccessibilityQuery query_;
+  ObjectSpeech objectSpeech_;
+  WindowTitle titles_;
+  TopWindow topWindow_;
+  MenuReader menuReader_;
+  ControlReaders controlReaders_;
+  ListBoxReader listBoxReader_;
+  ListViewReader listViewReader_;
+  EditWords editWords_;
+  EditReaders editReaders_;
+  ObjectDescriber describer_;
 
-  Help help;
-  ClickNames clicks;
-  PollLoop poll;
-  RunCycle runCycle;
+  // registry
+  RegistryLayer registry_;
+  AutoStart autoStart_;
+
+  // app
+  Help help_;
+  PollLoop poll_;
+  RunCycle runCycle_;
 };
 
 }  // namespace pointalk

@@ -1,4 +1,3 @@
-// The tables themselves.
 #include "app/panel_table.h"
 
 #include "app/mouse.h"

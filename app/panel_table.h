@@ -4,7 +4,7 @@
 
 #include <span>
 
-#include "platform/text.h"
+#include "text/text.h"
 
 namespace pointalk {
 
@@ -19,7 +19,7 @@ struct MenuEntry {
   TextView caption;  // "&" marks the access key
   Shortcut shortcut = Shortcut::kNone;
   bool checkedAtStart = false;
-  Handler handler = nullptr;  // nothing for a top-level menu; the entries after it belong to it
+  Handler handler = nullptr;  // null for a top-level menu; the entries after it belong to it
 };
 
 struct PanelButton {
@@ -32,7 +32,7 @@ struct PanelButton {
 std::span<const MenuEntry> PanelMenu();
 std::span<const PanelButton> PanelButtons();
 
-// The handler of a menu entry or button; nothing for any other name.
+// The handler of a menu entry or button; null for any other name.
 Handler FindHandler(TextView controlName);
 
 // The window's caption.

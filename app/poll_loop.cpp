@@ -1,132 +1,74 @@
-// The tick, step by step.
 #include "app/poll_loop.h"
-
-#include <cmath>
-
-#include "app/timer_pause.h"
-#include "text/letters.h"
-#include "text/text_rules.h"
 
 namespace pointalk {
 namespace {
 
-constexpr double kClickSettles = 0.2;  // seconds in which a click may still become a double click
 constexpr std::int32_t kMostRestTicks = 10;
 constexpr int kTickInterval = 30;  // milliseconds
-
-// A held Shift does not spell for as long as this lives.
-class SpellingBlock {
- public:
-  explicit SpellingBlock(InputState& theInput) : input(theInput) { input.mSpellingBlocked = true; }
-  ~SpellingBlock() { input.mSpellingBlocked = false; }
-  SpellingBlock(const SpellingBlock&) = delete;
-  SpellingBlock& operator=(const SpellingBlock&) = delete;
-
- private:
-  InputState& input;
-};
 
 }  // namespace
 
 void PollLoop::Timer1_Timer() {
   SpeakClick();
-  ReadKeys();
+  keys_.ReadForTick();
   if (AnswerControl()) return;
-  sounds.CountTick();
+  sounds_.CountTick();
   PollPointer();
 }
 
 void PollLoop::SpeakClick() {
-  if (input.mPendingEventText.empty()) return;
-  const double now = seam.clock.SecondsSinceMidnight();
-  if (mLastClickText.empty()) {
-    mLastClickTime = now;
-    mLastClickText = input.mPendingEventText;
-    return;
-  }
-  if (!(std::fabs(now - mLastClickTime) > kClickSettles)) return;
-  if (input.mPendingEventText == u"DoubleClick") {
-    speaker.SpeakAndWait(input.mPendingEventText);
+  if (clicks_.Pending().empty()) return;
+  if (!clicks_.HasSettled(seam_.clock.SecondsSinceMidnight())) return;
+  if (clicks_.Pending() == u"DoubleClick") {
+    speaker_.SpeakAndWait(clicks_.Pending());
   } else {
-    speaker.SpeakRaw(input.mPendingEventText);
+    speaker_.SpeakRaw(clicks_.Pending());
   }
-  mLastClickText.clear();
-  input.mPendingEventText.clear();
-}
-
-void PollLoop::ReadKeys() {
-  input.mCtrlDownBefore = input.mCtrlDown;
-  input.mShiftDownBefore = input.mShiftDown;
-  input.mAltDownBefore = input.mAltDown;
-  input.mCtrlDown = seam.keys.KeyDown(kKeyControl);
-  input.mAltDown = seam.keys.KeyDown(kKeyAlt);
-  input.mShiftDown = seam.keys.KeyDown(kKeyShift);
+  clicks_.ForgetSettled();
 }
 
 // True when the tick ends here.
 bool PollLoop::AnswerControl() {
-  if (!input.mCtrlDown || input.mCtrlDownBefore) return false;
-  if (input.mShiftDown) {
-    NameTopWindow();
+  if (!keys_.ControlPressed()) return false;
+  if (keys_.ShiftDown()) {
+    describer_.NameTopWindow();
     return false;
   }
   if (!mDescribeArmed) return false;
-  Identify();
+  describer_.Identify();
   return true;
 }
 
-void PollLoop::Identify() {
-  const TimerPause quiet(seam.panel);
-  if (ContainsInLowerCase(description.mOfficialClassName, u"combo")) {
-    speaker.SpeakAndWait(u"It is a " + pronouncer.ClassNameToWords());
-  } else if (!IsBlank(description.maccRole)) {
-    speaker.SpeakAndWait(u"It is a " + description.maccRole + u". ");
-    if (!ContainsInLowerCase(description.maccDescription, u"menu"))
-      speaker.SpeakAndWait(description.maccDescription);
-  } else if (!IsBlank(description.mOfficialClassName)) {
-    speaker.SpeakAndWait(u"It is a " + pronouncer.ClassNameToWords());
-  }
-}
-
-void PollLoop::NameTopWindow() {
-  if (history.mOverDesktop) description.mTopWindowName = u"DeskTop";
-  const SpellingBlock unspelled(input);
-  speaker.SpeakText(u"The");
-  speaker.SpeakAndWait(u"Top Window is " + description.mTopWindowName);
-}
-
 void PollLoop::PollPointer() {
-  if (const auto position = seam.keys.PointerPosition()) {
-    input.mCursorX = position->x;
-    input.mCursorY = position->y;
+  if (const auto position = seam_.input.PointerPosition()) {
+    mCursorX = position->x;
+    mCursorY = position->y;
   }
   if (Rests()) return;
   mDescribeArmed = true;
-  mLastCursorX = input.mCursorX;
+  mLastCursorX = mCursorX;
+  mLastCursorY = mCursorY;
   if (mScreenWidthPx == 0 || mScreenHeightPx == 0) MeasureScreen();
-  mLastCursorY = input.mCursorY;
-  tones.PlayCell(GridIndex(input.mCursorX, mScreenWidthPx),
-                 GridIndex(mScreenHeightPx - input.mCursorY, mScreenHeightPx));
-  seam.panel.SetTimerInterval(kTickInterval);
+  positionTones_.Play({mCursorX, mCursorY}, {mScreenWidthPx, mScreenHeightPx});
+  seam_.panel.SetTimerInterval(kTickInterval);
   mTonesSounding = true;
-  describer.DescribeObjectUnderPointer();
-  if (!history.mListViewRead) history.mWasOverDesktop = false;
+  describer_.DescribeObjectUnderPointer({mCursorX, mCursorY});
 }
 
-// True when the pointer has been still for so long that nothing is to be done. With the left button down it
+// True when the pointer has been still for so long that no description is due. With the left button down it
 // never is.
 bool PollLoop::Rests() {
-  if (seam.keys.KeyDown(kKeyLeftButton)) return false;
-  if (input.mCursorX != mLastCursorX || input.mCursorY != mLastCursorY) {
+  if (keys_.ReadLeftButton()) return false;
+  if (mCursorX != mLastCursorX || mCursorY != mLastCursorY) {
     mRestTicks = 0;
     return false;
   }
   ++mRestTicks;
   if (mRestTicks <= kMostRestTicks) return false;
   mRestTicks = kMostRestTicks + 1;
-  if (mTonesSounding && port.MouseTonesOn()) {
-    port.StopPositionTones();
-    seam.panel.LetMessagesRun();
+  if (mTonesSounding && port_.MouseTonesOn()) {
+    port_.StopPositionTones();
+    seam_.panel.LetMessagesRun();
     mDescribeArmed = false;
     OnPointerRest();
     mTonesSounding = false;
@@ -135,7 +77,7 @@ bool PollLoop::Rests() {
 }
 
 void PollLoop::MeasureScreen() {
-  const auto screen = seam.keys.Screen();
+  const auto screen = seam_.input.Screen();
   if (!screen || screen->twipsPerPixelX == 0 || screen->twipsPerPixelY == 0) return;
   mScreenWidthPx = screen->widthTwips / screen->twipsPerPixelX;
   mScreenHeightPx = screen->heightTwips / screen->twipsPerPixelY;

@@ -3,14 +3,12 @@
 
 #include <cstdint>
 
-#include "app/input_state.h"
+#include "input/clicks.h"
+#include "input/keys.h"
 #include "platform/clock.h"
 #include "platform/input.h"
 #include "platform/panel.h"
 #include "reader/object_describer.h"
-#include "reader/object_description.h"
-#include "reader/spot.h"
-#include "speech/pronouncer.h"
 #include "speech/speaker.h"
 #include "tones/event_sounds.h"
 #include "tones/midi_port.h"
@@ -21,24 +19,21 @@ namespace pointalk {
 class PollLoop {
  public:
   struct Seam {
-    Input& keys;
+    Input& input;
     Panel& panel;
     Clock& clock;
   };
 
-  PollLoop(const Seam& theSeam, InputState& theInput, ObjectDescription& theDescription,
-           SpotHistory& theHistory, Pronouncer& thePronouncer, Speaker& theSpeaker, MidiPort& thePort,
-           PositionTones& theTones, EventSounds& theSounds, ObjectDescriber& theDescriber)
-      : seam(theSeam),
-        input(theInput),
-        description(theDescription),
-        history(theHistory),
-        pronouncer(thePronouncer),
-        speaker(theSpeaker),
-        port(thePort),
-        tones(theTones),
-        sounds(theSounds),
-        describer(theDescriber) {}
+  PollLoop(const Seam& seam, Keys& keys, Clicks& clicks, Speaker& speaker, MidiPort& port,
+           PositionTones& positionTones, EventSounds& sounds, ObjectDescriber& describer)
+      : seam_(seam),
+        keys_(keys),
+        clicks_(clicks),
+        speaker_(speaker),
+        port_(port),
+        positionTones_(positionTones),
+        sounds_(sounds),
+        describer_(describer) {}
 
   // One tick, every 30 ms.
   void Timer1_Timer();
@@ -47,20 +42,18 @@ class PollLoop {
   void MeasureScreen();
 
  private:
-  Seam seam;
-  InputState& input;
-  ObjectDescription& description;
-  SpotHistory& history;
-  Pronouncer& pronouncer;
-  Speaker& speaker;
-  MidiPort& port;
-  PositionTones& tones;
-  EventSounds& sounds;
-  ObjectDescriber& describer;
+  Seam seam_;
+  Keys& keys_;
+  Clicks& clicks_;
+  Speaker& speaker_;
+  MidiPort& port_;
+  PositionTones& positionTones_;
+  EventSounds& sounds_;
+  ObjectDescriber& describer_;
 
-  Text mLastClickText;        // the click that waits, as it was first seen
-  double mLastClickTime = 0;  // and when, in seconds since midnight
-  std::int32_t mLastCursorX = 0;
+  std::int32_t mCursorX = 0;  // of the pointer in screen pixels, as last read
+  std::int32_t mCursorY = 0;
+  std::int32_t mLastCursorX = 0;  // as they were at the last tick that did not rest
   std::int32_t mLastCursorY = 0;
   std::int32_t mRestTicks = 0;  // in a row without movement, at most 11
   double mScreenWidthPx = 0;    // 0 while not known
@@ -69,10 +62,7 @@ class PollLoop {
   bool mTonesSounding = false;
 
   void SpeakClick();
-  void ReadKeys();
   bool AnswerControl();
-  void Identify();
-  void NameTopWindow();
   void PollPointer();
   bool Rests();
   void OnPointerRest() {}  // a place to add to

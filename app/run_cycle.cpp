@@ -1,4 +1,3 @@
-// The order in which the program comes and goes.
 #include "app/run_cycle.h"
 
 #include <tuple>
@@ -12,67 +11,61 @@ constexpr FilePath kFirstRunMarker{Folder::kCurrent, u"DidWarn.flg"};
 
 constexpr int kShortPathBuffer = 127;  // characters
 constexpr int kWarmUpTicks = 3;
-constexpr std::int32_t kFirstFormat = 1;
-constexpr std::int32_t kFirstPreset = 1;
-constexpr std::int32_t kFirstInstrument = 50;
 
 }  // namespace
 
 void RunCycle::Form_Load() {
-  rooms.delay.CalibrateDelayLoop();
-  rooms.port.SwitchMidiOn();
-  platform.panel.SetTimerEnabled(false);
+  parts_.delay.CalibrateDelayLoop();
+  parts_.port.SwitchMidi(true);
+  platform_.panel.SetTimerEnabled(false);
   SetUpEngine();
   SetUpPanelAndTones();
-  rooms.voices.SetStartSpeed();
-  platform.panel.Minimise();
+  parts_.engine.Calls().SetStartSpeed();
+  platform_.panel.Minimise();
   WarmUp();
-  rooms.port.CloseMidiOut();
-  rooms.settingsFile.WriteSettings();
-  rooms.voices.SetStartSpeed();
-  rooms.settingsFile.WriteSettings();
+  parts_.port.CloseMidiOut();
+  parts_.settingsFile.WriteSettings();
+  parts_.engine.Calls().SetStartSpeed();
+  parts_.settingsFile.WriteSettings();
   Greet();
   // Where it cannot be written, the welcome comes again.
-  std::ignore = platform.files.Write(kFirstRunMarker, u"Been there done that.\r\n");
-  rooms.port.OpenMidiOut();
-  rooms.settingsFile.ReadSettings();
-  platform.panel.SetTimerEnabled(true);
+  std::ignore = platform_.files.Write(kFirstRunMarker, u"Been there done that.\r\n");
+  parts_.midiSwitch.OpenMidiOut();
+  parts_.settingsFile.ReadSettings();
+  platform_.panel.SetTimerEnabled(true);
 }
 
 void RunCycle::SetUpEngine() {
-  rooms.voices.ChooseEngine();
-  rooms.learning.CheckLastRun();
-  std::ignore = platform.input.ReportMouse(true);  // without reports clicks are not spoken
-  rooms.voices.SetUpVoice();
-  platform.panel.LetMessagesRun();
+  parts_.voices.ChooseEngine();
+  parts_.learning.CheckLastRun();
+  std::ignore = platform_.input.ReportMouse(true);  // without reports clicks are not spoken
+  parts_.voices.SetUpVoice();
+  platform_.panel.LetMessagesRun();
 }
 
 void RunCycle::SetUpPanelAndTones() {
-  rooms.desktop.FindDesktopIconList(platform.system, platform.windows);
-  rooms.toneSettings.mMelodyFormat = kFirstFormat;
-  rooms.toneSettings.mInstrumentPreset = kFirstPreset;
-  rooms.port.channels.mChannelProgram[kHigherToneChannel] = kFirstInstrument;
-  rooms.port.channels.mChannelProgram[kLowerToneChannel] = kFirstInstrument;
-  rooms.tones.BuildNoteTables();
-  platform.panel.Minimise();
-  rooms.poll.MeasureScreen();
-  mAppShortPath = platform.system.ShortPath(platform.system.ProgramFolder(), kShortPathBuffer);
-  rooms.port.OpenMidiOut();
-  rooms.settingsFile.ReadSettings();
+  parts_.desktop.FindDesktopIconList(platform_.system, platform_.windows);
+  parts_.toneCommands.SetFirstTones();
+  parts_.positionTones.BuildNoteTables();
+  platform_.panel.Minimise();
+  parts_.poll.MeasureScreen();
+  mAppShortPath = platform_.system.ShortPath(platform_.system.ProgramFolder(), kShortPathBuffer);
+  parts_.midiSwitch.OpenMidiOut();
+  parts_.settingsFile.ReadSettings();
 }
 
 // A tick may switch the timer on.
 void RunCycle::WarmUp() {
   for (int tick = 0; tick < kWarmUpTicks; ++tick) {
-    rooms.poll.Timer1_Timer();
-    platform.panel.SetTimerEnabled(false);
-    rooms.speaker.SpeakText(u" ");
+    parts_.poll.Timer1_Timer();
+    platform_.panel.SetTimerEnabled(false);
+    parts_.speaker.SpeakText(u" ");
   }
 }
 
 void RunCycle::Greet() {
-  if (platform.files.Exists(kFirstRunMarker)) {
-    rooms.speaker.SpeakAndWait(u"Pointalk is running.  Hit F1 any time for help.");
+  if (platform_.files.Exists(kFirstRunMarker)) {
+    parts_.speaker.SpeakAndWait(u"Pointalk is running.  Hit F1 any time for help.");
   } else {
     Welcome();
   }
@@ -84,38 +77,34 @@ void RunCycle::Welcome() {
       .append(
           u"It is offered as is, with no liability whatsoever.  You are the only one responsible for its "
           u"behavior, usage and results.  Do you agree?");
-  if (rooms.dialogs.AskSpoken(question, kBoxYesNo) != kAnswerYes) {
-    rooms.speaker.SpeakRaw(u"O K nevermind.");
-    platform.system.EndProgram();
+  if (parts_.spokenDialogs.AskSpoken(question, kBoxYesNo) != kAnswerYes) {
+    parts_.speaker.SpeakRaw(u"O K nevermind.");
+    platform_.system.EndProgram();
   }
-  rooms.speaker.SpeakAndWait(kThanks);
-  rooms.help.Instruct();
+  parts_.speaker.SpeakAndWait(kThanks);
+  parts_.help.Instruct();
 }
 
 void RunCycle::mnuFileExit_Click() {
-  rooms.port.StopPositionTones();
+  parts_.port.StopPositionTones();
   ConfirmQuit();
 }
 
 void RunCycle::ConfirmQuit() {
-  rooms.settingsFile.WriteSettings();
-  if (rooms.dialogs.AskSpoken(u"Do you want to quit from Pointalk?", kBoxYesNo) != kAnswerYes) return;
-  rooms.speaker.SpeakRaw(u" ");
-  rooms.port.CloseMidiOut();
-  platform.panel.SetTimerEnabled(false);
-  rooms.speaker.SpeakAndWait(u"Pointalk is ending. Goodbye.");
-  rooms.learning.MarkStopped();
-  platform.system.EndProgram();
+  parts_.settingsFile.WriteSettings();
+  if (parts_.spokenDialogs.AskSpoken(u"Do you want to quit from Pointalk?", kBoxYesNo) != kAnswerYes) return;
+  parts_.speaker.SpeakRaw(u" ");
+  parts_.port.CloseMidiOut();
+  platform_.panel.SetTimerEnabled(false);
+  parts_.speaker.SpeakAndWait(u"Pointalk is ending. Goodbye.");
+  parts_.learning.MarkStopped();
+  platform_.system.EndProgram();
 }
 
 void RunCycle::Form_Terminate() {
-  rooms.learning.MarkStopped();
-  if (rooms.voiceSettings.mSapiVersion == 5) {
-    std::ignore = rooms.engine.Speak(u" ", kSpeakAsyncPurge);  // a silent engine has nothing to cut off
-  } else if (auto* control = rooms.engine.AsSapi4()) {
-    std::ignore = control->AudioReset();
-  }
-  rooms.port.SilenceAll();
+  parts_.learning.MarkStopped();
+  parts_.speaker.Silence();
+  parts_.port.SilenceAll();
 }
 
 }  // namespace pointalk

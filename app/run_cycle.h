@@ -1,37 +1,37 @@
 // Start-up, the first welcome, and the ways out.
 #pragma once
 
-#include "app/delay_loop.h"
 #include "app/help.h"
 #include "app/poll_loop.h"
-#include "app/spoken_dialogs.h"
 #include "crash/crash_learning.h"
 #include "platform/platform.h"
 #include "reader/desktop_windows.h"
+#include "settings/midi_switch.h"
+#include "settings/settings_file.h"
+#include "settings/tone_commands.h"
+#include "settings/voices.h"
 #include "speech/engine.h"
 #include "speech/speaker.h"
-#include "speech/voice_settings.h"
-#include "speech/voices.h"
+#include "speech/spoken_dialogs.h"
+#include "tones/delay_loop.h"
 #include "tones/midi_port.h"
 #include "tones/position_tones.h"
-#include "tones/settings_file.h"
-#include "tones/tone_settings.h"
 
 namespace pointalk {
 
 class RunCycle {
  public:
-  // The rooms that start-up brings up and shut-down takes down.
-  struct Rooms {
-    DelayLoop& delay;
+  // What start-up brings up and shut-down takes down.
+  struct Parts {
     Engine& engine;
-    VoiceSettings& voiceSettings;
     Speaker& speaker;
-    SpokenDialogs& dialogs;
+    SpokenDialogs& spokenDialogs;
     MidiPort& port;
-    ToneSettings& toneSettings;
-    PositionTones& tones;
+    PositionTones& positionTones;
+    DelayLoop& delay;
     SettingsFile& settingsFile;
+    MidiSwitch& midiSwitch;
+    ToneCommands& toneCommands;
     Voices& voices;
     CrashLearning& learning;
     DesktopWindows& desktop;
@@ -39,7 +39,7 @@ class RunCycle {
     PollLoop& poll;
   };
 
-  RunCycle(const Platform& thePlatform, const Rooms& theRooms) : platform(thePlatform), rooms(theRooms) {}
+  RunCycle(const Platform& platform, const Parts& parts) : platform_(platform), parts_(parts) {}
 
   // Brings everything up in its fixed order; the poll timer runs at the end.
   void Form_Load();
@@ -51,14 +51,14 @@ class RunCycle {
   void ConfirmQuit();
   void RequestQuit() { ConfirmQuit(); }
 
-  void mnuFileMinimize_Click() { platform.panel.Minimise(); }
+  void mnuFileMinimize_Click() { platform_.panel.Minimise(); }
   void mnuFileExit_Click();
 
  private:
-  Platform platform;
-  Rooms rooms;
+  Platform platform_;
+  Parts parts_;
 
-  Text mAppShortPath;  // the program's folder in its 8.3 form
+  Text mAppShortPath;  // Kept: nothing reads it.
 
   void SetUpEngine();
   void SetUpPanelAndTones();

@@ -1,7 +1,7 @@
-// Longer texts, and what the program says in more than one place.
+// What the program says in the welcome and in its help.
 #pragma once
 
-#include "platform/text.h"
+#include "text/text.h"
 
 namespace pointalk {
 
@@ -13,7 +13,7 @@ inline constexpr TextView kGreeting = u"Hello, and welcome to Pointalk, the Audi
 
 inline constexpr TextView kThanks = u"thank you";
 
-// What the tones and keys do. The horizontal tone is in truth the higher one; the text has always said so.
+// What the tones and keys do. In truth the horizontal tone is the higher one; the text stays as it is.
 inline constexpr TextView kInstructions =
     u"This mouse driver lets you hear your mouse position as two tones.  The lower tone tells your "
     u"horizontal position, and the higher tone tells your vertical position.  When you stop moving, the "

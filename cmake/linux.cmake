@@ -15,8 +15,8 @@ if(POINTALK_TESTS)
   find_package(GTest REQUIRED)
   enable_testing()
 
-  pointalk_glob(test_sources tests/text/*.cpp tests/app/*.cpp tests/tones/*.cpp tests/reader/*.cpp tests/speech/*.cpp
-                tests/crash/*.cpp tests/registry/*.cpp tests/sim/*.cpp tests/support/*.cpp)
+  pointalk_glob(test_sources tests/text/*.cpp tests/input/*.cpp tests/speech/*.cpp tests/tones/*.cpp tests/settings/*.cpp
+                tests/crash/*.cpp tests/registry/*.cpp tests/reader/*.cpp tests/app/*.cpp tests/sim/*.cpp tests/support/*.cpp)
   pointalk_test_program(pointalk_tests SOURCES ${test_sources}
                         LIBRARIES pointalk_sim GTest::gmock_main Threads::Threads)
   target_compile_definitions(pointalk_tests PRIVATE POINTALK_SOURCE_DIR="${PROJECT_SOURCE_DIR}")

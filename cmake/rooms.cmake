@@ -18,6 +18,20 @@ function(pointalk_library name)
   endif()
 endfunction()
 
+# A room: the library of its folder, linked to the rooms that it may see. That the linker holds it to them, a program
+# that consists of all of the room and of those rooms is linked as well.
+function(pointalk_room room)
+  list(TRANSFORM ARGN PREPEND pointalk_ OUTPUT_VARIABLE seen)
+  pointalk_glob(sources ${room}/*.cpp)
+  pointalk_library(pointalk_${room} SOURCES ${sources} LIBRARIES ${seen})
+  if(NOT WIN32)
+    set(main ${PROJECT_BINARY_DIR}/empty_main.cpp)
+    file(CONFIGURE OUTPUT ${main} CONTENT "int main() {}\n")
+    add_executable(pointalk_${room}_alone ${main})
+    target_link_libraries(pointalk_${room}_alone PRIVATE $<LINK_LIBRARY:WHOLE_ARCHIVE,pointalk_${room}>)
+  endif()
+endfunction()
+
 # A program of ours.
 function(pointalk_program name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")

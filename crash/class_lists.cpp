@@ -1,4 +1,3 @@
-// Adds to the lists and looks classes up.
 #include "crash/class_lists.h"
 
 #include "text/text_rules.h"

@@ -1,7 +1,7 @@
 // The learnt classes, as rules on texts: each entry stands between two commas, one behind the other.
 #pragma once
 
-#include "platform/text.h"
+#include "text/text.h"
 
 namespace pointalk {
 

@@ -1,4 +1,3 @@
-// The status file, the class log and the list of learnt classes.
 #include "crash/crash_learning.h"
 
 #include <optional>
@@ -26,7 +25,7 @@ TextView FirstLine(TextView content) {
 }  // namespace
 
 void CrashLearning::CheckLastRun() {
-  const std::optional<Text> status = files.Read({Folder::kProgram, kStatusFile});
+  const std::optional<Text> status = files_.Read({Folder::kProgram, kStatusFile});
   if (!status) {
     WriteLine(kStatusFile, kRunning);
     mCrashLearningMode = kNormal;
@@ -57,21 +56,19 @@ void CrashLearning::LogQueryOf(TextView className) {
 
 // The class log is kept in this run whatever the answer is.
 void CrashLearning::AskWhetherItCrashed() {
-  const int answer = dialogs.AskSpoken(
+  const int answer = spokenDialogs_.AskSpoken(
       u"You did not exit from Pointalk last time, before quitting Windows.\r\nIs that because Pointalk "
       u"crashed?  Just say no, if you forgot to quit from Pointalk first.",
       kBoxYesNo);
   if (answer == kAnswerYes) {
-    dialogs.AskSpoken(
+    spokenDialogs_.TellSpoken(
         u"I can see that Pointalk had crashed. I am entering a special mode where I will be taking careful "
-        u"notes. Please try to reproduce the same conditions and make it crash just like last time.",
-        kBoxOk);
+        u"notes. Please try to reproduce the same conditions and make it crash just like last time.");
     WriteLine(kStatusFile, kLogging);
   } else {
-    dialogs.AskSpoken(
+    spokenDialogs_.TellSpoken(
         u"No Problem.  I'll continue without saving non existant crash data.\r\nNext time let us quit from "
-        u"Pointalk before quitting Windows.",
-        kBoxOk);
+        u"Pointalk before quitting Windows.");
     WriteLine(kStatusFile, kRunning);
   }
 }
@@ -79,31 +76,30 @@ void CrashLearning::AskWhetherItCrashed() {
 // The lists are still empty here, so that a class that brings the program down once more is written once
 // more.
 void CrashLearning::LearnCrashClass() {
-  const Text log = files.Read({Folder::kProgram, kClassLog}).value_or(Text());
+  const Text log = files_.Read({Folder::kProgram, kClassLog}).value_or(Text());
   const Text entry(Trimmed(FirstLine(log)));
-  if (lists.Knows(entry)) return;
+  if (lists_.Knows(entry)) return;
   // Where it cannot be written, it is known for this run at least.
-  std::ignore = files.Append({Folder::kProgram, kBadClassFile}, entry + u"\r\n");
-  lists.Add(entry);
+  std::ignore = files_.Append({Folder::kProgram, kBadClassFile}, entry + u"\r\n");
+  lists_.Add(entry);
 }
 
 void CrashLearning::ThankForLearning() {
-  dialogs.AskSpoken(
+  spokenDialogs_.TellSpoken(
       u"I have hopefully taught Pointalk to avoid the crash. Once there are no more crashes to be found, you "
       u"could help me to make Pointalk better. Please send as an email attachment,  the file called " +
-          system.ProgramFolder() + u"\\" + Text(kBadClassFile) + u". Please send it to " +
-          Text(kSupportAddress),
-      kBoxOk);
+      system_.ProgramFolder() + u"\\" + Text(kBadClassFile) + u". Please send it to " +
+      Text(kSupportAddress));
 }
 
 void CrashLearning::LoadBadClasses() {
-  const Text content = files.Read({Folder::kProgram, kBadClassFile}).value_or(Text());
-  for (const TextView line : Lines(content)) lists.AddMissing(Trimmed(line));
+  const Text content = files_.Read({Folder::kProgram, kBadClassFile}).value_or(Text());
+  for (const TextView line : Lines(content)) lists_.AddMissing(Trimmed(line));
 }
 
 // Where the folder cannot be written, everything else goes on.
 void CrashLearning::WriteLine(TextView file, TextView line) {
-  std::ignore = files.Write({Folder::kProgram, file}, Text(line).append(u"\r\n"));
+  std::ignore = files_.Write({Folder::kProgram, file}, Text(line).append(u"\r\n"));
 }
 
 }  // namespace pointalk

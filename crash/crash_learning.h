@@ -2,11 +2,11 @@
 // window classes bring the program down.
 #pragma once
 
-#include "app/spoken_dialogs.h"
 #include "crash/class_lists.h"
 #include "platform/files.h"
 #include "platform/system.h"
-#include "platform/text.h"
+#include "speech/spoken_dialogs.h"
+#include "text/text.h"
 
 namespace pointalk {
 
@@ -15,8 +15,8 @@ inline constexpr TextView kSupportAddress = u"support@pointalk.example";
 
 class CrashLearning {
  public:
-  CrashLearning(Files& theFiles, System& theSystem, SpokenDialogs& theDialogs)
-      : files(theFiles), system(theSystem), dialogs(theDialogs) {}
+  CrashLearning(Files& files, System& system, SpokenDialogs& spokenDialogs)
+      : files_(files), system_(system), spokenDialogs_(spokenDialogs) {}
 
   // Looks at how the last run ended, asks or learns accordingly, marks the new run, and loads the lists.
   void CheckLastRun();
@@ -24,20 +24,20 @@ class CrashLearning {
   // Marks an orderly end.
   void MarkStopped();
 
-  // The class log. Both do nothing unless this is a logging run; the line is on disk when they return.
+  // The class log. Both are ignored unless this is a logging run; the line is on disk when they return.
   void LogClass(TextView className);
   void LogQueryOf(TextView className);
 
-  bool IsBadClass(TextView className) const { return lists.IsBadClass(className); }
-  bool IsBadQueryClass(TextView className) const { return lists.IsBadQueryClass(className); }
+  bool IsBadClass(TextView className) const { return lists_.IsBadClass(className); }
+  bool IsBadQueryClass(TextView className) const { return lists_.IsBadQueryClass(className); }
 
  private:
-  Files& files;
-  System& system;
-  SpokenDialogs& dialogs;
+  Files& files_;
+  System& system_;
+  SpokenDialogs& spokenDialogs_;
 
   Text mCrashLearningMode;  // "normal", "logging" or "running"
-  ClassLists lists;
+  ClassLists lists_;
 
   void AskWhetherItCrashed();
   void LearnCrashClass();

@@ -1,28 +1,25 @@
 // Lets the user point at an object that troubles the program and send its description by mail.
 #pragma once
 
-#include "app/input_state.h"
-#include "app/spoken_dialogs.h"
+#include "input/clicks.h"
+#include "input/keys.h"
 #include "platform/system.h"
-#include "reader/object_description.h"
 #include "speech/speaker.h"
+#include "speech/spoken_dialogs.h"
 #include "tones/midi_port.h"
 
 namespace pointalk {
 
-// The description as seven labelled lines, without a line end after the last one.
-Text CrashReportText(const ObjectDescription& description);
-
 class CrashReport {
  public:
-  CrashReport(System& theSystem, const InputState& theInput, const ObjectDescription& theDescription,
-              Speaker& theSpeaker, SpokenDialogs& theDialogs, MidiPort& thePort)
-      : system(theSystem),
-        input(theInput),
-        description(theDescription),
-        speaker(theSpeaker),
-        dialogs(theDialogs),
-        port(thePort) {}
+  CrashReport(System& system, const Keys& keys, const Clicks& clicks, Speaker& speaker,
+              SpokenDialogs& spokenDialogs, MidiPort& port)
+      : system_(system),
+        keys_(keys),
+        clicks_(clicks),
+        speaker_(speaker),
+        spokenDialogs_(spokenDialogs),
+        port_(port) {}
 
   // Explains and arms.
   void mnuTroubleCrashReport_Click();
@@ -30,16 +27,17 @@ class CrashReport {
   // While armed, objects are described by the safest methods only.
   bool IsArmed() const { return mCrashReportArmed; }
 
-  // Makes the report of the object last described, and disarms, if a right click or Shift asks for it.
-  void ReportIfAsked();
+  // Makes a report of the facts, which go onto the clipboard, and disarms, if a right click or Shift asks for
+  // it.
+  void ReportIfAsked(TextView facts);
 
  private:
-  System& system;
-  const InputState& input;
-  const ObjectDescription& description;
-  Speaker& speaker;
-  SpokenDialogs& dialogs;
-  MidiPort& port;
+  System& system_;
+  const Keys& keys_;
+  const Clicks& clicks_;
+  Speaker& speaker_;
+  SpokenDialogs& spokenDialogs_;
+  MidiPort& port_;
 
   bool mCrashReportArmed = false;
 };

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <optional>
 
-#include "platform/text.h"
 #include "platform/types.h"
+#include "text/text.h"
 
 namespace pointalk {
 
@@ -22,7 +22,7 @@ class Accessibility {
   virtual ~Accessibility() = default;
 
   // Asks the object at the pointer's place on the screen, with a time limit of 250 ms over all; a slow one is
-  // given up sooner when the pointer leaves its program. Nothing when there is no object, it failed, or it
+  // abandoned sooner when the pointer leaves its program. No value when there is no object, it failed, or it
   // did not answer in time; a program that ran over the limit is not asked again until it shows that it
   // answers.
   virtual std::optional<AccessibleFacts> ObjectAt(Point screen) = 0;

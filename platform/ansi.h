@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "platform/text.h"
+#include "text/text.h"
 
 namespace pointalk {
 

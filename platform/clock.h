@@ -10,7 +10,7 @@ class Clock {
   // Seconds since midnight, 0 to below 86,400.
   virtual double SecondsSinceMidnight() = 0;
 
-  // One pass of the delay loop: 1,000 iterations that do nothing but take time. A million passes take more
+  // One pass of the delay loop: 1,000 iterations that only take time. A million passes take more
   // than one and a half seconds on every machine.
   virtual void SpinPass() = 0;
 };

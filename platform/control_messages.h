@@ -1,12 +1,12 @@
-// Seam: messages to other programs' controls. Each has a time limit of 100 ms and gives up at once on a
-// program that is known to hang; a message that was not answered in time fails and changes nothing here.
+// Seam: messages to other programs' controls. Each has a time limit of 100 ms and fails at once for a program
+// that is known to be unresponsive; a message that timed out or failed leaves no trace on this side.
 #pragma once
 
 #include <cstdint>
 #include <optional>
 
-#include "platform/text.h"
 #include "platform/types.h"
+#include "text/text.h"
 
 namespace pointalk {
 
@@ -15,20 +15,20 @@ class ControlMessages {
   virtual ~ControlMessages() = default;
 
   // The result of a message that carries numbers or an address in the target's own memory: its low 32 bits,
-  // signed. Nothing when it was not answered.
+  // signed. No value when it was not answered.
   virtual std::optional<std::int32_t> Send(WindowHandle window, std::uint32_t message, std::uint64_t wParam,
                                            std::uint64_t lParam) = 0;
 
   // The text that the window gives for itself (WM_GETTEXT), at most capacity - 1 characters, up to its first
-  // NUL. Nothing when it was not answered.
+  // NUL. No value when it was not answered.
   virtual std::optional<Text> WindowText(WindowHandle window, std::int32_t capacity) = 0;
 
   // One line of an edit control (EM_GETLINE): at most capacity characters (0 to 65,535), as many as the
-  // control says it copied. Nothing when it was not answered or the count makes no sense.
+  // control says it copied. No value when it was not answered or the count makes no sense.
   virtual std::optional<Text> EditLine(WindowHandle window, std::int32_t line, std::int32_t capacity) = 0;
 
   // One item of a list box (LB_GETTEXT), NULs within it kept: exactly length characters (1 to 65,536), those
-  // that the control did not give being NULs. Nothing when it was not answered.
+  // that the control did not give being NULs. No value when it was not answered.
   virtual std::optional<Text> ListBoxText(WindowHandle window, std::int32_t item, std::int32_t length) = 0;
 };
 

@@ -1,7 +1,7 @@
 // Seam: message boxes and input boxes. Both are modal: events of the form are handled while they are open.
 #pragma once
 
-#include "platform/text.h"
+#include "text/text.h"
 
 namespace pointalk {
 

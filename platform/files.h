@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "platform/text.h"
+#include "text/text.h"
 
 namespace pointalk {
 
@@ -23,7 +23,7 @@ class Files {
 
   virtual bool Exists(FilePath path) = 0;
 
-  // The whole file; nothing when it is missing or cannot be read.
+  // The whole file; no value when it is missing or cannot be read.
   virtual std::optional<Text> Read(FilePath path) = 0;
 
   // Replaces the file's whole content, creating it where it is missing. Whatever moment the process ends at,

@@ -26,13 +26,13 @@ class Input {
  public:
   virtual ~Input() = default;
 
-  // Pointer position in screen pixels; nothing when the platform does not tell.
+  // Pointer position in screen pixels; no value when the platform does not tell.
   virtual std::optional<Point> PointerPosition() = 0;
 
   // True when the key is down, or went down and up again since it was last asked for. False on failure.
   virtual bool KeyDown(int virtualKey) = 0;
 
-  // Nothing when the platform does not tell.
+  // No value when the platform does not tell.
   virtual std::optional<ScreenSize> Screen() = 0;
 
   // Mouse-button messages are reported to the form from now on (or no longer). The reports come as events of

@@ -3,8 +3,8 @@
 
 #include <cstdint>
 
-#include "platform/text.h"
 #include "platform/types.h"
+#include "text/text.h"
 
 namespace pointalk {
 

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "platform/text.h"
+#include "text/text.h"
 
 namespace pointalk {
 
@@ -21,7 +21,7 @@ class MidiOut {
   // Number of MIDI output devices; 0 on failure.
   virtual std::uint32_t DeviceCount() = 0;
 
-  // Opens the system's MIDI mapper, with no callback. Sends nothing.
+  // Opens the system's MIDI mapper, with no callback. Sends no message.
   virtual MidiOpening OpenMapper() = 0;
 
   // Sends a short message: status in bits 0 to 7, data in bits 8 to 15 and 16 to 23. False when the port is

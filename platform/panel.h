@@ -1,7 +1,7 @@
 // Seam: the control panel's window, its poll timer and the check marks of its menu.
 #pragma once
 
-#include "platform/text.h"
+#include "text/text.h"
 
 namespace pointalk {
 

@@ -19,7 +19,7 @@ class RemoteMemory {
   // A block of zeros in that process; 0 when it cannot be had.
   virtual RemoteAddress Allocate(ProcessId process, std::size_t bytes) = 0;
 
-  // Copy to and from a block. False, with nothing changed, for address 0 and when the process is gone.
+  // Copy to and from a block. False, and no byte copied, for address 0 and when the process is gone.
   [[nodiscard]] virtual bool Write(ProcessId process, RemoteAddress to, std::span<const std::byte> from) = 0;
   [[nodiscard]] virtual bool Read(ProcessId process, RemoteAddress from, std::span<std::byte> to) = 0;
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "platform/text.h"
+#include "text/text.h"
 
 namespace pointalk {
 

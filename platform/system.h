@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "platform/text.h"
+#include "text/text.h"
 
 namespace pointalk {
 
@@ -34,7 +34,7 @@ class System {
                                        TextView directory, int show) = 0;
 
   // Ends the process at once. It does not return; a simulated machine leaves it, and a question that is never
-  // answered, by throwing something that is no std::exception, which nothing in the program catches.
+  // answered, by throwing something that is no std::exception, which no handler in the program catches.
   [[noreturn]] virtual void EndProgram() = 0;
 };
 

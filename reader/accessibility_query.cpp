@@ -1,4 +1,3 @@
-// One question, four properties, one text.
 #include "reader/accessibility_query.h"
 
 #include <utility>
@@ -10,32 +9,26 @@ namespace {
 
 constexpr int kRoleBuffer = 128;  // characters
 
-}  // namespace
-
-void AccessibilityQuery::QueryAccessibleObject(Point screen) {
-  AccessibleFacts facts = accessibility.ObjectAt(screen).value_or(AccessibleFacts());
-  description.maccName = std::move(facts.name).value_or(Text());
-  Text role = accessibility.RoleText(facts.role.value_or(0), kRoleBuffer);
-  if (role.size() >= kRoleBuffer) role.clear();  // without room for its end it cannot be told from the buffer
-  description.maccRole = std::move(role);
-  if (Contains(description.maccRole, u"ditable")) description.mSpareText.clear();
-  description.maccDescription = std::move(facts.description).value_or(Text());
-  description.maccValue = std::move(facts.value).value_or(Text());
-  description.mTopWindowName.clear();
-  ChooseText();
+// A tree's values are levels, not texts.
+Text ChosenText(const AccessibleTexts& texts, TextView className) {
+  if (ContainsInLowerCase(className, u"treeview")) return texts.maccName;
+  if (!IsBlank(texts.maccValue)) return texts.maccValue;
+  return IsBlank(texts.maccName) ? Text() : texts.maccName;
 }
 
-// A tree's values are levels, not texts.
-void AccessibilityQuery::ChooseText() {
-  if (ContainsInLowerCase(description.mOfficialClassName, u"treeview")) {
-    description.maccText = description.maccName;
-  } else if (!IsBlank(description.maccValue)) {
-    description.maccText = description.maccValue;
-  } else if (!IsBlank(description.maccName)) {
-    description.maccText = description.maccName;
-  } else {
-    description.maccText.clear();
-  }
+}  // namespace
+
+AccessibleTexts AccessibilityQuery::QueryAccessibleObject(Point screen, TextView className) {
+  AccessibleFacts facts = accessibility_.ObjectAt(screen).value_or(AccessibleFacts());
+  AccessibleTexts texts;
+  texts.maccName = std::move(facts.name).value_or(Text());
+  texts.maccRole = accessibility_.RoleText(facts.role.value_or(0), kRoleBuffer);
+  // Without room for its end a text cannot be told from the buffer.
+  if (texts.maccRole.size() >= kRoleBuffer) texts.maccRole.clear();
+  texts.maccDescription = std::move(facts.description).value_or(Text());
+  texts.maccValue = std::move(facts.value).value_or(Text());
+  texts.maccText = ChosenText(texts, className);
+  return texts;
 }
 
 }  // namespace pointalk

@@ -3,23 +3,19 @@
 
 #include "platform/accessibility.h"
 #include "platform/types.h"
-#include "reader/object_description.h"
+#include "reader/spot.h"
 
 namespace pointalk {
 
 class AccessibilityQuery {
  public:
-  AccessibilityQuery(Accessibility& theAccessibility, ObjectDescription& theDescription)
-      : accessibility(theAccessibility), description(theDescription) {}
+  explicit AccessibilityQuery(Accessibility& accessibility) : accessibility_(accessibility) {}
 
-  // Leaves everything in the description; what could not be read is empty there.
-  void QueryAccessibleObject(Point screen);
+  // The texts of the object at a place in a window of that class.
+  AccessibleTexts QueryAccessibleObject(Point screen, TextView className);
 
  private:
-  Accessibility& accessibility;
-  ObjectDescription& description;
-
-  void ChooseText();
+  Accessibility& accessibility_;
 };
 
 }  // namespace pointalk

@@ -1,4 +1,3 @@
-// The general reader, its thin callers, and the buttons.
 #include "reader/control_readers.h"
 
 #include "text/letters.h"
@@ -30,58 +29,51 @@ TextView RoleWord(TextView role) {
 
 }  // namespace
 
-bool ControlReaders::ReadAccessibleControl(WindowHandle window) {
-  if (!input.mButtonDown) keptThumbPosition = kNoThumb;
-  if (ReadScrollBar()) return false;
-  keptThumbPosition = kNoThumb;
-  if (!IsBlank(description.maccText)) {
-    speech.SpeakObjectText(Text(description.maccText).append(RoleWord(description.maccRole)));
-    return true;
+void ControlReaders::ReadAccessibleControl(const Spot& spot) {
+  if (!clicks_.ButtonDown()) keptThumbPosition_ = kNoThumb;
+  if (ReadScrollBar(spot)) return;
+  keptThumbPosition_ = kNoThumb;
+  const Text& text = spot.texts.maccText;
+  if (!IsBlank(text)) {
+    return objectSpeech_.SpeakObjectText(Text(text).append(RoleWord(spot.texts.maccRole)), spot);
   }
-  const Text title = titles.GetWindowTitle(window);
-  if (IsBlank(title)) {
-    speech.SpeakObjectText(description.maccText);
-    return false;
-  }
-  const bool menuBar = ToLower(Trimmed(title)) == u"menu bar";
-  speech.SpeakObjectText(menuBar ? TextView(description.maccText) : TextView(title));
-  return true;
+  const Text title = titles_.GetWindowTitle(spot.window);
+  const bool noTitle = IsBlank(title) || ToLower(Trimmed(title)) == u"menu bar";
+  objectSpeech_.SpeakObjectText(noTitle ? text : title, spot);
 }
 
 // True when the object is part of a scroll bar; then it was said.
-bool ControlReaders::ReadScrollBar() {
-  if (ContainsInLowerCase(description.maccName, u"position")) {
+bool ControlReaders::ReadScrollBar(const Spot& spot) {
+  const Text& name = spot.texts.maccName;
+  if (ContainsInLowerCase(name, u"position")) {
     // Moves whichever way a thumb is dragged.
-    const std::int64_t position = std::int64_t{input.mCursorX} - input.mCursorY;
-    if (input.mButtonDown) PlayThumb(position);
-    speech.SpeakObjectText(u"scroll bar");
-    keptThumbPosition = position;
+    const std::int64_t position = std::int64_t{spot.point.x} - spot.point.y;
+    if (clicks_.ButtonDown()) PlayThumb(position);
+    objectSpeech_.SpeakObjectText(u"scroll bar", spot);
+    keptThumbPosition_ = position;
     return true;
   }
   for (const ScrollPart& part : kScrollParts) {
-    if (!ContainsInLowerCase(description.maccName, part.name)) continue;
-    if (input.mButtonDown) sounds.PlayEarcon(part.earcon);
-    speech.SpeakObjectText(description.maccName);
-    keptThumbPosition = kNoThumb;
+    if (!ContainsInLowerCase(name, part.name)) continue;
+    if (clicks_.ButtonDown()) sounds_.PlayEarcon(part.earcon);
+    objectSpeech_.SpeakObjectText(name, spot);
+    keptThumbPosition_ = kNoThumb;
     return true;
   }
   return false;
 }
 
 void ControlReaders::PlayThumb(std::int64_t position) {
-  if (keptThumbPosition == kNoThumb || position == keptThumbPosition) return;
-  sounds.PlayEarcon(position > keptThumbPosition ? u"ScrollUp" : u"ScrollDown");
+  if (keptThumbPosition_ == kNoThumb || position == keptThumbPosition_) return;
+  sounds_.PlayEarcon(position > keptThumbPosition_ ? u"ScrollUp" : u"ScrollDown");
 }
 
-bool ControlReaders::ReadButton(const Spot& spot) {
-  if (!IsBlank(description.maccText)) {
-    speech.SpeakObjectText(description.maccText + u" button");
-    return true;
+void ControlReaders::ReadButton(const Spot& spot) {
+  if (!IsBlank(spot.texts.maccText)) {
+    return objectSpeech_.SpeakObjectText(spot.texts.maccText + u" button", spot);
   }
-  const Text title = Replaced(titles.GetWindowTitle(spot.window), u"&", u"");
-  if (IsBlank(title)) return false;
-  speech.SpeakObjectText(title);
-  return true;
+  const Text title = Replaced(titles_.GetWindowTitle(spot.window), u"&", u"");
+  if (!IsBlank(title)) objectSpeech_.SpeakObjectText(title, spot);
 }
 
 }  // namespace pointalk

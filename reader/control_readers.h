@@ -3,8 +3,7 @@
 
 #include <cstdint>
 
-#include "app/input_state.h"
-#include "reader/object_description.h"
+#include "input/clicks.h"
 #include "reader/object_speech.h"
 #include "reader/spot.h"
 #include "reader/window_title.h"
@@ -14,34 +13,28 @@ namespace pointalk {
 
 class ControlReaders {
  public:
-  ControlReaders(const InputState& theInput, const ObjectDescription& theDescription, ObjectSpeech& theSpeech,
-                 WindowTitle& theTitles, EventSounds& theSounds)
-      : input(theInput),
-        description(theDescription),
-        speech(theSpeech),
-        titles(theTitles),
-        sounds(theSounds) {}
+  ControlReaders(const Clicks& clicks, EventSounds& sounds, ObjectSpeech& objectSpeech, WindowTitle& titles)
+      : clicks_(clicks), sounds_(sounds), objectSpeech_(objectSpeech), titles_(titles) {}
 
-  // Each gives true when it spoke for the spot.
-  bool ReadAccessibleControl(WindowHandle window);
-  bool ReadStaticControl(const Spot& spot) { return ReadAccessibleControl(spot.window); }
-  bool ReadComboBox(const Spot& spot) { return ReadAccessibleControl(spot.window); }
-  bool ReadTreeView(const Spot& spot) { return ReadAccessibleControl(spot.window); }
-  bool ReadButton(const Spot& spot);
+  void ReadAccessibleControl(const Spot& spot);
+  void ReadStaticControl(const Spot& spot) { ReadAccessibleControl(spot); }
+  void ReadComboBox(const Spot& spot) { ReadAccessibleControl(spot); }
+  void ReadTreeView(const Spot& spot) { ReadAccessibleControl(spot); }
+  void ReadButton(const Spot& spot);
 
  private:
-  const InputState& input;
-  const ObjectDescription& description;
-  ObjectSpeech& speech;
-  WindowTitle& titles;
-  EventSounds& sounds;
+  const Clicks& clicks_;
+  EventSounds& sounds_;
+  ObjectSpeech& objectSpeech_;
+  WindowTitle& titles_;
 
-  // The pointer's x less its y where a scroll thumb was read last while the button was down. Of all
-  // differences the one that stands for none is taken for none wherever it is met.
+  // The point's x less its y at the last reading, if that was of a scroll thumb; else kNoThumb. Forgotten
+  // when a reading begins while the button is up. A thumb whose difference happens to be kNoThumb counts as
+  // none.
   static constexpr std::int64_t kNoThumb = -65535;
-  std::int64_t keptThumbPosition = kNoThumb;
+  std::int64_t keptThumbPosition_ = kNoThumb;
 
-  bool ReadScrollBar();
+  bool ReadScrollBar(const Spot& spot);
   void PlayThumb(std::int64_t position);
 };
 

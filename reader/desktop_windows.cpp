@@ -1,4 +1,3 @@
-// Finds the desktop's windows once, at start-up.
 #include "reader/desktop_windows.h"
 
 namespace pointalk {

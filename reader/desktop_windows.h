@@ -13,7 +13,7 @@ bool IsWindows95(System& system);
 struct DesktopWindows {
   WindowHandle mDesktopView = 0;  // the first child of the program manager's window; 0 where there is none
   WindowHandle mDesktopListView = 0;  // its first child, the icon list; 0 where there is none
-  bool mIsWindows95 = false;
+  bool mIsWindows95 = false;          // Kept: nothing reads it.
 
   void FindDesktopIconList(System& system, WindowTree& windows);
 };

@@ -1,4 +1,3 @@
-// Asks the control for line and character, reads the line, and hands both on.
 #include "reader/edit_readers.h"
 
 #include <algorithm>
@@ -27,18 +26,28 @@ std::int32_t AnnouncedCapacity(std::int32_t lineLength) {
   return lineLength == 1 ? 4 : kLongestLine;
 }
 
+// From a line's first character, counted from 1, up to the next line's, counted from 0. Empty where the text
+// does not reach there.
+Text PartBetweenLineStarts(const Text& text, std::int32_t lineStart, std::int32_t nextLineStart) {
+  const std::int32_t count = nextLineStart - lineStart;
+  if (lineStart < 1 || count < 1) return {};
+  const auto start = static_cast<std::size_t>(lineStart) - 1;
+  if (start >= text.size()) return {};
+  return text.substr(start, static_cast<std::size_t>(count));
+}
+
 }  // namespace
 
 std::int32_t EditReaders::Ask(WindowHandle window, std::uint32_t message, std::int32_t number) {
-  return seam.messages.Send(window, message, static_cast<std::uint64_t>(std::int64_t{number}), 0).value_or(0);
+  return seam_.messages.Send(window, message, static_cast<std::uint64_t>(std::int64_t{number}), 0)
+      .value_or(0);
 }
 
 std::int32_t EditReaders::CharAt(WindowHandle window, std::int32_t x, std::int32_t y) {
-  return seam.messages.Send(window, kEmCharFromPos, 0, PackedPoint(x, y)).value_or(0);
+  return seam_.messages.Send(window, kEmCharFromPos, 0, PackedPoint(x, y)).value_or(0);
 }
 
-// Stays as it was where no other line begins within the scan. The question at y itself has just been
-// answered.
+// The question at y itself has just been answered.
 template <class AskCharacter>
 void EditReaders::FindNextLineStart(std::int32_t y, std::int32_t lineStart, AskCharacter askCharacter) {
   for (std::int32_t down = kLineScanStep; down <= kLineScan; down += kLineScanStep) {
@@ -50,16 +59,16 @@ void EditReaders::FindNextLineStart(std::int32_t y, std::int32_t lineStart, AskC
   }
 }
 
-bool EditReaders::ReadEditControl(const Spot& spot) {
-  if (ContainsInLowerCase(description.maccName, u"position") ||
-      ContainsInLowerCase(description.maccRole, u"scroll bar")) {
-    return controls.ReadAccessibleControl(spot.window);
+void EditReaders::ReadEditControl(const Spot& spot) {
+  if (ContainsInLowerCase(spot.texts.maccName, u"position") ||
+      ContainsInLowerCase(spot.texts.maccRole, u"scroll bar")) {
+    return controls_.ReadAccessibleControl(spot);
   }
-  Point client = seam.windows.ToClient(spot.window, spot.pointer).value_or(spot.pointer);
+  Point client = seam_.windows.ToClient(spot.window, spot.point).value_or(spot.point);
   if (client.y == 0) client.y = 1;
 
   const std::int32_t lineStart = CharAt(spot.window, kLineMargin, client.y);
-  mEditLineStart = lineStart;
+  std::int32_t mEditLineStart = 0;  // counted from 1; 0 where there is no character
   FindNextLineStart(client.y, lineStart, [&](std::int32_t y) { return CharAt(spot.window, kLineMargin, y); });
   CharPosition start;
   if (lineStart != kNoCharacter) {
@@ -74,51 +83,42 @@ bool EditReaders::ReadEditControl(const Spot& spot) {
   }
   const std::int32_t length = std::min(Ask(spot.window, kEmLineLength, start.character), kLongestLine);
 
-  for (const Text& line : {Line(spot.window, lineIndex, length), PartBetweenLineStarts(),
-                           description.maccText.substr(0, kFallbackCharacters)}) {
+  for (const Text& line : {Line(spot.window, lineIndex, length),
+                           PartBetweenLineStarts(spot.texts.maccText, mEditLineStart, mEditNextLineStart),
+                           spot.texts.maccText.substr(0, kFallbackCharacters)}) {
     if (!IsUsable(line)) continue;
-    words.SpeakEditWord(line, lineIndex, position, description.mOfficialClassName);
-    return true;
+    return words_.SpeakEditWord(line, lineIndex, position, spot);
   }
-  speech.SpeakObjectText(description.mOfficialClassName);
-  return true;
+  objectSpeech_.SpeakObjectText(spot.className, spot);
 }
 
 // Empty for a control whose process is not known, as for every control that cannot be read. What the control
 // does not give of the line's length makes the line unusable.
 Text EditReaders::Line(WindowHandle window, std::int32_t lineIndex, std::int32_t length) {
-  if (length < 1 || !seam.windows.ProcessOf(window)) return {};
-  Text line = seam.messages.EditLine(window, lineIndex, AnnouncedCapacity(length)).value_or(Text());
+  if (length < 1 || !seam_.windows.ProcessOf(window)) return {};
+  Text line = seam_.messages.EditLine(window, lineIndex, AnnouncedCapacity(length)).value_or(Text());
   if (!line.empty()) line.resize(static_cast<std::size_t>(length));
   return line;
 }
 
-Text EditReaders::PartBetweenLineStarts() const {
-  const std::int32_t count = mEditNextLineStart - mEditLineStart;
-  if (mEditLineStart < 1 || count < 1) return {};
-  const auto start = static_cast<std::size_t>(mEditLineStart) - 1;
-  if (start >= description.maccText.size()) return {};
-  return description.maccText.substr(start, static_cast<std::size_t>(count));
-}
-
-bool EditReaders::ReadRichEdit(const Spot& spot) {
-  if (ContainsInLowerCase(description.maccRole, u"scroll bar")) {
-    speech.SpeakObjectText(u"ScrollBar at " + description.maccValue);
-    words.MarkScrollBar();
-    return true;
+Text EditReaders::ReadRichEdit(const Spot& spot) {
+  if (ContainsInLowerCase(spot.texts.maccRole, u"scroll bar")) {
+    objectSpeech_.SpeakObjectText(u"ScrollBar at " + spot.texts.maccValue, spot);
+    words_.MarkScrollBar();
+    return spot.texts.maccText;
   }
-  const Point client = seam.windows.ToClient(spot.window, spot.pointer).value_or(spot.pointer);
-  const ProcessId process = seam.windows.ProcessOf(spot.window).value_or(0);
+  const Point client = seam_.windows.ToClient(spot.window, spot.point).value_or(spot.point);
+  const ProcessId process = seam_.windows.ProcessOf(spot.window).value_or(0);
   std::int32_t under = 0;
   std::int32_t lineStart = 0;
   {
     std::array<std::byte, 8> record{};
-    RemoteBlock remote(seam.memory, process, record.size());
+    RemoteBlock remote(seam_.memory, process, record.size());
     const auto charAt = [&](std::int32_t x, std::int32_t y) {
       std::memcpy(record.data(), &x, 4);
       std::memcpy(record.data() + 4, &y, 4);
       if (!remote.Write(record)) return 0;
-      return seam.messages.Send(spot.window, kEmCharFromPos, 0, remote.Address()).value_or(0);
+      return seam_.messages.Send(spot.window, kEmCharFromPos, 0, remote.Address()).value_or(0);
     };
     under = charAt(client.x, client.y);
     lineStart = charAt(kLineMargin, client.y);
@@ -132,14 +132,13 @@ bool EditReaders::ReadRichEdit(const Spot& spot) {
   const std::int32_t length = Ask(spot.window, kEmLineLength, start);
 
   // The control counts a line end as one character.
-  const Text counted = Replaced(Replaced(description.maccText, u"\r\n", u"\r"), u"\n", u"\r");
+  const Text counted = Replaced(Replaced(spot.texts.maccText, u"\r\n", u"\r"), u"\n", u"\r");
   Text line;
   if (length > 0 && static_cast<std::size_t>(start) < counted.size()) {
     line = counted.substr(static_cast<std::size_t>(start), static_cast<std::size_t>(length));
   }
-  description.maccText = Replaced(description.maccText, u"\r", u"\r\n");
-  words.SpeakEditWord(line, lineIndex, position, description.mOfficialClassName);
-  return true;
+  words_.SpeakEditWord(line, lineIndex, position, spot);
+  return Replaced(spot.texts.maccText, u"\r", u"\r\n");
 }
 
 }  // namespace pointalk

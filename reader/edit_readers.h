@@ -8,7 +8,6 @@
 #include "platform/window_tree.h"
 #include "reader/control_readers.h"
 #include "reader/edit_words.h"
-#include "reader/object_description.h"
 #include "reader/object_speech.h"
 #include "reader/spot.h"
 
@@ -22,34 +21,29 @@ class EditReaders {
     RemoteMemory& memory;
   };
 
-  EditReaders(const Seam& theSeam, ObjectDescription& theDescription, ObjectSpeech& theSpeech,
-              ControlReaders& theControls, EditWords& theWords)
-      : seam(theSeam),
-        description(theDescription),
-        speech(theSpeech),
-        controls(theControls),
-        words(theWords) {}
+  EditReaders(const Seam& seam, ObjectSpeech& objectSpeech, ControlReaders& controls, EditWords& words)
+      : seam_(seam), objectSpeech_(objectSpeech), controls_(controls), words_(words) {}
 
-  // Plain edit controls, which take points as numbers. True when the spot was handled.
-  bool ReadEditControl(const Spot& spot);
+  // Plain edit controls, which take points as numbers.
+  void ReadEditControl(const Spot& spot);
 
-  // Rich edits, which take points by address. True when the spot was handled.
-  bool ReadRichEdit(const Spot& spot);
+  // Rich edits, which take points by address. Gives the accessible text as it stands afterwards: where a line
+  // was read, with a line feed behind every carriage return.
+  Text ReadRichEdit(const Spot& spot);
 
  private:
-  Seam seam;
-  ObjectDescription& description;
-  ObjectSpeech& speech;
-  ControlReaders& controls;
-  EditWords& words;
+  Seam seam_;
+  ObjectSpeech& objectSpeech_;
+  ControlReaders& controls_;
+  EditWords& words_;
 
-  std::int32_t mEditLineStart = 0;      // place, from 1, of the first character of the line under the pointer
-  std::int32_t mEditNextLineStart = 0;  // of the first character of the next line down, counted from 0
+  // The first character of the next line down, counted from 0. Where no other line begins within the scan it
+  // is the one found at an earlier reading.
+  std::int32_t mEditNextLineStart = 0;
 
   std::int32_t Ask(WindowHandle window, std::uint32_t message, std::int32_t number);
   std::int32_t CharAt(WindowHandle window, std::int32_t x, std::int32_t y);
   Text Line(WindowHandle window, std::int32_t lineIndex, std::int32_t length);
-  Text PartBetweenLineStarts() const;
   template <class AskCharacter>
   void FindNextLineStart(std::int32_t y, std::int32_t lineStart, AskCharacter askCharacter);
 };

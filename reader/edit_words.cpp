@@ -1,4 +1,3 @@
-// Decides between the line, the word and a substitute.
 #include "reader/edit_words.h"
 
 #include <algorithm>
@@ -6,6 +5,17 @@
 #include "text/text_rules.h"
 
 namespace pointalk {
+namespace {
+
+// What is said of a field whose line is empty.
+Text Substitute(const Spot& spot) {
+  for (const Text* text : {&spot.texts.maccValue, &spot.texts.maccName, &spot.texts.maccRole}) {
+    if (!IsBlank(*text)) return *text;
+  }
+  return u"It is a " + spot.className;
+}
+
+}  // namespace
 
 LineWord WordAt(TextView line, std::int32_t position) {
   const Text cleaned = Replaced(Replaced(line, u"\r", u""), u"\n", u"");
@@ -28,24 +38,17 @@ CharPosition SplitCharPosition(std::int32_t answer) {
 }
 
 void EditWords::SpeakEditWord(TextView line, std::int32_t lineIndex, std::int32_t position,
-                              TextView className) {
+                              const Spot& spot) {
   const LineWord word = WordAt(line, position);
   if (word.emptyLine) {
-    speech.SpeakObjectText(Substitute(className));
+    objectSpeech_.SpeakObjectText(Substitute(spot), spot);
   } else if (mEditReadMark != lineIndex) {
-    speech.SpeakObjectText(line);
+    objectSpeech_.SpeakObjectText(line, spot);
   } else if (word.start != mEditWordStart) {
-    speech.SpeakObjectText(word.word);
+    objectSpeech_.SpeakObjectText(word.word, spot);
   }
   mEditWordStart = word.start;
   mEditReadMark = lineIndex;
-}
-
-Text EditWords::Substitute(TextView className) const {
-  for (const Text* text : {&description.maccValue, &description.maccName, &description.maccRole}) {
-    if (!IsBlank(*text)) return *text;
-  }
-  return Text(u"It is a ").append(className);
 }
 
 }  // namespace pointalk

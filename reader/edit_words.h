@@ -3,9 +3,9 @@
 
 #include <cstdint>
 
-#include "platform/text.h"
-#include "reader/object_description.h"
 #include "reader/object_speech.h"
+#include "reader/spot.h"
+#include "text/text.h"
 
 namespace pointalk {
 
@@ -14,7 +14,7 @@ struct LineWord {
   // 1-based place of its leading blank, or of the line's beginning; 0 in an empty line.
   std::int32_t start = 0;
   Text word;              // with its leading blank; the whole line where the word is blank
-  bool emptyLine = true;  // nothing but blanks, CR and LF
+  bool emptyLine = true;  // it holds no character but blanks, CR and LF
 };
 
 // The position counts characters from 0 and is looked for among the first that many of the line, CR and LF
@@ -33,11 +33,10 @@ inline constexpr std::int32_t kNoCharacter = -1;
 // What is remembered of the line and word last read.
 class EditWords {
  public:
-  EditWords(const ObjectDescription& theDescription, ObjectSpeech& theSpeech)
-      : description(theDescription), speech(theSpeech) {}
+  explicit EditWords(ObjectSpeech& objectSpeech) : objectSpeech_(objectSpeech) {}
 
   // Says a line when it is entered, and each word of it once while the pointer moves along.
-  void SpeakEditWord(TextView line, std::int32_t lineIndex, std::int32_t position, TextView className);
+  void SpeakEditWord(TextView line, std::int32_t lineIndex, std::int32_t position, const Spot& spot);
 
   // Marks of the describer: the next line is read whole.
   void MarkNewWindow() { mEditReadMark = -4; }
@@ -45,13 +44,10 @@ class EditWords {
   void MarkScrollBar() { mEditReadMark = -2; }
 
  private:
-  const ObjectDescription& description;
-  ObjectSpeech& speech;
+  ObjectSpeech& objectSpeech_;
 
   std::int32_t mEditReadMark = 0;   // index of the line last read, or one of the marks
   std::int32_t mEditWordStart = 0;  // of the word last said on it
-
-  Text Substitute(TextView className) const;
 };
 
 }  // namespace pointalk

@@ -13,21 +13,20 @@ namespace pointalk {
 
 class ListBoxReader {
  public:
-  ListBoxReader(ControlMessages& theMessages, WindowTree& theWindows, ObjectSpeech& theSpeech,
-                EventSounds& theSounds)
-      : messages(theMessages), windows(theWindows), speech(theSpeech), sounds(theSounds) {}
+  ListBoxReader(ControlMessages& messages, WindowTree& windows, EventSounds& sounds,
+                ObjectSpeech& objectSpeech)
+      : messages_(messages), windows_(windows), sounds_(sounds), objectSpeech_(objectSpeech) {}
 
-  // True when an item was said.
-  bool ReadListBox(const Spot& spot);
+  void ReadListBox(const Spot& spot);
 
  private:
-  ControlMessages& messages;
-  WindowTree& windows;
-  ObjectSpeech& speech;
-  EventSounds& sounds;
+  ControlMessages& messages_;
+  WindowTree& windows_;
+  EventSounds& sounds_;
+  ObjectSpeech& objectSpeech_;
 
-  std::int32_t lastTopIndex = 0;
-  std::int32_t lastItemIndex = 0;
+  std::int32_t lastTopIndex_ = 0;
+  std::int32_t lastItemIndex_ = 0;
 
   void PlayScrolling(WindowHandle window);
   Text ItemText(WindowHandle window, std::int32_t item);

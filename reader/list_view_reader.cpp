@@ -1,4 +1,3 @@
-// Hit test, label, speech, icon sounds.
 #include "reader/list_view_reader.h"
 
 #include <array>
@@ -21,31 +20,29 @@ void DropControlAtEnd(Text& label) {
 
 }  // namespace
 
-bool ListViewReader::ReadListView(const Spot& spot) {
-  history.mListViewRead = true;
+void ListViewReader::ReadListView(const Spot& spot) {
   const ListViewHit hit = HitTest(spot);
-  mListViewItemText = ListViewItemText(spot.window, hit.item, hit.subItem);
+  Text mListViewItemText = ListViewItemText(spot.window, hit.item, hit.subItem);
   DropControlAtEnd(mListViewItemText);
-  bool handled = false;
-  if (history.mOverDesktop) {
-    SpeakOnDesktop();
+  if (spot.overDesktop) {
+    SpeakOnDesktop(spot, mListViewItemText);
   } else {
-    handled = SpeakInList(spot.window);
+    SpeakInList(spot, mListViewItemText);
   }
   PlayIconSounds(hit);
-  return handled;
 }
 
 // A test that fails leaves the record as it was sent, which counts as on item 0.
 ListViewHit ListViewReader::HitTest(const Spot& spot) {
   ListViewHit hit;
-  hit.client = seam.windows.ToClient(spot.window, spot.pointer).value_or(spot.pointer);
-  std::ignore = seam.messages.Send(spot.window, kLvmGetItemCount, 0, 0);  // nothing depends on the count
-  const ProcessId process = seam.windows.ProcessOf(spot.window).value_or(0);
-  HitTestRecord record(hit, seam.memory.PointerBytes(process));
-  RemoteBlock remote(seam.memory, process, record.Bytes().size());
+  hit.client = seam_.windows.ToClient(spot.window, spot.point).value_or(spot.point);
+  std::ignore =
+      seam_.messages.Send(spot.window, kLvmGetItemCount, 0, 0);  // what follows does not depend on the count
+  const ProcessId process = seam_.windows.ProcessOf(spot.window).value_or(0);
+  HitTestRecord record(hit, seam_.memory.PointerBytes(process));
+  RemoteBlock remote(seam_.memory, process, record.Bytes().size());
   if (remote.Write(record.Bytes())) {
-    std::ignore = seam.messages.Send(spot.window, kLvmSubItemHitTest, 0, remote.Address());
+    std::ignore = seam_.messages.Send(spot.window, kLvmSubItemHitTest, 0, remote.Address());
     std::ignore = remote.Read(record.Bytes());
   }
   if (!mHitRecordFreeable) remote.Abandon();
@@ -53,64 +50,60 @@ ListViewHit ListViewReader::HitTest(const Spot& spot) {
   return record.Hit();
 }
 
-Text ListViewReader::ListViewItemText(WindowHandle window, std::int32_t item,
-                                      [[maybe_unused]] std::int32_t subItem) {
+Text ListViewReader::ListViewItemText(WindowHandle window, std::int32_t item, std::int32_t /*subItem*/) {
   if (item == -1) return {};
-  const ProcessId process = seam.windows.ProcessOf(window).value_or(0);
+  const ProcessId process = seam_.windows.ProcessOf(window).value_or(0);
   std::array<std::byte, kLabelBytes> label{};
   label.fill(std::byte{' '});
-  RemoteBlock text(seam.memory, process, kLabelBytes);
+  RemoteBlock text(seam_.memory, process, kLabelBytes);
   if (text.Address() != 0) {
-    const int pointerBytes = seam.memory.PointerBytes(process);
+    const int pointerBytes = seam_.memory.PointerBytes(process);
     ItemRecord record(item, text.Address(), kLabelBytes, pointerBytes);
-    RemoteBlock remote(seam.memory, process, record.Bytes().size());
+    RemoteBlock remote(seam_.memory, process, record.Bytes().size());
     if (remote.Write(record.Bytes()))
-      std::ignore = seam.messages.Send(window, kLvmGetItemA, 0, remote.Address());
+      std::ignore = seam_.messages.Send(window, kLvmGetItemA, 0, remote.Address());
     std::ignore = text.Read(label);  // a process that is gone leaves blanks
   }
-  return Text(UpToNul(seam.ansi.ToText(label)));
+  return Text(UpToNul(seam_.ansi.ToText(label)));
 }
 
-void ListViewReader::SpeakOnDesktop() {
-  if (!history.mWasOverDesktop && !speaker.HoldsSpeech()) {
-    speaker.SetSpeechPrefix(u"Desktop, ");
-  } else if (IsBlank(mListViewItemText)) {
-    speaker.SetSpeechPrefix({});
-    speaker.SpeakText(u"Desktop ");
+void ListViewReader::SpeakOnDesktop(const Spot& spot, TextView label) {
+  if (!spot.wasOverDesktop && !speaker_.HoldsSpeech()) {
+    speaker_.SetSpeechPrefix(u"Desktop, ");
+  } else if (IsBlank(label)) {
+    speaker_.SetSpeechPrefix({});
+    speaker_.SpeakText(u"Desktop ");
   } else {
-    speaker.SpeakText(mListViewItemText);
+    speaker_.SpeakText(label);
   }
 }
 
-bool ListViewReader::SpeakInList(WindowHandle window) {
-  if (!IsBlank(mListViewItemText) && window == history.mPreviousWindow) {
-    speech.SpeakObjectText(mListViewItemText);
-    return true;
+void ListViewReader::SpeakInList(const Spot& spot, TextView label) {
+  if (!IsBlank(label) && spot.window == spot.previousWindow) {
+    return objectSpeech_.SpeakObjectText(label, spot);
   }
-  const bool handled = SetHolderAsPrefix(window);
-  if (IsBlank(mListViewItemText)) speaker.SpeakText(speaker.TakeSpeechPrefix());
-  return handled;
+  SetHolderAsPrefix(spot.window);
+  if (IsBlank(label)) speaker_.SpeakText(speaker_.TakeSpeechPrefix());
 }
 
-bool ListViewReader::SetHolderAsPrefix(WindowHandle window) {
+// The nearest window above the list that has a title; the desktop's icon list ends the walk.
+void ListViewReader::SetHolderAsPrefix(WindowHandle window) {
   WindowHandle holder = window;
   for (int round = 0; round < kMostHolders; ++round) {
-    holder = seam.windows.ParentOf(holder);
-    if (holder == desktop.mDesktopListView) return false;
-    const Text title = titles.GetWindowTitle(holder);
+    holder = seam_.windows.ParentOf(holder);
+    if (holder == desktop_.mDesktopListView) return;
+    const Text title = titles_.GetWindowTitle(holder);
     if (IsBlank(title)) continue;
-    speaker.SetSpeechPrefix(Text(Trimmed(title)).append(u", "));
-    return true;
+    return speaker_.SetSpeechPrefix(Text(Trimmed(title)).append(u", "));
   }
-  return false;
 }
 
 void ListViewReader::PlayIconSounds(const ListViewHit& hit) {
   const bool onItem = (hit.flags & (kHitIcon | kHitLabel)) != 0;
   if (!onItem) {
-    if (mWasOnIcon) sounds.PlayEarcon(u"OffIcon");
+    if (mWasOnIcon) sounds_.PlayEarcon(u"OffIcon");
   } else if (hit.item != mLastIconItem || !mWasOnIcon) {
-    sounds.PlayEarcon(u"NewIcon");
+    sounds_.PlayEarcon(u"NewIcon");
     mLastIconItem = hit.item;
   }
   mWasOnIcon = onItem;

@@ -26,41 +26,37 @@ class ListViewReader {
     AnsiCodePage& ansi;
   };
 
-  ListViewReader(const Seam& theSeam, const DesktopWindows& theDesktop, SpotHistory& theHistory,
-                 Speaker& theSpeaker, ObjectSpeech& theSpeech, WindowTitle& theTitles, EventSounds& theSounds)
-      : seam(theSeam),
-        desktop(theDesktop),
-        history(theHistory),
-        speaker(theSpeaker),
-        speech(theSpeech),
-        titles(theTitles),
-        sounds(theSounds) {}
+  ListViewReader(const Seam& seam, Speaker& speaker, EventSounds& sounds, const DesktopWindows& desktop,
+                 ObjectSpeech& objectSpeech, WindowTitle& titles)
+      : seam_(seam),
+        speaker_(speaker),
+        sounds_(sounds),
+        desktop_(desktop),
+        objectSpeech_(objectSpeech),
+        titles_(titles) {}
 
-  // True when it spoke or left a prefix, outside the desktop.
-  bool ReadListView(const Spot& spot);
+  void ReadListView(const Spot& spot);
 
-  // The label of an item; empty for item -1. Always the main label: the sub-item is not used. At most 255
-  // characters.
-  Text ListViewItemText(WindowHandle window, std::int32_t item, std::int32_t subItem);
+  // The label of an item, at most 255 characters of it; empty for item -1. Always the main label.
+  Text ListViewItemText(WindowHandle window, std::int32_t item,
+                        std::int32_t subItem);  // Kept: nothing reads it.
 
  private:
-  Seam seam;
-  const DesktopWindows& desktop;
-  SpotHistory& history;
-  Speaker& speaker;
-  ObjectSpeech& speech;
-  WindowTitle& titles;
-  EventSounds& sounds;
+  Seam seam_;
+  Speaker& speaker_;
+  EventSounds& sounds_;
+  const DesktopWindows& desktop_;
+  ObjectSpeech& objectSpeech_;
+  WindowTitle& titles_;
 
   bool mHitRecordFreeable = false;  // the first record of a run stays in its process
-  Text mListViewItemText;
-  std::int32_t mLastIconItem = 0;  // for which "NewIcon" sounded last
+  std::int32_t mLastIconItem = 0;   // for which "NewIcon" sounded last
   bool mWasOnIcon = false;
 
   ListViewHit HitTest(const Spot& spot);
-  void SpeakOnDesktop();
-  bool SpeakInList(WindowHandle window);
-  bool SetHolderAsPrefix(WindowHandle window);
+  void SpeakOnDesktop(const Spot& spot, TextView label);
+  void SpeakInList(const Spot& spot, TextView label);
+  void SetHolderAsPrefix(WindowHandle window);
   void PlayIconSounds(const ListViewHit& hit);
 };
 

@@ -41,31 +41,31 @@ template <class Number> Number Get(std::span<const std::byte> bytes, std::size_t
 }  // namespace
 
 HitTestRecord::HitTestRecord(const ListViewHit& hit, int pointerBytes)
-    : size(pointerBytes == 8 ? kHitSize64 : kHitSize32) {
-  Put(bytes, kHitX, hit.client.x);
-  Put(bytes, kHitY, hit.client.y);
-  Put(bytes, kHitFlags, hit.flags);
-  Put(bytes, kHitItem, hit.item);
-  Put(bytes, kHitSubItem, hit.subItem);
+    : size_(pointerBytes == 8 ? kHitSize64 : kHitSize32) {
+  Put(bytes_, kHitX, hit.client.x);
+  Put(bytes_, kHitY, hit.client.y);
+  Put(bytes_, kHitFlags, hit.flags);
+  Put(bytes_, kHitItem, hit.item);
+  Put(bytes_, kHitSubItem, hit.subItem);
 }
 
 ListViewHit HitTestRecord::Hit() const {
-  return {{Get<std::int32_t>(bytes, kHitX), Get<std::int32_t>(bytes, kHitY)},
-          Get<std::uint32_t>(bytes, kHitFlags),
-          Get<std::int32_t>(bytes, kHitItem),
-          Get<std::int32_t>(bytes, kHitSubItem)};
+  return {{Get<std::int32_t>(bytes_, kHitX), Get<std::int32_t>(bytes_, kHitY)},
+          Get<std::uint32_t>(bytes_, kHitFlags),
+          Get<std::int32_t>(bytes_, kHitItem),
+          Get<std::int32_t>(bytes_, kHitSubItem)};
 }
 
 ItemRecord::ItemRecord(std::int32_t item, RemoteAddress text, std::int32_t capacity, int pointerBytes)
-    : size(pointerBytes == 8 ? kItemSize64 : kItemSize32) {
-  Put(bytes, kItemMask, kTextWanted);
-  Put(bytes, kItemIndex, item);
+    : size_(pointerBytes == 8 ? kItemSize64 : kItemSize32) {
+  Put(bytes_, kItemMask, kTextWanted);
+  Put(bytes_, kItemIndex, item);
   if (pointerBytes == 8) {
-    Put(bytes, kItemText64, text);
-    Put(bytes, kItemText64 + 8, capacity);
+    Put(bytes_, kItemText64, text);
+    Put(bytes_, kItemText64 + 8, capacity);
   } else {
-    Put(bytes, kItemText32, static_cast<std::uint32_t>(text));
-    Put(bytes, kItemText32 + 4, capacity);
+    Put(bytes_, kItemText32, static_cast<std::uint32_t>(text));
+    Put(bytes_, kItemText32 + 4, capacity);
   }
 }
 

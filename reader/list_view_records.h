@@ -28,12 +28,12 @@ class HitTestRecord {
  public:
   HitTestRecord(const ListViewHit& hit, int pointerBytes);
 
-  std::span<std::byte> Bytes() { return std::span(bytes).first(size); }
+  std::span<std::byte> Bytes() { return std::span(bytes_).first(size_); }
   ListViewHit Hit() const;
 
  private:
-  std::array<std::byte, 24> bytes{};
-  std::size_t size;
+  std::array<std::byte, 24> bytes_{};
+  std::size_t size_;
 };
 
 // An item record that asks for a text: 40 bytes in a process with pointers of 4 bytes, 88 with 8.
@@ -41,11 +41,11 @@ class ItemRecord {
  public:
   ItemRecord(std::int32_t item, RemoteAddress text, std::int32_t capacity, int pointerBytes);
 
-  std::span<std::byte> Bytes() { return std::span(bytes).first(size); }
+  std::span<std::byte> Bytes() { return std::span(bytes_).first(size_); }
 
  private:
-  std::array<std::byte, 88> bytes{};
-  std::size_t size;
+  std::array<std::byte, 88> bytes_{};
+  std::size_t size_;
 };
 
 }  // namespace pointalk

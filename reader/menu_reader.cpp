@@ -1,4 +1,3 @@
-// Role text first, the window's own menu second.
 #include "reader/menu_reader.h"
 
 #include <algorithm>
@@ -19,23 +18,24 @@ constexpr TextView kMenuWord = u" menu";
 
 }  // namespace
 
-bool MenuReader::ReadMenu(const Spot& spot, [[maybe_unused]] bool isCommandBar) {
-  if (ContainsInLowerCase(description.maccRole, u"menu")) {
-    speech.SpeakObjectText(Text(description.maccName).append(kMenuWord));
+bool MenuReader::ReadMenu(const Spot& spot, bool /*isCommandBar*/) {
+  if (ContainsInLowerCase(spot.texts.maccRole, u"menu")) {
+    objectSpeech_.SpeakObjectText(Text(spot.texts.maccName).append(kMenuWord), spot);
     return true;
   }
-  MenuHandle menu = menus.MenuOf(spot.window);
+  MenuHandle menu = seam_.menus.MenuOf(spot.window);
   if (menu == 0) return false;
   // A window with a menu bar is tested by its first drop-down, not by the bar.
-  if (const MenuHandle dropDown = menus.SubMenuOf(menu, 0); menus.IsMenu(dropDown)) menu = dropDown;
+  if (const MenuHandle dropDown = seam_.menus.SubMenuOf(menu, 0); seam_.menus.IsMenu(dropDown))
+    menu = dropDown;
   if (menu <= 1) return false;
-  const Point point{spot.pointer.x, spot.pointer.y == 0 ? 1 : spot.pointer.y};
-  const std::int32_t item = menus.ItemAt(spot.window, menu, point);
+  const Point point{spot.point.x, spot.point.y == 0 ? 1 : spot.point.y};
+  const std::int32_t item = seam_.menus.ItemAt(spot.window, menu, point);
   if (item < 0) return false;
   Text text = ItemTextByRemoteBuffer(spot.window, menu, item);
   if (IsBlank(text)) text = ItemText(menu, item);
-  if (!IsBlank(description.maccText)) text = description.maccText;
-  speech.SpeakObjectText(Replaced(text, u"&", u"").append(kMenuWord));
+  if (!IsBlank(spot.texts.maccText)) text = spot.texts.maccText;
+  objectSpeech_.SpeakObjectText(Replaced(text, u"&", u"").append(kMenuWord), spot);
   return true;
 }
 
@@ -44,10 +44,10 @@ bool MenuReader::ReadMenu(const Spot& spot, [[maybe_unused]] bool isCommandBar) 
 Text MenuReader::ItemTextByRemoteBuffer(WindowHandle window, MenuHandle menu, std::int32_t item) {
   std::array<std::byte, kItemBuffer> local{};
   std::fill_n(local.begin(), kItemCharacters, std::byte{' '});
-  RemoteBlock remote(memory, windows.ProcessOf(window).value_or(0), kItemBuffer);
+  RemoteBlock remote(seam_.memory, seam_.windows.ProcessOf(window).value_or(0), kItemBuffer);
   std::ignore = remote.Write(local);  // without a block the blanks stay where they are
   Text digits = WholeNumberText(static_cast<std::int64_t>(remote.Address()));
-  const std::int32_t count = menus.ItemText(menu, item, digits, kItemCharacters);
+  const std::int32_t count = seam_.menus.ItemText(menu, item, digits, kItemCharacters);
   std::ignore = remote.Read(local);
   Text text;
   for (const std::byte byte : local) {
@@ -59,7 +59,7 @@ Text MenuReader::ItemTextByRemoteBuffer(WindowHandle window, MenuHandle menu, st
 
 Text MenuReader::ItemText(MenuHandle menu, std::int32_t item) {
   Text buffer(kItemCharacters, u' ');
-  const std::int32_t count = menus.ItemText(menu, item, buffer, kItemCharacters);
+  const std::int32_t count = seam_.menus.ItemText(menu, item, buffer, kItemCharacters);
   return buffer.substr(0, static_cast<std::size_t>(std::max(count, 0)));
 }
 

@@ -4,7 +4,6 @@
 #include "platform/menus.h"
 #include "platform/remote_memory.h"
 #include "platform/window_tree.h"
-#include "reader/object_description.h"
 #include "reader/object_speech.h"
 #include "reader/spot.h"
 
@@ -12,23 +11,20 @@ namespace pointalk {
 
 class MenuReader {
  public:
-  MenuReader(Menus& theMenus, WindowTree& theWindows, RemoteMemory& theMemory,
-             const ObjectDescription& theDescription, ObjectSpeech& theSpeech)
-      : menus(theMenus),
-        windows(theWindows),
-        memory(theMemory),
-        description(theDescription),
-        speech(theSpeech) {}
+  struct Seam {
+    Menus& menus;
+    WindowTree& windows;
+    RemoteMemory& memory;
+  };
 
-  // True when the spot is a menu; then it was said. The flag for command bars is not consulted.
-  bool ReadMenu(const Spot& spot, bool isCommandBar);
+  MenuReader(const Seam& seam, ObjectSpeech& objectSpeech) : seam_(seam), objectSpeech_(objectSpeech) {}
+
+  // True when the spot is a menu; then it was said.
+  bool ReadMenu(const Spot& spot, bool isCommandBar);  // Kept: nothing reads it.
 
  private:
-  Menus& menus;
-  WindowTree& windows;
-  RemoteMemory& memory;
-  const ObjectDescription& description;
-  ObjectSpeech& speech;
+  Seam seam_;
+  ObjectSpeech& objectSpeech_;
 
   Text ItemTextByRemoteBuffer(WindowHandle window, MenuHandle menu, std::int32_t item);
   Text ItemText(MenuHandle menu, std::int32_t item);

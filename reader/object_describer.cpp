@@ -1,8 +1,10 @@
-// The description, step by step.
 #include "reader/object_describer.h"
 
-#include "app/timer_pause.h"
+#include <utility>
+
+#include "platform/timer_pause.h"
 #include "reader/reader_choice.h"
+#include "reader/report_facts.h"
 #include "text/letters.h"
 #include "text/text_rules.h"
 
@@ -13,72 +15,81 @@ constexpr int kClassLimit = 2047;
 
 }  // namespace
 
-void ObjectDescriber::DescribeObjectUnderPointer() {
-  history.mListViewRead = false;
-  const TimerPause quiet(seam.panel, TimerPause::Then::kOn);
-  Describe();
+void ObjectDescriber::DescribeObjectUnderPointer(Point pointer) {
+  last_.mListViewRead = false;
+  {
+    const TimerPause quiet(seam_.panel, TimerPause::Then::kOn);
+    Describe(pointer);
+  }
+  if (!last_.mListViewRead) last_.mWasOverDesktop = false;
 }
 
-void ObjectDescriber::Describe() {
-  history.mPreviousWindow = history.mLastWindow;
-  const Spot spot{{input.mCursorX, input.mCursorY}, seam.windows.WindowAt({input.mCursorX, input.mCursorY})};
-  Text className = seam.windows.ClassOf(spot.window, kClassLimit).value_or(Text());
-  learning.LogClass(className);
-  const bool mIsBadQueryClass = learning.IsBadQueryClass(className);
-  const bool mIsBadClass = !mIsBadQueryClass && learning.IsBadClass(className);
-  NoteWindow(spot.window, className);
-  if (mIsBadQueryClass) return speaker.SpeakText(className);
-  Query(spot, className);
-  if (mIsBadClass) return speaker.SpeakText(description.maccText);
-  if (report.IsArmed()) {
-    report.ReportIfAsked();
-    return speaker.SpeakText(description.maccText);
+void ObjectDescriber::Describe(Point pointer) {
+  const WindowHandle window = seam_.windows.WindowAt(pointer);
+  const Text className = seam_.windows.ClassOf(window, kClassLimit).value_or(Text());
+  parts_.learning.LogClass(className);
+  const bool mIsBadQueryClass = parts_.learning.IsBadQueryClass(className);
+  const bool mIsBadClass = !mIsBadQueryClass && parts_.learning.IsBadClass(className);
+  const WindowHandle mPreviousWindow = std::exchange(last_.mLastWindow, window);
+  last_.mWasOverDesktop = std::exchange(last_.mOverDesktop, window == readers_.desktop.mDesktopListView);
+  last_.mOfficialClassName = className;
+  parts_.keys.ReadForDescription();
+  parts_.speaker.SetSubject(className);
+  if (mIsBadQueryClass) return parts_.speaker.SpeakText(className);
+
+  parts_.learning.LogQueryOf(className);
+  const Spot spot{.point = pointer,
+                  .window = window,
+                  .className = className,
+                  .lowerClassName = ToLower(className),
+                  .overDesktop = last_.mOverDesktop,
+                  .wasOverDesktop = last_.mWasOverDesktop,
+                  .previousWindow = mPreviousWindow,
+                  .texts = readers_.query.QueryAccessibleObject(pointer, className)};
+  RememberQuery(spot);
+  if (mIsBadClass) return parts_.speaker.SpeakText(spot.texts.maccText);
+  if (parts_.report.IsArmed()) {
+    parts_.report.ReportIfAsked(CrashReportText(spot));
+    // A tick that came while the report was spoken may have described another object.
+    return parts_.speaker.SpeakText(last_.maccText);
   }
 
-  const Text topName = readers.topWindow.NameAbove(spot.window);
-  AnnounceTopWindow(topName);
-  if (description.mTopWindowName.empty()) description.mTopWindowName = topName;
+  last_.mTopWindowName = readers_.topWindow.NameAbove(spot.window);
+  AnnounceTopWindow(spot, last_.mTopWindowName);
 
-  const Text lowerClassName = ToLower(className);
   // Only the first description of a window takes its class name in lower case for the menu step.
-  if (EnterWindow(spot.window)) className = lowerClassName;
-  if (!Contains(lowerClassName, u"text") && !Contains(lowerClassName, u"edit"))
-    readers.editWords.MarkOtherClass();
-  if (!ReadMenuStep(spot, className)) ReadControlStep(spot, lowerClassName);
+  const Text& menuClass = EnterWindow(spot.window) ? spot.lowerClassName : spot.className;
+  if (!Contains(spot.lowerClassName, u"text") && !Contains(spot.lowerClassName, u"edit"))
+    readers_.editWords.MarkOtherClass();
+  if (!ReadMenuStep(spot, menuClass)) ReadControlStep(spot);
 }
 
-void ObjectDescriber::NoteWindow(WindowHandle window, TextView className) {
-  history.mLastWindow = window;
-  history.mWasOverDesktop = history.mOverDesktop;
-  history.mOverDesktop = window == desktop.mDesktopListView;
-  input.mCtrlDown = seam.keys.KeyDown(kKeyControl);
-  input.mAltDown = seam.keys.KeyDown(kKeyAlt);
-  description.mOfficialClassName = className;
+// Until here the class log ends in the marked line; a query that does not return leaves it so.
+void ObjectDescriber::RememberQuery(const Spot& spot) {
+  last_.maccRole = spot.texts.maccRole;
+  last_.maccDescription = spot.texts.maccDescription;
+  last_.maccText = spot.texts.maccText;
+  last_.mTopWindowName.clear();
+  if (Contains(spot.texts.maccRole, u"ditable")) last_.mSpareText.clear();
+  if (!seam_.accessibility.QueryStillOut(spot.window)) parts_.learning.LogClass(spot.className);
 }
 
-// A query that does not return leaves the marked line in the class log.
-void ObjectDescriber::Query(const Spot& spot, TextView className) {
-  learning.LogQueryOf(className);
-  readers.query.QueryAccessibleObject(spot.pointer);
-  if (!seam.accessibility.QueryStillOut(spot.window)) learning.LogClass(className);
-}
-
-void ObjectDescriber::AnnounceTopWindow(TextView topName) {
-  if (topName == mLastTopWindowName) return;
+void ObjectDescriber::AnnounceTopWindow(const Spot& spot, TextView topName) {
+  if (topName == last_.mLastTopWindowName) return;
   if (topName == u"TaskBar") {
-    speaker.SetSpeechPrefix(u"Tasck-Bar-");
+    parts_.speaker.SetSpeechPrefix(u"Tasck-Bar-");
   } else if (!topName.empty()) {
-    speech.SpeakObjectText(topName);
+    readers_.objectSpeech.SpeakObjectText(topName, spot);
   }
-  mLastTopWindowName = topName;
+  last_.mLastTopWindowName = topName;
 }
 
 // True when the window was not described last.
 bool ObjectDescriber::EnterWindow(WindowHandle window) {
-  if (window == mLastDescribedWindow) return false;
-  readers.editWords.MarkNewWindow();
-  sounds.PlayEarcon(u"NewWindow");
-  mLastDescribedWindow = window;
+  if (window == last_.mLastDescribedWindow) return false;
+  readers_.editWords.MarkNewWindow();
+  parts_.sounds.PlayEarcon(u"NewWindow");
+  last_.mLastDescribedWindow = window;
   return true;
 }
 
@@ -86,21 +97,42 @@ bool ObjectDescriber::EnterWindow(WindowHandle window) {
 bool ObjectDescriber::ReadMenuStep(const Spot& spot, TextView className) {
   const bool menuClass = Contains(className, u"menu");
   const bool commandBar = !menuClass && Contains(className, u"commandbar");
-  return readers.menus.ReadMenu(spot, commandBar) && !menuClass;
+  return readers_.menus.ReadMenu(spot, commandBar) && !menuClass;
 }
 
-void ObjectDescriber::ReadControlStep(const Spot& spot, TextView lowerClassName) {
-  switch (ReaderFor(lowerClassName)) {
-    case Reader::kListView: readers.listViews.ReadListView(spot); return;
-    case Reader::kListBox: readers.listBoxes.ReadListBox(spot); return;
-    case Reader::kAccessibleControl: readers.controls.ReadAccessibleControl(spot.window); return;
-    case Reader::kComboBox: readers.controls.ReadComboBox(spot); return;
-    case Reader::kTreeView: readers.controls.ReadTreeView(spot); return;
-    case Reader::kRichEdit: readers.edits.ReadRichEdit(spot); return;
-    case Reader::kEditControl: readers.edits.ReadEditControl(spot); return;
-    case Reader::kButton: readers.controls.ReadButton(spot); return;
-    case Reader::kStaticControl: readers.controls.ReadStaticControl(spot); return;
+void ObjectDescriber::ReadControlStep(const Spot& spot) {
+  switch (ReaderFor(spot.lowerClassName)) {
+    case Reader::kListView: last_.mListViewRead = true; return readers_.listViews.ReadListView(spot);
+    case Reader::kListBox: return readers_.listBoxes.ReadListBox(spot);
+    case Reader::kAccessibleControl: return readers_.controls.ReadAccessibleControl(spot);
+    case Reader::kComboBox: return readers_.controls.ReadComboBox(spot);
+    case Reader::kTreeView: return readers_.controls.ReadTreeView(spot);
+    case Reader::kRichEdit: last_.maccText = readers_.edits.ReadRichEdit(spot); return;
+    case Reader::kEditControl: return readers_.edits.ReadEditControl(spot);
+    case Reader::kButton: return readers_.controls.ReadButton(spot);
+    case Reader::kStaticControl: return readers_.controls.ReadStaticControl(spot);
   }
+}
+
+void ObjectDescriber::Identify() {
+  const TimerPause quiet(seam_.panel);
+  const Text& className = last_.mOfficialClassName;
+  if (ContainsInLowerCase(className, u"combo")) {
+    parts_.speaker.SpeakAndWait(u"It is a " + parts_.pronouncer.ClassNameToWords(className));
+  } else if (!IsBlank(last_.maccRole)) {
+    parts_.speaker.SpeakAndWait(u"It is a " + last_.maccRole + u". ");
+    if (!ContainsInLowerCase(last_.maccDescription, u"menu"))
+      parts_.speaker.SpeakAndWait(last_.maccDescription);
+  } else if (!IsBlank(className)) {
+    parts_.speaker.SpeakAndWait(u"It is a " + parts_.pronouncer.ClassNameToWords(className));
+  }
+}
+
+void ObjectDescriber::NameTopWindow() {
+  if (last_.mOverDesktop) last_.mTopWindowName = u"DeskTop";
+  const SpellingBlock unspelled(parts_.keys);
+  parts_.speaker.SpeakText(u"The");
+  parts_.speaker.SpeakAndWait(u"Top Window is " + last_.mTopWindowName);
 }
 
 }  // namespace pointalk

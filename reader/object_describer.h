@@ -1,11 +1,10 @@
 // Puts into words what lies under the pointer.
 #pragma once
 
-#include "app/input_state.h"
 #include "crash/crash_learning.h"
 #include "crash/crash_report.h"
+#include "input/keys.h"
 #include "platform/accessibility.h"
-#include "platform/input.h"
 #include "platform/panel.h"
 #include "platform/window_tree.h"
 #include "reader/accessibility_query.h"
@@ -13,13 +12,14 @@
 #include "reader/desktop_windows.h"
 #include "reader/edit_readers.h"
 #include "reader/edit_words.h"
+#include "reader/last_description.h"
 #include "reader/list_box_reader.h"
 #include "reader/list_view_reader.h"
 #include "reader/menu_reader.h"
-#include "reader/object_description.h"
 #include "reader/object_speech.h"
 #include "reader/spot.h"
 #include "reader/top_window.h"
+#include "speech/pronouncer.h"
 #include "speech/speaker.h"
 #include "tones/event_sounds.h"
 
@@ -28,16 +28,27 @@ namespace pointalk {
 class ObjectDescriber {
  public:
   struct Seam {
-    Input& keys;
     Panel& panel;
     WindowTree& windows;
     Accessibility& accessibility;
   };
 
-  // Everything that a description goes through, in the order in which it does.
+  // What of the rooms below a description uses.
+  struct Parts {
+    Keys& keys;
+    Pronouncer& pronouncer;
+    Speaker& speaker;
+    EventSounds& sounds;
+    CrashLearning& learning;
+    CrashReport& report;
+  };
+
+  // Everything of this room that a description goes through, in the order in which it does.
   struct Readers {
+    const DesktopWindows& desktop;
     AccessibilityQuery& query;
     TopWindow& topWindow;
+    ObjectSpeech& objectSpeech;
     EditWords& editWords;
     MenuReader& menus;
     ControlReaders& controls;
@@ -46,48 +57,32 @@ class ObjectDescriber {
     EditReaders& edits;
   };
 
-  ObjectDescriber(const Seam& theSeam, const DesktopWindows& theDesktop, InputState& theInput,
-                  ObjectDescription& theDescription, SpotHistory& theHistory, Speaker& theSpeaker,
-                  ObjectSpeech& theSpeech, EventSounds& theSounds, CrashLearning& theLearning,
-                  CrashReport& theReport, const Readers& theReaders)
-      : seam(theSeam),
-        desktop(theDesktop),
-        input(theInput),
-        description(theDescription),
-        history(theHistory),
-        speaker(theSpeaker),
-        speech(theSpeech),
-        sounds(theSounds),
-        learning(theLearning),
-        report(theReport),
-        readers(theReaders) {}
+  ObjectDescriber(const Seam& seam, const Parts& parts, const Readers& readers)
+      : seam_(seam), parts_(parts), readers_(readers) {}
 
-  // Describes the spot under the pointer. The poll timer is off meanwhile, and on afterwards.
-  void DescribeObjectUnderPointer();
+  // Describes what lies under the pointer, given in screen pixels. The poll timer is off meanwhile, and on
+  // afterwards.
+  void DescribeObjectUnderPointer(Point pointer);
+
+  // Says what kind of thing was described last. The poll timer is off meanwhile.
+  void Identify();
+
+  // Says the name of the top window of what was described last, unspelled whatever key is held.
+  void NameTopWindow();
 
  private:
-  Seam seam;
-  const DesktopWindows& desktop;
-  InputState& input;
-  ObjectDescription& description;
-  SpotHistory& history;
-  Speaker& speaker;
-  ObjectSpeech& speech;
-  EventSounds& sounds;
-  CrashLearning& learning;
-  CrashReport& report;
-  Readers readers;
+  Seam seam_;
+  Parts parts_;
+  Readers readers_;
 
-  WindowHandle mLastDescribedWindow = 0;
-  Text mLastTopWindowName;
+  LastDescription last_;
 
-  void Describe();
-  void NoteWindow(WindowHandle window, TextView className);
-  void Query(const Spot& spot, TextView className);
-  void AnnounceTopWindow(TextView topName);
+  void Describe(Point pointer);
+  void RememberQuery(const Spot& spot);
+  void AnnounceTopWindow(const Spot& spot, TextView topName);
   bool EnterWindow(WindowHandle window);
   bool ReadMenuStep(const Spot& spot, TextView className);
-  void ReadControlStep(const Spot& spot, TextView lowerClassName);
+  void ReadControlStep(const Spot& spot);
 };
 
 }  // namespace pointalk

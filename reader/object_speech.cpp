@@ -1,4 +1,3 @@
-// Cuts, falls back, speaks.
 #include "reader/object_speech.h"
 
 #include "text/text_rules.h"
@@ -19,14 +18,14 @@ TextView SpokenBeginning(TextView text) {
   return CutAfter(CutAfter(text, u'\n'), u'\r').substr(0, kMostCharacters);
 }
 
-void ObjectSpeech::SpeakObjectText(TextView text) {
+void ObjectSpeech::SpeakObjectText(TextView text, const Spot& spot) {
   const TextView beginning = SpokenBeginning(text);
-  if (!IsBlank(beginning) && beginning != description.mOfficialClassName) {
-    speaker.SpeakText(beginning);
+  if (!IsBlank(beginning) && beginning != spot.className) {
+    speaker_.SpeakText(beginning);
     return;
   }
-  if (history.mOverDesktop || IsBlank(description.mOfficialClassName)) return;
-  speaker.SpeakText(u"It is a " + pronouncer.ClassNameToWords());
+  if (spot.overDesktop || IsBlank(spot.className)) return;
+  speaker_.SpeakText(u"It is a " + pronouncer_.ClassNameToWords(spot.className));
 }
 
 }  // namespace pointalk

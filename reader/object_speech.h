@@ -1,11 +1,10 @@
 // Says a text about an object, or what kind of thing it is when there is no text.
 #pragma once
 
-#include "platform/text.h"
-#include "reader/object_description.h"
 #include "reader/spot.h"
 #include "speech/pronouncer.h"
 #include "speech/speaker.h"
+#include "text/text.h"
 
 namespace pointalk {
 
@@ -15,19 +14,15 @@ TextView SpokenBeginning(TextView text);
 
 class ObjectSpeech {
  public:
-  ObjectSpeech(const ObjectDescription& theDescription, const SpotHistory& theHistory,
-               Pronouncer& thePronouncer, Speaker& theSpeaker)
-      : description(theDescription), history(theHistory), pronouncer(thePronouncer), speaker(theSpeaker) {}
+  ObjectSpeech(Pronouncer& pronouncer, Speaker& speaker) : pronouncer_(pronouncer), speaker_(speaker) {}
 
   // A blank text, and one that is only the class name, is replaced by "It is a " and the class in words; over
-  // the desktop's icon list nothing is said then.
-  void SpeakObjectText(TextView text);
+  // the desktop's icon list it is left unsaid.
+  void SpeakObjectText(TextView text, const Spot& spot);
 
  private:
-  const ObjectDescription& description;
-  const SpotHistory& history;
-  Pronouncer& pronouncer;
-  Speaker& speaker;
+  Pronouncer& pronouncer_;
+  Speaker& speaker_;
 };
 
 }  // namespace pointalk

@@ -1,4 +1,3 @@
-// The decision table: the first row that matches decides.
 #include "reader/reader_choice.h"
 
 #include "text/text_rules.h"
@@ -13,6 +12,7 @@ struct Row {
   Reader reader;
 };
 
+// The first row that matches decides.
 constexpr Row kRows[] = {
     {u"list", u"view", u"", Reader::kListView},
     {u"list", u"box", u"", Reader::kListBox},

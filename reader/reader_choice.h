@@ -1,7 +1,7 @@
 // Which reader belongs to which window class.
 #pragma once
 
-#include "platform/text.h"
+#include "text/text.h"
 
 namespace pointalk {
 

@@ -1,23 +1,30 @@
-// Where the describer is: the window under the pointer and what came of recognising it.
+// What is described, as values: they are made once for a description and then only read.
 #pragma once
 
 #include "platform/types.h"
+#include "text/text.h"
 
 namespace pointalk {
 
-// What the readers are given.
-struct Spot {
-  Point pointer;            // screen pixels
-  WindowHandle window = 0;  // under the pointer
+// What an accessible object tells of itself; a text that could not be read is empty.
+struct AccessibleTexts {
+  Text maccName{};
+  Text maccRole{};  // the platform's text for the role
+  Text maccDescription{};
+  Text maccValue{};
+  Text maccText{};  // the one text of the above that is chosen to be spoken
 };
 
-// What the describer keeps of its spots for the readers and the poll loop.
-struct SpotHistory {
-  WindowHandle mLastWindow = 0;
-  WindowHandle mPreviousWindow = 0;  // of the description before
-  bool mOverDesktop = false;         // the window is the desktop's icon list
-  bool mWasOverDesktop = false;      // at the description before
-  bool mListViewRead = false;        // the list-view reader ran in this description
+// A place on the screen, and what was found there.
+struct Spot {
+  Point point{};            // screen pixels
+  WindowHandle window = 0;  // under the point; 0 where there is none
+  Text className{};         // of the window, as the platform gives it
+  Text lowerClassName{};
+  bool overDesktop = false;         // the window is the desktop's icon list
+  bool wasOverDesktop = false;      // so was the window of the description before
+  WindowHandle previousWindow = 0;  // of the description before
+  AccessibleTexts texts{};
 };
 
 }  // namespace pointalk

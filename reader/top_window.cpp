@@ -1,4 +1,3 @@
-// The walk up the parents.
 #include "reader/top_window.h"
 
 #include "text/text_rules.h"
@@ -15,9 +14,9 @@ constexpr TextView kTaskBarClass = u"shell_tray";
 
 Text TopWindow::NameAbove(WindowHandle window) {
   for (int round = 0; round < kMostParents; ++round) {
-    const WindowHandle parent = windows.ParentOf(window);
+    const WindowHandle parent = windows_.ParentOf(window);
     if (parent == 0) {
-      // Handle 0 has neither a class nor a parent, so further rounds would find nothing.
+      // Handle 0 has neither a class nor a parent, so further rounds would find no name.
       return ContainsInLowerCase(ClassOf(window), kTaskBarClass) ? Text(kTaskBar) : Text();
     }
     if (window == 0 || IsDesktops(window)) return {};
@@ -28,15 +27,17 @@ Text TopWindow::NameAbove(WindowHandle window) {
 }
 
 bool TopWindow::IsDesktops(WindowHandle window) const {
-  return window == desktop.mDesktopListView || window == desktop.mDesktopView;
+  return window == desktop_.mDesktopListView || window == desktop_.mDesktopView;
 }
 
-Text TopWindow::ClassOf(WindowHandle window) { return windows.ClassOf(window, kClassLimit).value_or(Text()); }
+Text TopWindow::ClassOf(WindowHandle window) {
+  return windows_.ClassOf(window, kClassLimit).value_or(Text());
+}
 
 Text TopWindow::NameBelowDesktop(WindowHandle window) {
   const Text className = ClassOf(window);
   if (ContainsInLowerCase(className, kTaskBarClass)) return Text(kTaskBar);
-  const Text title = titles.GetWindowTitle(window);
+  const Text title = titles_.GetWindowTitle(window);
   return Text(IsBlank(title) ? Trimmed(className) : Trimmed(title));
 }
 

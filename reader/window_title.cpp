@@ -1,4 +1,3 @@
-// Asks the window first, and the system where the window gives nothing.
 #include "reader/window_title.h"
 
 #include <algorithm>
@@ -9,11 +8,11 @@
 namespace pointalk {
 
 Text WindowTitle::GetWindowTitle(WindowHandle window) {
-  const std::int32_t announced = messages.Send(window, kWmGetTextLength, 0, 0).value_or(0);
+  const std::int32_t announced = messages_.Send(window, kWmGetTextLength, 0, 0).value_or(0);
   if (announced < 1) return {};
   const std::int32_t length = std::min(announced, kMostFetched);
-  Text title = messages.WindowText(window, length + 1).value_or(Text());
-  if (IsBlank(title)) title = windows.CaptionOf(window, length + 1);
+  Text title = messages_.WindowText(window, length + 1).value_or(Text());
+  if (IsBlank(title)) title = windows_.CaptionOf(window, length + 1);
   return title;
 }
 

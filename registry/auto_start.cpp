@@ -1,9 +1,4 @@
-// Writes and deletes the value.
 #include "registry/auto_start.h"
-
-#include <tuple>
-
-#include "platform/dialogs.h"
 
 namespace pointalk {
 namespace {
@@ -15,22 +10,20 @@ constexpr TextView kValueData = u"Pointalk.exe";  // no folder: Windows finds it
 }  // namespace
 
 void AutoStart::mnuProgramMakeAutoStart_Click() {
-  registry.WriteRegistry(kRunKey, kValueName, Text(kValueData));
-  std::ignore = dialogs.AskSpoken(
+  registry_.WriteRegistry(kRunKey, kValueName, Text(kValueData));
+  spokenDialogs_.TellSpoken(
       u"Now Pointalk will start automatically every time Windows is loaded.\r\n"
-      u"To make it NOT start automatically, see the Program menu above.",
-      kBoxOk);
-  registry.ClearError();
+      u"To make it NOT start automatically, see the Program menu above.");
+  registry_.ClearError();
 }
 
 void AutoStart::mnuProgramMakeNotAutoStart_Click() {
-  registry.WriteRegistry(kRunKey, kValueName, Text(kValueData));  // so that there is a value to delete
-  registry.DeleteRegistry(kRunKey, kValueName);
-  std::ignore = dialogs.AskSpoken(
+  registry_.WriteRegistry(kRunKey, kValueName, Text(kValueData));  // so that there is a value to delete
+  registry_.DeleteRegistry(kRunKey, kValueName);
+  spokenDialogs_.TellSpoken(
       u"Now Pointalk will NOT start automatically every time Windows is loaded.\r\n"
-      u"To make it start automatically, see the Program menu above.",
-      kBoxOk);
-  registry.ClearError();
+      u"To make it start automatically, see the Program menu above.");
+  registry_.ClearError();
 }
 
 }  // namespace pointalk

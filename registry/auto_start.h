@@ -1,23 +1,23 @@
 // Starting with Windows, by a value in the machine's Run key.
 #pragma once
 
-#include "app/spoken_dialogs.h"
 #include "registry/registry_layer.h"
+#include "speech/spoken_dialogs.h"
 
 namespace pointalk {
 
 class AutoStart {
  public:
-  AutoStart(RegistryLayer& theRegistry, SpokenDialogs& theDialogs)
-      : registry(theRegistry), dialogs(theDialogs) {}
+  AutoStart(RegistryLayer& registry, SpokenDialogs& spokenDialogs)
+      : registry_(registry), spokenDialogs_(spokenDialogs) {}
 
   // Both confirm whether or not the registry let them.
   void mnuProgramMakeAutoStart_Click();
   void mnuProgramMakeNotAutoStart_Click();
 
  private:
-  RegistryLayer& registry;
-  SpokenDialogs& dialogs;
+  RegistryLayer& registry_;
+  SpokenDialogs& spokenDialogs_;
 };
 
 }  // namespace pointalk

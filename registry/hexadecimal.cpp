@@ -1,4 +1,3 @@
-// Hexadecimal texts.
 #include "registry/hexadecimal.h"
 
 #include <limits>

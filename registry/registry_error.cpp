@@ -1,4 +1,3 @@
-// Numbers, sources and texts of the registry layer's errors.
 #include "registry/registry_error.h"
 
 #include "text/numbers.h"
@@ -47,7 +46,7 @@ void RaiseRegistryError(RegistryError& error, std::int32_t code) {
       return Raise(error, code, u"Type passed doesn't exist. Use STRING, DWORD or BINARY.");
     default:
       error.source = kSource;
-      // The text has always told a number that is 9 too high.
+      // The text tells a number that is 9 too high, and stays so.
       return Raise(error, kUndefinedError,
                    u"Undefined error number : " + WholeNumberText(std::int64_t{code} + 9));
   }

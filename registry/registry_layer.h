@@ -1,4 +1,4 @@
-// Reads, writes and deletes registry keys and values by their paths. Nothing stops a caller: what failed
+// Reads, writes and deletes registry keys and values by their paths. No failure stops a caller: what failed
 // stands in the error object until the next operation begins.
 #pragma once
 
@@ -7,10 +7,10 @@
 
 #include "platform/ansi.h"
 #include "platform/registry_api.h"
-#include "platform/text.h"
 #include "registry/registry_error.h"
 #include "registry/registry_value.h"
 #include "registry/variant.h"
+#include "text/text.h"
 
 namespace pointalk {
 
@@ -22,32 +22,32 @@ struct NamedRegistryValue {
 
 class RegistryLayer {
  public:
-  RegistryLayer(RegistryApi& theApi, AnsiCodePage& theAnsi) : api(theApi), ansi(theAnsi) {}
+  RegistryLayer(RegistryApi& api, AnsiCodePage& ansi) : api_(api), ansi_(ansi) {}
 
   // Makes the key where it is missing. A value that does not fit the type is not written.
   void WriteRegistry(TextView path, TextView name, const Variant& value, std::uint32_t type = kChooseType);
 
   // Without a name the key's default value; empty when there is none.
-  Variant ReadRegistry(TextView path, TextView name = {});
+  Variant ReadRegistry(TextView path, TextView name = {});  // Kept: nothing reads it.
 
   // Deletes a value.
   void DeleteRegistry(TextView path, TextView name);
 
   // Deletes a key with all keys below it, the deepest first. One that cannot be deleted stays, and with it
   // the keys above it.
-  void DeleteRegistry(TextView path);
+  void DeleteRegistry(TextView path);  // Kept: nothing reads it.
 
   // In the platform's order, without those that cannot be read.
-  std::vector<NamedRegistryValue> EnumerateRegistryValues(TextView path);
+  std::vector<NamedRegistryValue> EnumerateRegistryValues(TextView path);  // Kept: nothing reads it.
 
-  const RegistryError& Error() const { return error; }
-  void ClearError() { error.Clear(); }
+  const RegistryError& Error() const { return error_; }
+  void ClearError() { error_.Clear(); }
 
  private:
-  RegistryApi& api;
-  AnsiCodePage& ansi;
+  RegistryApi& api_;
+  AnsiCodePage& ansi_;
 
-  RegistryError error;
+  RegistryError error_;
 
   RegistryKey OpenPath(TextView path);
   RegistryKey OpenKey(RegistryKey parent, TextView subKey);

@@ -1,4 +1,3 @@
-// Takes key paths apart.
 #include "registry/registry_path.h"
 
 #include <algorithm>

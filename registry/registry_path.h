@@ -3,8 +3,8 @@
 #pragma once
 
 #include "platform/registry_api.h"
-#include "platform/text.h"
 #include "registry/registry_error.h"
+#include "text/text.h"
 
 namespace pointalk {
 
@@ -14,6 +14,6 @@ RegistryKey RootKeyFromPath(TextView path, RegistryError& error);
 // What comes after the root's name; empty for the root itself. The view lies within the path.
 TextView SubKeyFromPath(TextView path);
 
-Text EnsureTrailingBackslash(TextView path);
+Text EnsureTrailingBackslash(TextView path);  // Kept: nothing reads it.
 
 }  // namespace pointalk

@@ -1,4 +1,3 @@
-// Variants to registry data and back.
 #include "registry/registry_value.h"
 
 #include <algorithm>

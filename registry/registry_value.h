@@ -20,7 +20,7 @@ inline constexpr std::uint32_t kNumberType = 4;  // 32 bits, least significant b
 std::uint32_t TypeForVariant(const Variant& value);
 
 // The data to be written. As a number, only a whole one from -2^31 to 2^32 - 1 fits; as a string, anything
-// but an array; as binary, whatever has bytes of its own, which nothing, null and objects have not. Nothing,
+// but an array; as binary, whatever has bytes of its own, which empty, null and objects have not. No value,
 // with kTypeMismatch, for a value that does not fit; with kUnknownType for any other type.
 std::optional<std::vector<std::byte>> DataFromVariant(const Variant& value, std::uint32_t type,
                                                       AnsiCodePage& ansi, RegistryError& error);

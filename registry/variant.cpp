@@ -1,9 +1,8 @@
-// Values as texts.
 #include "registry/variant.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
 
 #include "text/numbers.h"
 
@@ -40,8 +39,9 @@ Text WholeDigits(std::array<std::uint32_t, 3> whole) {
 Text SingleText(float number) {
   if (!std::isfinite(number)) return NumberText(0);
   std::array<char, 32> shown{};
-  const int length = std::snprintf(shown.data(), shown.size(), "%.6e", static_cast<double>(number));
-  return NumberText(ReadNumber(Text(shown.begin(), shown.begin() + length)));
+  const auto end =
+      std::to_chars(shown.data(), shown.data() + shown.size(), number, std::chars_format::scientific, 6).ptr;
+  return NumberText(ReadNumber(Text(shown.data(), end)));
 }
 
 struct ToDecimalText {

@@ -7,7 +7,7 @@
 #include <variant>
 #include <vector>
 
-#include "platform/text.h"
+#include "text/text.h"
 
 namespace pointalk {
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/ansi.h"
-#include "platform/text.h"
+#include "text/text.h"
 
 namespace pointalk::sim {
 

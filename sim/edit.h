@@ -5,8 +5,8 @@
 #include <optional>
 #include <vector>
 
-#include "platform/text.h"
 #include "platform/types.h"
+#include "text/text.h"
 
 namespace pointalk::sim {
 

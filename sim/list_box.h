@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "platform/text.h"
 #include "platform/types.h"
+#include "text/text.h"
 
 namespace pointalk::sim {
 

@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <vector>
 
-#include "platform/text.h"
 #include "platform/types.h"
 #include "sim/rectangle.h"
+#include "text/text.h"
 
 namespace pointalk::sim {
 

@@ -10,11 +10,11 @@
 #include <variant>
 #include <vector>
 
-#include "platform/text.h"
 #include "platform/types.h"
 #include "sim/json.h"
 #include "sim/registry_tree.h"
 #include "sim/window.h"
+#include "text/text.h"
 
 namespace pointalk::sim {
 

@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/text.h"
 #include "sim/json.h"
+#include "text/text.h"
 
 namespace pointalk::sim {
 

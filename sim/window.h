@@ -5,12 +5,12 @@
 #include <optional>
 #include <vector>
 
-#include "platform/text.h"
 #include "platform/types.h"
 #include "sim/edit.h"
 #include "sim/list_box.h"
 #include "sim/list_view.h"
 #include "sim/rectangle.h"
+#include "text/text.h"
 
 namespace pointalk::sim {
 

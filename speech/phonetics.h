@@ -2,7 +2,7 @@
 // the letter.
 #pragma once
 
-#include "platform/text.h"
+#include "text/text.h"
 
 namespace pointalk {
 

@@ -1,4 +1,3 @@
-// Reads the keys and applies the rules.
 #include "speech/pronouncer.h"
 
 #include "speech/phonetics.h"
@@ -7,18 +6,11 @@ namespace pointalk {
 
 Text Pronouncer::PronounceText(TextView text) {
   if (text.empty()) return {};
-  const bool shift = keys.KeyDown(kKeyShift);
-  // Alt and Control play no part, but asking for them uses up a short press, as it always did.
-  keys.KeyDown(kKeyAlt);
-  keys.KeyDown(kKeyControl);
-  return Pronounced(text, shift && !input.mSpellingBlocked);
+  return Pronounced(text, keys_.ReadForSpelling());
 }
 
-Text Pronouncer::PronounceTextToString(TextView text) { return PronounceText(text); }
-
-const Text& Pronouncer::ClassNameToWords() {
-  const Text marked = WithSplitMarks(description.mOfficialClassName);
-  mClassNameWords = WithDesktopNames(WithoutClutter(PronounceText(marked)));
+const Text& Pronouncer::ClassNameToWords(TextView className) {
+  mClassNameWords = WithDesktopNames(WithoutClutter(PronounceText(WithSplitMarks(className))));
   return mClassNameWords;
 }
 

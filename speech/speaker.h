@@ -1,37 +1,33 @@
 // The three ways in which anything is said. Every utterance cuts off the one before it.
 #pragma once
 
-#include <cstdint>
-
-#include "app/input_state.h"
-#include "platform/input.h"
-#include "platform/panel.h"
-#include "platform/text.h"
+#include "input/clicks.h"
+#include "input/keys.h"
 #include "speech/engine.h"
 #include "speech/pronouncer.h"
-#include "speech/voice_settings.h"
+#include "text/text.h"
 
 namespace pointalk {
 
 class Speaker {
  public:
-  Speaker(Input& theKeys, Panel& thePanel, InputState& theInput, const VoiceSettings& theSettings,
-          Engine& theEngine, Pronouncer& thePronouncer)
-      : keys(theKeys),
-        panel(thePanel),
-        input(theInput),
-        settings(theSettings),
-        engine(theEngine),
-        pronouncer(thePronouncer) {}
+  Speaker(Keys& keys, Clicks& clicks, Engine& engine, Pronouncer& pronouncer)
+      : keys_(keys), clicks_(clicks), engine_(engine), pronouncer_(pronouncer) {}
 
-  // Everyday output: rewritten for the ear, and not said again while nothing else is said.
+  // The class of what is being described, as the platform gives it: texts about a clock are said as times.
+  void SetSubject(TextView className) { subject_ = className; }
+
+  // Everyday output: rewritten for the ear, and not said again while no other text is said.
   void SpeakText(TextView text);
 
-  // As written, at once.
+  // As written, at once. The click that waits is forgotten.
   void SpeakRaw(TextView text);
 
   // As written, returning once it is spoken. With SAPI 4 events of the form are handled meanwhile.
   void SpeakAndWait(TextView text);
+
+  // Cuts off what is being said.
+  void Silence() { engine_.Calls().Silence(); }
 
   // Spoken once in front of the next text that SpeakText says.
   void SetSpeechPrefix(TextView prefix) { mSpeechPrefix = prefix; }
@@ -39,25 +35,20 @@ class Speaker {
 
   bool HoldsSpeech() const { return mHoldSpeech; }
 
-  void mnuVoiceMute_Click();
+  void ToggleMute() { mMuted = !mMuted; }
 
  private:
-  Input& keys;
-  Panel& panel;
-  InputState& input;
-  const VoiceSettings& settings;
-  Engine& engine;
-  Pronouncer& pronouncer;
+  Keys& keys_;
+  Clicks& clicks_;
+  Engine& engine_;
+  Pronouncer& pronouncer_;
 
+  Text subject_;
   Text mLastSpoken;  // what SpeakText last accepted, or a marker that no text equals
   Text mSpeechPrefix;
   bool mMuted = false;
-  bool mHoldSpeech = false;  // nothing sets it; a text that came meanwhile would be parked in mHeldText
-  Text mHeldText;
-
-  void InterruptAndSpeak(TextView text);
-  void WaitForLastWord(std::size_t length);
-  double LastWordPosition();
+  bool mHoldSpeech = false;  // no routine sets it; a text that came meanwhile would be parked in mHeldText
+  Text mHeldText;            // Kept: nothing reads it.
 };
 
 }  // namespace pointalk

@@ -1,4 +1,3 @@
-// Looks characters up in the case runs.
 #include "text/letters.h"
 
 #include <algorithm>

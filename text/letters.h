@@ -1,7 +1,7 @@
 // Upper and lower case, character by character: a character becomes one character or stays.
 #pragma once
 
-#include "platform/text.h"
+#include "text/text.h"
 
 namespace pointalk {
 

@@ -1,11 +1,10 @@
-// Reads and writes numbers without any locale.
+// The reading and writing is left to from_chars and to_chars, which know no locale.
 #include "text/numbers.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <limits>
 #include <string>
 #include <string_view>
@@ -89,8 +88,10 @@ Text WholeNumberText(std::int64_t number) {
 Text NumberText(double number) {
   if (!std::isfinite(number) || number == 0) return u"0";
   std::array<char, 40> scientific{};
-  std::snprintf(scientific.data(), scientific.size(), "%.14e", std::fabs(number));  // d.dddde+xx
-  const std::string_view shown(scientific.data());
+  const auto end = std::to_chars(scientific.data(), scientific.data() + scientific.size(), std::fabs(number),
+                                 std::chars_format::scientific, 14)
+                       .ptr;
+  const std::string_view shown(scientific.data(), end);  // d.dddde+xx
   const auto mark = shown.find('e');
   std::string digits(shown.substr(0, 1));
   digits += shown.substr(2, mark - 2);

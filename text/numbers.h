@@ -1,11 +1,10 @@
-// Numbers in texts, read and written the same way wherever the program runs, and the rounding that goes with
-// them.
+// Numbers in texts, written with a point and without grouping in every country, and the rounding of them.
 #pragma once
 
 #include <cstdint>
 #include <optional>
 
-#include "platform/text.h"
+#include "text/text.h"
 
 namespace pointalk {
 
@@ -17,7 +16,7 @@ double ReadNumber(TextView text);
 // The nearest whole number, halves to even.
 double Rounded(double number);
 
-// The nearest whole number, halves to even; nothing when it does not fit.
+// The nearest whole number, halves to even; no value when it does not fit.
 std::optional<std::int32_t> RoundedToInt32(double number);
 
 // In decimal digits, a minus sign in front of a negative number.
@@ -26,8 +25,8 @@ Text WholeNumberText(std::int64_t number);
 // With at most 15 significant digits, no trailing zeros, no exponent; "0" for 0 and for what is not finite.
 Text NumberText(double number);
 
-// The percentage that a typed answer gives, limited to 0 to 100; nothing for an answer that reads as 0
-// without holding the character "0", as an empty one does.
+// The percentage that a typed answer gives, limited to 0 to 100; no value for an answer that reads as
+// 0 without holding the character "0", as an empty one does.
 std::optional<std::int32_t> PercentAnswer(TextView answer);
 
 }  // namespace pointalk

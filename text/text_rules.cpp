@@ -1,4 +1,3 @@
-// Trimming, searching, replacing, splitting.
 #include "text/text_rules.h"
 
 #include <algorithm>

@@ -1,4 +1,3 @@
-// The table of events and how they are struck.
 #include "tones/event_sounds.h"
 
 #include <algorithm>
@@ -11,17 +10,16 @@ namespace {
 struct EventNote {
   TextView name;
   std::int32_t instrument;
-  std::int32_t note;  // above 127 on purpose, and sent as it stands
-  std::int32_t velocity;
+  Note note;                          // its number is above 127 on purpose, and sent as it stands
   std::optional<bool> onDesktopIcon;  // what the event says about the desktop's icons
 };
 
 constexpr EventNote kEventNotes[] = {
-    {u"NewWindow", 45, 231, 127, std::nullopt},
-    {u"OffVisibleArea", 45, 200, 105, std::nullopt},
-    {u"ListBoxHit", 45, 204, 105, std::nullopt},
-    {u"OffIcon", 45, 223, 110, false},
-    {u"NewIcon", 45, 226, 117, true},
+    {u"NewWindow", 45, {231, 127}, std::nullopt},
+    {u"OffVisibleArea", 45, {200, 105}, std::nullopt},
+    {u"ListBoxHit", 45, {204, 105}, std::nullopt},
+    {u"OffIcon", 45, {223, 110}, false},
+    {u"NewIcon", 45, {226, 117}, true},
 };
 
 constexpr std::int32_t kScrollInstrument = 1;
@@ -35,43 +33,41 @@ constexpr std::int32_t kTicksOfASound = 2;
 }  // namespace
 
 void EventSounds::PlayEarcon(TextView eventName) {
-  if (!port.MidiOn()) return;
+  if (!port_.MidiOn()) return;
   StopEarcon();
   mEarconTicks = 0;
-  int channel = 0;
   const auto row = std::find_if(std::begin(kEventNotes), std::end(kEventNotes),
                                 [&](const EventNote& event) { return event.name == eventName; });
   if (row != std::end(kEventNotes)) {
-    channel = kEventChannel;
-    port.channels.mChannelProgram[kEventChannel] = row->instrument;
-    port.channels.noteTarget[kEventChannel] = row->note;
-    port.channels.noteVelocity[kEventChannel] = row->velocity;
     mOnDesktopIcon = row->onDesktopIcon.value_or(mOnDesktopIcon);
+    StrikeEvent(row->instrument, row->note);
   } else if (eventName == u"ScrollUp") {
-    channel = kEventChannel;
     PlayScroll(kScrollLowest, kScrollHighest);
   } else if (eventName == u"ScrollDown") {
-    channel = kEventChannel;
     PlayScroll(kScrollHighest, kScrollLowest);
+  } else {
+    port_.StrikeNote(0, {});
   }
-  port.StrikeNote(channel);
 }
 
 void EventSounds::CountTick() {
-  if (mEarconTicks <= kTicksOfASound) ++mEarconTicks;  // beyond that the count itself tells nothing more
+  if (mEarconTicks <= kTicksOfASound) ++mEarconTicks;  // beyond that the count itself tells no more
   if (mEarconTicks > kTicksOfASound) StopEarcon();
 }
 
-// Eight notes; the caller strikes the last one once more.
+void EventSounds::StrikeEvent(std::int32_t instrument, Note note) {
+  port_.PresetChannelProgram(kEventChannel, instrument);
+  port_.StrikeNote(kEventChannel, note);
+}
+
+// Eight notes, and the last one once more.
 void EventSounds::PlayScroll(int first, int last) {
-  port.channels.mChannelProgram[kEventChannel] = kScrollInstrument;
-  port.channels.noteVelocity[kEventChannel] = kScrollVelocity;
   const int step = first < last ? 1 : -1;
-  for (int note = first; note != last + step; note += step) {
-    port.channels.noteTarget[kEventChannel] = note;
-    port.StrikeNote(kEventChannel);
-    delay.BusyWait(kScrollPause);
+  for (int number = first; number != last + step; number += step) {
+    StrikeEvent(kScrollInstrument, {number, kScrollVelocity});
+    delay_.BusyWait(kScrollPause);
   }
+  port_.StrikeNote(kEventChannel, {last, kScrollVelocity});
 }
 
 }  // namespace pointalk

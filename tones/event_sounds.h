@@ -3,31 +3,33 @@
 
 #include <cstdint>
 
-#include "app/delay_loop.h"
-#include "platform/text.h"
+#include "text/text.h"
+#include "tones/delay_loop.h"
 #include "tones/midi_port.h"
 
 namespace pointalk {
 
 class EventSounds {
  public:
-  EventSounds(MidiPort& thePort, DelayLoop& theDelay) : port(thePort), delay(theDelay) {}
+  EventSounds(MidiPort& port, DelayLoop& delay) : port_(port), delay_(delay) {}
 
-  // Plays the sound of an event by its exact name; any other name strikes whatever channel 0 holds. Silent
+  // Plays the sound of an event by its exact name; any other name strikes note 0 of channel 0 at
+  // velocity 0. Silent
   // while the user has MIDI switched off. The note sounds on until it is stopped.
   void PlayEarcon(TextView eventName);
 
-  void StopEarcon() { port.StopEventChannels(); }
+  void StopEarcon() { port_.StopEventChannels(); }
 
   // Called once a tick: ends a sound on the third tick after its start.
   void CountTick();
 
  private:
-  MidiPort& port;
-  DelayLoop& delay;
+  MidiPort& port_;
+  DelayLoop& delay_;
   std::int32_t mEarconTicks = 0;  // since the last sound started
-  bool mOnDesktopIcon = false;    // by the icon events; nothing asks for it yet
+  bool mOnDesktopIcon = false;    // Kept: nothing reads it.
 
+  void StrikeEvent(std::int32_t instrument, Note note);
   void PlayScroll(int first, int last);
 };
 

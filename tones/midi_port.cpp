@@ -1,17 +1,9 @@
-// Opens, closes, plays.
 #include "tones/midi_port.h"
 
 #include <tuple>
 
 namespace pointalk {
 namespace {
-
-constexpr TextView kNoDeviceTitle =
-    u"Can't find an available Midi Device; you may need to quit some other midi app";
-constexpr TextView kNoDeviceText =
-    u"The Midi device is already in use by another program. If I were you I would quit from the other "
-    u"program first. If the other program is not running anymore then you'll need to reboot to free up your "
-    u"midi port again. Do you want to run without midi?";
 
 // A sound that no system has: asking for it ends whatever plays. Asynchronous, no default sound, loop.
 constexpr TextView kSilenceSound = u"1";
@@ -30,70 +22,71 @@ constexpr std::size_t Index(int channel) { return static_cast<std::size_t>(chann
 
 }  // namespace
 
-void MidiPort::OpenMidiOut() {
-  const std::uint32_t devices = midi.DeviceCount();
-  if ((devices < 1 || devices > kMostDevices) && !mMidiPromptShown) {
-    if (!WantsToRunWithoutMidi()) system.EndProgram();
-    mMidiPromptShown = true;
-    return;
-  }
-  const MidiOpening opening = midi.OpenMapper();
-  if (opening.result == 0) {
-    hMidiOut = opening.handle;
-    mMouseTonesOn = true;
-    return;
-  }
-  if (mMidiPromptShown) return;
-  if (!WantsToRunWithoutMidi()) {
-    SilenceAll();
-    system.EndProgram();
-  }
-  mMidiPromptShown = true;
+bool MidiPort::HasDevice() {
+  const std::uint32_t devices = midi_.DeviceCount();
+  return devices >= 1 && devices <= kMostDevices;
+}
+
+bool MidiPort::Open() {
+  const MidiOpening opening = midi_.OpenMapper();
+  if (opening.result != 0) return false;
+  hMidiOut = opening.handle;
+  mMouseTonesOn = true;
+  return true;
 }
 
 void MidiPort::CloseMidiOut() {
   if (!mMouseTonesOn) return;
   for (int channel = 0; channel < kChannels; ++channel) StopNote(channel);
-  std::ignore = midi.Close(hMidiOut);  // a port that does not close is given up all the same
+  std::ignore = midi_.Close(hMidiOut);  // a port that does not close is given up all the same
   mMouseTonesOn = false;
 }
 
 void MidiPort::SilenceAll() {
   CloseMidiOut();
-  // It fails where nothing played.
-  std::ignore = midi.PlayNamedSound(kSilenceSound, kSilenceModule, kSilenceFlags);
+  // It fails where no sound played.
+  std::ignore = midi_.PlayNamedSound(kSilenceSound, kSilenceModule, kSilenceFlags);
 }
 
 void MidiPort::SetChannelProgram(int channel, std::int32_t instrument) {
   if (instrument < 0 || instrument > 255 || !IsChannel(channel)) return;
-  if (instrument == channels.mChannelProgram[Index(channel)]) return;
-  channels.mChannelProgram[Index(channel)] = instrument;
+  if (instrument == mChannelProgram[Index(channel)]) return;
+  mChannelProgram[Index(channel)] = instrument;
   Send(ProgramChange(channel, instrument));
 }
 
-void MidiPort::PlayNote(int channel) {
-  if (!IsChannel(channel)) return;
-  if (channels.noteNumber[Index(channel)] == channels.noteTarget[Index(channel)]) return;
-  StrikeNote(channel);
+void MidiPort::PresetChannelProgram(int channel, std::int32_t instrument) {
+  if (IsChannel(channel)) mChannelProgram[Index(channel)] = instrument;
 }
 
-void MidiPort::StrikeNote(int channel) {
+std::int32_t MidiPort::ChannelProgram(int channel) const {
+  return IsChannel(channel) ? mChannelProgram[Index(channel)] : 0;
+}
+
+void MidiPort::PlayNote(int channel, Note note) {
+  if (!IsChannel(channel)) return;
+  noteVelocity[Index(channel)] = note.velocity;
+  if (noteNumber[Index(channel)] != note.number) StrikeNote(channel, note);
+}
+
+void MidiPort::StrikeNote(int channel, Note note) {
   if (!IsChannel(channel)) return;
   const std::size_t at = Index(channel);
-  if (channels.noteOn[at]) StopNote(channel);
-  Send(ProgramChange(channel, channels.mChannelProgram[at]));
-  Send(NoteOn(channel, channels.noteTarget[at], channels.noteVelocity[at]));
-  channels.noteOn[at] = true;
-  channels.noteNumber[at] = channels.noteTarget[at];
+  noteVelocity[at] = note.velocity;
+  StopNote(channel);
+  Send(ProgramChange(channel, mChannelProgram[at]));
+  Send(NoteOn(channel, note.number, note.velocity));
+  noteOn[at] = true;
+  noteNumber[at] = note.number;
 }
 
 void MidiPort::StopNote(int channel) {
   if (!IsChannel(channel)) return;
   const std::size_t at = Index(channel);
-  if (!channels.noteOn[at]) return;
+  if (!noteOn[at]) return;
   Send(kEmptyMessage);
-  Send(NoteOff(channel, channels.noteNumber[at], channels.noteVelocity[at]));
-  channels.noteOn[at] = false;
+  Send(NoteOff(channel, noteNumber[at], noteVelocity[at]));
+  noteOn[at] = false;
 }
 
 void MidiPort::StopPositionTones() {
@@ -106,32 +99,17 @@ void MidiPort::StopEventChannels() {
   std::uint32_t message = kEmptyMessage;
   for (const int channel : {kEventChannel, kSpareEventChannel}) {
     const std::size_t at = Index(channel);
-    if (!channels.noteOn[at]) continue;
+    if (!noteOn[at]) continue;
     Send(message);
-    message = NoteOff(channel, channels.noteNumber[at], channels.noteVelocity[at]);
+    message = NoteOff(channel, noteNumber[at], noteVelocity[at]);
     Send(message);
-    channels.noteOn[at] = false;
+    noteOn[at] = false;
   }
-}
-
-void MidiPort::mnuMidiOnOff_Click() {
-  mMidiOn = !mMidiOn;
-  // The mark and the switch are turned each on its own.
-  panel.SetMenuChecked(u"mnuMidiOnOff", !panel.MenuChecked(u"mnuMidiOnOff"));
-  if (mMidiOn) {
-    OpenMidiOut();
-  } else {
-    CloseMidiOut();
-  }
-}
-
-bool MidiPort::WantsToRunWithoutMidi() {
-  return dialogs.AskSpoken(kNoDeviceText, kBoxYesNo, kNoDeviceTitle) == kAnswerYes;
 }
 
 void MidiPort::Send(std::uint32_t message) {
   if (mMouseTonesOn)
-    std::ignore = midi.Send(hMidiOut, message);  // a message that is refused is a note not heard
+    std::ignore = midi_.Send(hMidiOut, message);  // a message that is refused is a note not heard
 }
 
 }  // namespace pointalk

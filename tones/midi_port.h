@@ -1,24 +1,29 @@
-// The one MIDI port: opened and closed here, and every note goes out through it.
+// The one MIDI port: it is opened and closed here, and every note goes out through it.
 #pragma once
 
+#include <array>
 #include <cstdint>
 
-#include "app/spoken_dialogs.h"
 #include "platform/midi_out.h"
-#include "platform/panel.h"
-#include "platform/system.h"
-#include "tones/channel_state.h"
+#include "tones/short_messages.h"
 
 namespace pointalk {
 
+// A note to be started. Neither number is limited to what MIDI knows; both go out as they stand.
+struct Note {
+  std::int32_t number = 0;
+  std::int32_t velocity = 0;
+};
+
 class MidiPort {
  public:
-  MidiPort(MidiOut& theMidi, Panel& thePanel, System& theSystem, SpokenDialogs& theDialogs)
-      : midi(theMidi), panel(thePanel), system(theSystem), dialogs(theDialogs) {}
+  explicit MidiPort(MidiOut& midi) : midi_(midi) {}
 
-  // Opens the port. The first time that it cannot be had, the user is asked whether to go on without; any
-  // answer but Yes ends the program.
-  void OpenMidiOut();
+  // True when the system has a MIDI device.
+  bool HasDevice();
+
+  // False when the port cannot be had; one that is open already stays open then.
+  [[nodiscard]] bool Open();
 
   // Stops every channel and closes the port.
   void CloseMidiOut();
@@ -26,14 +31,22 @@ class MidiPort {
   // Closes the port and stops every sound that the system plays for the program.
   void SilenceAll();
 
-  // The instrument of a channel, 0 to 255; anything else, and the instrument that it has, changes nothing.
+  // Gives a channel an instrument, 0 to 255, at once. Ignored for any other number, and for the
+  // instrument that it has.
   void SetChannelProgram(int channel, std::int32_t instrument);
 
-  // Starts the channel's target note, unless it is the note last started there.
-  void PlayNote(int channel);
+  // Gives a channel an instrument, any number, that the next note started there takes along.
+  void PresetChannelProgram(int channel, std::int32_t instrument);
 
-  // Starts the channel's target note whatever was started last, and ends what sounds on the channel.
-  void StrikeNote(int channel);
+  // The instrument of a channel, from 0.
+  std::int32_t ChannelProgram(int channel) const;
+
+  // Starts the note, unless it is the one last started on the channel; the velocity is taken over in any
+  // case.
+  void PlayNote(int channel, Note note);
+
+  // Starts the note, whichever was started last, and ends what sounds on the channel.
+  void StrikeNote(int channel, Note note);
 
   // Ends the note that sounds on the channel, if any.
   void StopNote(int channel);
@@ -44,26 +57,26 @@ class MidiPort {
   // Ends the event sounds.
   void StopEventChannels();
 
+  // The port is open.
   bool MouseTonesOn() const { return mMouseTonesOn; }
+
+  // The user's switch. It neither opens nor closes the port.
   bool MidiOn() const { return mMidiOn; }
-  void SwitchMidiOn() { mMidiOn = true; }
-
-  ChannelState channels;
-
-  void mnuMidiOnOff_Click();
+  void SwitchMidi(bool on) { mMidiOn = on; }
 
  private:
-  MidiOut& midi;
-  Panel& panel;
-  System& system;
-  SpokenDialogs& dialogs;
+  MidiOut& midi_;
 
   MidiHandle hMidiOut = 0;
-  bool mMouseTonesOn = false;     // the port is open
-  bool mMidiOn = false;           // the user's switch
-  bool mMidiPromptShown = false;  // the question was asked and answered Yes; failures are silent from then on
+  bool mMouseTonesOn = false;
+  bool mMidiOn = false;
 
-  bool WantsToRunWithoutMidi();
+  // By channel.
+  std::array<std::int32_t, kChannels> mChannelProgram{};
+  std::array<bool, kChannels> noteOn{};
+  std::array<std::int32_t, kChannels> noteNumber{};    // of the note last started
+  std::array<std::int32_t, kChannels> noteVelocity{};  // last given, with which the next stop goes out
+
   void Send(std::uint32_t message);
 };
 

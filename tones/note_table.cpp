@@ -1,4 +1,3 @@
-// The four melody formats.
 #include "tones/note_table.h"
 
 #include <array>

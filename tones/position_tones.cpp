@@ -1,4 +1,3 @@
-// From a cell to notes and velocities.
 #include "tones/position_tones.h"
 
 #include <algorithm>
@@ -16,18 +15,21 @@ constexpr double kScalingStep = 5;      // velocity that a scaling of 1 takes pe
 
 }  // namespace
 
+void PositionTones::Play(Point pointer, ScreenPixels screen) {
+  if (!port_.MouseTonesOn()) return;
+  // Columns count from the left, rows from the bottom.
+  PlayCell(GridIndex(pointer.x, screen.width), GridIndex(screen.height - pointer.y, screen.height));
+}
+
 void PositionTones::PlayCell(std::int32_t column, std::int32_t row) {
-  if (!port.MouseTonesOn()) return;
-  const ToneOffsets offsets = table.At(column, row, settings.mMelodyFormat);
-  ChannelState& channels = port.channels;
-  channels.noteTarget[kHigherToneChannel] = kLowestHigherNote + offsets.higher;
-  channels.noteTarget[kLowerToneChannel] = kLowestLowerNote + offsets.lower;
-  channels.noteVelocity[kHigherToneChannel] =
-      ToneVelocity(settings.mHorizontalVolume, settings.mKeyboardScaling, offsets.higher);
-  channels.noteVelocity[kLowerToneChannel] =
-      ToneVelocity(settings.mVerticalVolume + kLowerToneBoost, settings.mKeyboardScaling, offsets.lower);
-  port.PlayNote(kLowerToneChannel);
-  if (settings.mMelodyFormat < 2) port.PlayNote(kHigherToneChannel);
+  const ToneOffsets offsets = table_.At(column, row, settings_.mMelodyFormat);
+  port_.PlayNote(kLowerToneChannel,
+                 {kLowestLowerNote + offsets.lower, ToneVelocity(settings_.mVerticalVolume + kLowerToneBoost,
+                                                                 settings_.mKeyboardScaling, offsets.lower)});
+  if (settings_.mMelodyFormat >= 2) return;
+  port_.PlayNote(kHigherToneChannel,
+                 {kLowestHigherNote + offsets.higher,
+                  ToneVelocity(settings_.mHorizontalVolume, settings_.mKeyboardScaling, offsets.higher)});
 }
 
 std::int32_t GridIndex(double distance, double extent) {

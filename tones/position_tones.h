@@ -10,23 +10,36 @@
 
 namespace pointalk {
 
-class PositionTones {
- public:
-  PositionTones(const ToneSettings& theSettings, MidiPort& thePort) : settings(theSettings), port(thePort) {}
-
-  void BuildNoteTables() { table.BuildNoteTables(); }
-
-  // Plays the notes of a cell; what sounds already goes on sounding. Does nothing while the port is closed.
-  void PlayCell(std::int32_t column, std::int32_t row);
-
- private:
-  const ToneSettings& settings;
-  MidiPort& port;
-  NoteTable table;
+// The screen in pixels; 0 by 0 while its size is not known.
+struct ScreenPixels {
+  double width = 0;
+  double height = 0;
 };
 
-// The column or row of a grid of 20 that a distance from the edge lies in; 20 and more beyond the other edge.
-// Nothing sensible for an extent of 0, which gives 0.
+class PositionTones {
+ public:
+  explicit PositionTones(MidiPort& port) : port_(port) {}
+
+  void BuildNoteTables() { table_.BuildNoteTables(); }
+
+  // The settings are read, changed and given back as one value.
+  const ToneSettings& Settings() const { return settings_; }
+  void Use(const ToneSettings& settings) { settings_ = settings; }
+
+  // Plays the notes of the pointer's place, given in screen pixels; what sounds already goes on sounding.
+  // Sends no message while the port is closed.
+  void Play(Point pointer, ScreenPixels screen);
+
+ private:
+  MidiPort& port_;
+  NoteTable table_;
+  ToneSettings settings_;
+
+  void PlayCell(std::int32_t column, std::int32_t row);
+};
+
+// The column or row of a grid of 20 that a distance from the edge lies in: 20 and more beyond the other edge,
+// and 0 for an extent of 0.
 std::int32_t GridIndex(double distance, double extent);
 
 // A velocity of 0 to 127: the base less what the scaling takes for a note's offset.

@@ -3,9 +3,7 @@
 
 import re
 
-from checking import ROOMS, arguments, report, sources, without_comments
-
-SERVICE_COUNTER = ("app/spoken_dialogs.h", "app/delay_loop.h", "app/input_state.h", "app/timer_pause.h")
+from checking import ROOMS, TABLE, arguments, report, sources, without_comments
 
 STANDARD_HEADERS = set("""
 algorithm any array atomic barrier bit bitset cassert cctype cerrno cfenv cfloat charconv chrono cinttypes climits
@@ -78,9 +76,9 @@ def foreign_headers(files):
 def wrong_rooms(files):
     """Includes in quotes name a file from the root, in a folder that the including one may see."""
     names = {f.name for f in files}
-    visible = {room: ROOMS + ("platform",) for room in ROOMS}
-    visible.update(platform=("platform",), text=("platform", "text"), win32=ROOMS + ("platform", "win32"),
-                   sim=ROOMS + ("platform", "sim"))
+    visible = {room: (room, "platform", *seen) for room, seen in TABLE.items()}
+    visible["text"] = ("text",)
+    visible.update(platform=("platform", "text"), win32=ROOMS + ("platform", "win32"), sim=ROOMS + ("platform", "sim"))
     breaches = []
     for f in files:
         for line, target in f.own_includes():
@@ -91,11 +89,17 @@ def wrong_rooms(files):
     return breaches
 
 
-def behind_the_counter(files):
-    """Other rooms include from app/ only its service counter."""
-    return [f'{f.name}:{line}: "{target}" is not on the service counter of app/' for f in files
-            if f.folder in ROOMS and f.folder != "app" for line, target in f.own_includes()
-            if target.startswith("app/") and target not in SERVICE_COUNTER]
+def other_links(root):
+    """CMakeLists.txt links the rooms along the table."""
+    lists = root / "CMakeLists.txt"
+    text = lists.read_text(encoding="utf-8")
+    linked, breaches = {}, []
+    for match in re.finditer(r"^pointalk_room\(([^)]*)\)", text, re.M):
+        room, *seen = match.group(1).split()
+        linked[room] = set(seen)
+        if linked[room] != set(TABLE.get(room, ())):
+            breaches.append(f"CMakeLists.txt:{text.count(chr(10), 0, match.start()) + 1}: {room} is linked to {seen}")
+    return breaches + [f"CMakeLists.txt:1: {room} is no library of its own" for room in ROOMS if room not in linked]
 
 
 def impure_seam(files):
@@ -136,8 +140,8 @@ def cycles(files):
 def main():
     root = arguments(__doc__).root
     files = [File(root, path) for path in sources(root, ROOMS + ("platform", "win32", "sim"))]
-    rules = (foreign_headers, wrong_rooms, behind_the_counter, impure_seam, macro_names, cycles)
-    report({rule.__doc__: rule(files) for rule in rules})
+    rules = (foreign_headers, wrong_rooms, impure_seam, macro_names, cycles)
+    report({**{rule.__doc__: rule(files) for rule in rules}, other_links.__doc__: other_links(root)})
 
 
 if __name__ == "__main__":

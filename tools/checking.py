@@ -9,7 +9,19 @@ import pathlib
 import re
 import sys
 
-ROOMS = ("text", "app", "tones", "reader", "speech", "crash", "registry")
+# The rooms, from the ground up, with the rooms that each may see.
+TABLE = {
+    "text": (),
+    "input": ("text",),
+    "speech": ("text", "input"),
+    "tones": ("text",),
+    "settings": ("text", "input", "speech", "tones"),
+    "crash": ("text", "input", "speech", "tones"),
+    "registry": ("text", "input", "speech"),
+    "reader": ("text", "input", "speech", "tones", "crash"),
+    "app": ("text", "input", "speech", "tones", "settings", "crash", "registry", "reader"),
+}
+ROOMS = tuple(TABLE)
 OWN_FOLDERS = ROOMS + ("platform", "win32", "sim", "wine", "tests")
 
 COMMENT_OR_LITERAL = re.compile(

@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <memory>
 
-#include "platform/text.h"
+#include "text/text.h"
 
 namespace pointalk::win32 {
 

@@ -5,7 +5,7 @@
 
 #include <atomic>
 
-#include "app/double_clicks.h"
+#include "input/double_clicks.h"
 #include "win32/handles.h"
 
 namespace pointalk::win32 {

@@ -3,9 +3,9 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "platform/text.h"
 #include "speech/phonetics.h"
 #include "text/numbers.h"
+#include "text/text.h"
 
 using namespace pointalk;
 

@@ -7,10 +7,10 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/text.h"
 #include "sim/player.h"
 #include "sim/script.h"
 #include "sim/script_error.h"
+#include "text/text.h"
 
 namespace pointalk::fuzz {
 

@@ -9,18 +9,18 @@ namespace {
 class ScrollBarTest : public StrangeControls {
  protected:
   ScrollBarTest() {
-    port.OpenMidiOut();
-    port.SwitchMidiOn();
+    EXPECT_TRUE(port.Open());
+    port.SwitchMidi(true);
     delay.CalibrateDelayLoop();
-    input.mButtonDown = true;
+    clicks.Take(513);
   }
 
   // Whether the pointer at x, over a part of the bar, makes a sound.
   bool Sounds(TextView part, std::int32_t x) {
-    description.maccName = part;
-    input.mCursorX = x;
+    spot.texts.maccName = part;
+    spot.point.x = x;
     Heard();
-    controls.ReadAccessibleControl(2);
+    controls.ReadAccessibleControl(spot);
     return Heard().find("midi") != std::string::npos;
   }
 };
@@ -36,6 +36,19 @@ TEST_F(ScrollBarTest, AThumbThatWasLeftForAnArrowBeginsAnew) {
   EXPECT_TRUE(Sounds(u"Line down", 15));
   EXPECT_FALSE(Sounds(u"Position", 20));
   EXPECT_TRUE(Sounds(u"Position", 30));
+}
+
+TEST_F(ScrollBarTest, AThumbReadWithTheButtonUpIsWhereADragBegins) {
+  clicks.Take(514);
+  EXPECT_FALSE(Sounds(u"Position", 10));
+  clicks.Take(513);
+  EXPECT_TRUE(Sounds(u"Position", 20));
+}
+
+TEST_F(ScrollBarTest, AnythingElseReadInBetweenEndsTheDrag) {
+  Sounds(u"Position", 10);
+  EXPECT_FALSE(Sounds(u"Document", 15));
+  EXPECT_FALSE(Sounds(u"Position", 20));
 }
 
 }  // namespace

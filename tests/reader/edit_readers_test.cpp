@@ -44,7 +44,7 @@ TEST_F(EditReadersTest, TheLineUnderThePointerIsReadThoughItIsNotTheOneAtTheEdge
 TEST_F(EditReadersTest, AFieldThatDoesNotAnswerIsTakenForItsBeginning) {
   messages.answers[kEmCharFromPos] = std::nullopt;
   messages.answers[kEmLineLength] = std::nullopt;
-  description.maccText = u"Beginning";
+  spot.texts.maccText = u"Beginning";
   edits.ReadEditControl(spot);
   EXPECT_THAT(Asked(kEmLineLength, &StrangeMessages::Sent::wParam), ElementsAre(0u));
   EXPECT_THAT(Asked(kEmLineLength, &StrangeMessages::Sent::lParam), ElementsAre(0u));
@@ -61,15 +61,9 @@ TEST_F(EditReadersTest, ALineWithoutACharacterIsNotFetched) {
 TEST_F(EditReadersTest, ALineWithASingleNulIsNotUsed) {
   messages.answers[kEmLineLength] = 3;
   messages.text = u"ab";
-  description.maccText = u"All of it";
+  spot.texts.maccText = u"All of it";
   edits.ReadEditControl(spot);
   EXPECT_EQ(HeardWords(), "All");
-}
-
-TEST_F(EditReadersTest, RichEditLeavesItsTextWithWholeLineEnds) {
-  description.maccText = u"one\rtwo";
-  edits.ReadRichEdit(spot);
-  EXPECT_EQ(description.maccText, u"one\r\ntwo");
 }
 
 }  // namespace

@@ -43,7 +43,7 @@ class WrittenMemory final : public RemoteMemory {
 class MenuReaderTest : public StrangeControls {
  protected:
   WrittenMemory memory;
-  MenuReader reader{menus, seam.windows, memory, description, speech};
+  MenuReader reader{{menus, platform.windows, memory}, objectSpeech};
 };
 
 TEST_F(MenuReaderTest, SendsBlanksWithAnEndAndReadsThemBack) {
@@ -60,7 +60,7 @@ TEST_F(MenuReaderTest, SendsBlanksWithAnEndAndReadsThemBack) {
 TEST_F(MenuReaderTest, TakesNoneOfTheBlockWhereTheItemHasNoText) {
   memory.changed = true;
   menus.text = u"Open";
-  description.mOfficialClassName = u"Afx";
+  spot.className = u"Afx";
   reader.ReadMenu(spot, false);
   EXPECT_EQ(HeardWords(), "menu");
 }

@@ -1,4 +1,4 @@
-// Whether a reader found something to say about the spot.
+// What readers ask, and what they say of a spot.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -10,33 +10,45 @@ namespace {
 
 using ReaderResults = StrangeControls;
 
-TEST_F(ReaderResults, AccessibleControlsAndButtons) {
-  EXPECT_FALSE(controls.ReadAccessibleControl(2)) << "nothing but the class";
-  description.maccText = u"Name";
-  EXPECT_TRUE(controls.ReadAccessibleControl(2));
-  description.maccName = u"Line up";
-  EXPECT_FALSE(controls.ReadAccessibleControl(2)) << "a scroll bar";
-  EXPECT_TRUE(controls.ReadButton(spot));
-  description.maccText.clear();
-  EXPECT_FALSE(controls.ReadButton(spot));
+TEST_F(ReaderResults, ControlsAreSaidByTextOrTitleOrKind) {
+  controls.ReadAccessibleControl(spot);
+  EXPECT_EQ(HeardWords(), "It is eigh strange");
+  controls.ReadButton(spot);
+  EXPECT_EQ(Heard(), "") << "a button without both is not said";
+  spot.texts.maccText = u"Name";
+  controls.ReadAccessibleControl(spot);
+  EXPECT_EQ(HeardWords(), "Name");
+  controls.ReadButton(spot);
+  EXPECT_EQ(HeardWords(), "Name button");
+  spot.texts.maccName = u"Line up";
+  controls.ReadAccessibleControl(spot);
+  EXPECT_EQ(HeardWords(), "Line up");
+  spot.texts = {};
   messages.answers[kWmGetTextLength] = 5;
   messages.text = u"Title";
-  EXPECT_TRUE(controls.ReadButton(spot));
+  controls.ReadButton(spot);
+  EXPECT_EQ(HeardWords(), "Title");
 }
 
-TEST_F(ReaderResults, ListBoxes) {
+TEST_F(ReaderResults, ItemsOfListBoxesAreSaidOnce) {
   messages.answers[kLbItemFromPoint] = 0x10002;
-  EXPECT_FALSE(listBoxes.ReadListBox(spot)) << "outside the items";
+  listBoxes.ReadListBox(spot);
+  EXPECT_EQ(Heard(), "") << "outside the items";
   messages.answers[kLbItemFromPoint] = 2;
   messages.answers[kLbGetTextLen] = 3;
   messages.text = Text(u"a\0b", 3);
-  EXPECT_FALSE(listBoxes.ReadListBox(spot)) << "no text but data";
-  EXPECT_FALSE(listBoxes.ReadListBox(spot)) << "the same item again";
-  messages.answers[kLbItemFromPoint] = 3;
+  listBoxes.ReadListBox(spot);
+  EXPECT_EQ(Heard(), "") << "no text but data";
   messages.text = u"abc";
-  EXPECT_TRUE(listBoxes.ReadListBox(spot));
+  listBoxes.ReadListBox(spot);
+  EXPECT_EQ(Heard(), "") << "the same item again";
+  messages.answers[kLbItemFromPoint] = 3;
+  listBoxes.ReadListBox(spot);
+  EXPECT_EQ(HeardWords(), "abc");
   messages.answers[kLbItemFromPoint] = 0xFFFF;
-  EXPECT_TRUE(listBoxes.ReadListBox(spot)) << "the last item that the answer has room for";
+  messages.text = u"last";
+  listBoxes.ReadListBox(spot);
+  EXPECT_EQ(HeardWords(), "last") << "the last item that the answer has room for";
 }
 
 TEST_F(ReaderResults, AListViewIsAskedForItsCountWithoutParameters) {
@@ -76,11 +88,19 @@ TEST_F(ReaderResults, ATitleIsAskedForInItsOwnLength) {
   EXPECT_EQ(messages.sent[0].lParam, 0u);
 }
 
-TEST_F(ReaderResults, AListWithoutAHolder) { EXPECT_FALSE(listViews.ReadListView(spot)); }
+TEST_F(ReaderResults, ItemsOfAListViewAreSaidOnceThePointerIsInTheList) {
+  listViews.ReadListView(spot);
+  EXPECT_EQ(Heard(), "") << "blank, and no window above it has a title";
+}
 
-TEST_F(ReaderResults, TheDesktopsOwnList) {
-  history.mOverDesktop = true;
-  EXPECT_FALSE(listViews.ReadListView(spot));
+TEST_F(ReaderResults, ComingOntoTheDesktopIsToldWithTheNextText) {
+  spot.overDesktop = true;
+  listViews.ReadListView(spot);
+  EXPECT_EQ(Heard(), "");
+  EXPECT_EQ(speaker.TakeSpeechPrefix(), u"Desktop, ");
+  spot.wasOverDesktop = true;
+  listViews.ReadListView(spot);
+  EXPECT_EQ(HeardWords(), "Desktop");
 }
 
 }  // namespace

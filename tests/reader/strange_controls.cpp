@@ -2,19 +2,15 @@
 
 namespace pointalk {
 
-StrangeControls::StrangeControls() {
-  EXPECT_TRUE(simulated.platform.sapi5.Create());
-  engine.SetVoice(Engine::Object::kSapi5);
-  settings.mSapiVersion = 5;
-  description.mOfficialClassName = u"Strange";
-}
+StrangeControls::StrangeControls()
+    : Speaking(R"({"windows": [{"id": 2, "class": "Strange", "rect": [0, 0, 400, 400]}]})") {}
 
 StrangeControls::~StrangeControls() = default;
 
 std::string StrangeControls::Heard() {
   const std::string& all = simulated.transcript();
-  std::string fresh = all.substr(heard);
-  heard = all.size();
+  std::string fresh = all.substr(heard_);
+  heard_ = all.size();
   return fresh;
 }
 

@@ -13,7 +13,7 @@
 #include "reader/list_view_reader.h"
 #include "reader/menu_reader.h"
 #include "reader/messages.h"
-#include "tests/sim/simulated.h"
+#include "tests/speech/speaking.h"
 
 namespace pointalk {
 
@@ -73,7 +73,7 @@ class StrangeMenus final : public Menus {
   Text text;
 };
 
-class StrangeControls : public ::testing::Test {
+class StrangeControls : public ::testing::Test, protected Speaking {
  protected:
   StrangeControls();
   ~StrangeControls() override;
@@ -82,33 +82,29 @@ class StrangeControls : public ::testing::Test {
   std::string Heard();
   std::string HeardWords();
 
-  sim::Simulated simulated{R"({"windows": [{"id": 2, "class": "Strange", "rect": [0, 0, 400, 400]}]})"};
-  sim::SimPlatform& seam = simulated.platform;
   StrangeMessages messages;
   StrangeMenus menus;
-  InputState input;
-  ObjectDescription description;
-  SpotHistory history;
   DesktopWindows desktop;
-  VoiceSettings settings;
-  Engine engine{seam.sapi5, seam.sapi4};
-  Pronouncer pronouncer{seam.input, input, description};
-  Speaker speaker{seam.input, seam.panel, input, settings, engine, pronouncer};
-  SpokenDialogs dialogs{seam.dialogs, seam.panel, input, speaker};
-  MidiPort port{seam.midi, seam.panel, seam.system, dialogs};
-  DelayLoop delay{seam.clock};
+  MidiPort port{platform.midi};
+  DelayLoop delay{platform.clock};
   EventSounds sounds{port, delay};
-  ObjectSpeech speech{description, history, pronouncer, speaker};
-  WindowTitle titles{messages, seam.windows};
-  ControlReaders controls{input, description, speech, titles, sounds};
-  ListBoxReader listBoxes{messages, seam.windows, speech, sounds};
-  ListViewReader listViews{
-      {messages, seam.windows, seam.memory, seam.ansi}, desktop, history, speaker, speech, titles, sounds};
-  EditWords words{description, speech};
-  EditReaders edits{{messages, seam.windows, seam.memory}, description, speech, controls, words};
-  MenuReader menuReader{menus, seam.windows, seam.memory, description, speech};
-  Spot spot{{10, 20}, 2};
-  std::size_t heard = 0;
+  ObjectSpeech objectSpeech{pronouncer, speaker};
+  WindowTitle titles{messages, platform.windows};
+  ControlReaders controls{clicks, sounds, objectSpeech, titles};
+  ListBoxReader listBoxes{messages, platform.windows, sounds, objectSpeech};
+  ListViewReader listViews{{messages, platform.windows, platform.memory, platform.ansi},
+                           speaker,
+                           sounds,
+                           desktop,
+                           objectSpeech,
+                           titles};
+  EditWords words{objectSpeech};
+  EditReaders edits{{messages, platform.windows, platform.memory}, objectSpeech, controls, words};
+  MenuReader menuReader{{menus, platform.windows, platform.memory}, objectSpeech};
+  Spot spot{.point = {10, 20}, .window = 2, .className = u"Strange", .lowerClassName = u"strange"};
+
+ private:
+  std::size_t heard_ = 0;
 };
 
 }  // namespace pointalk

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tests/sim/simulated.h"
+#include "tests/speech/speaking.h"
 
 namespace pointalk {
 namespace {
@@ -39,52 +39,32 @@ std::string Lines(std::initializer_list<std::string_view> parts) {
   return lines;
 }
 
-// The rooms that the commands need, with a voice.
-struct Rooms {
-  explicit Rooms(std::string_view script = "{}")
-      : simulated(script),
-        engine(simulated.platform.sapi5, simulated.platform.sapi4),
-        pronouncer(simulated.platform.input, input, description),
-        speaker(simulated.platform.input, simulated.platform.panel, input, settings, engine, pronouncer),
-        dialogs(simulated.platform.dialogs, simulated.platform.panel, input, speaker),
-        registry(simulated.platform.registry, simulated.platform.ansi),
-        autoStart(registry, dialogs) {
-    settings.mSapiVersion = 5;
-    EXPECT_TRUE(simulated.platform.sapi5.Create());
-    engine.SetVoice(Engine::Object::kSapi5);
-  }
-  Rooms(const Rooms&) = delete;
-  Rooms& operator=(const Rooms&) = delete;
+// The commands, and what they need.
+struct CommandsWithAVoice : Speaking {
+  explicit CommandsWithAVoice(std::string_view script = "{}") : Speaking(script) {}
 
   // The values of the Run key by name.
   std::vector<NamedRegistryValue> Values() {
     return registry.EnumerateRegistryValues(u"HKLM\\Software\\Microsoft\\Windows\\CurrentVersion\\Run");
   }
 
-  sim::Simulated simulated;
-  InputState input;
-  ObjectDescription description;
-  VoiceSettings settings;
-  Engine engine;
-  Pronouncer pronouncer;
-  Speaker speaker;
-  SpokenDialogs dialogs;
-  RegistryLayer registry;
-  AutoStart autoStart;
+  SpokenDialogs spokenDialogs{platform.dialogs, platform.panel, clicks, speaker};
+  RegistryLayer registry{platform.registry, platform.ansi};
+  AutoStart autoStart{registry, spokenDialogs};
 };
 
 TEST(AutoStart, WritesTheValueAndConfirms) {
-  Rooms rooms;
-  rooms.autoStart.mnuProgramMakeAutoStart_Click();
-  EXPECT_EQ(rooms.simulated.transcript(), Lines({kSet, kConfirmedOn}));
-  EXPECT_EQ(rooms.registry.Error(), RegistryError());
+  CommandsWithAVoice commands;
+  commands.autoStart.mnuProgramMakeAutoStart_Click();
+  EXPECT_EQ(commands.simulated.transcript(), Lines({kSet, kConfirmedOn}));
+  EXPECT_EQ(commands.registry.Error(), RegistryError());
 }
 
 TEST(AutoStart, MadeTwiceLeavesOneValue) {
-  Rooms rooms;
-  rooms.autoStart.mnuProgramMakeAutoStart_Click();
-  rooms.autoStart.mnuProgramMakeAutoStart_Click();
-  const auto values = rooms.Values();
+  CommandsWithAVoice commands;
+  commands.autoStart.mnuProgramMakeAutoStart_Click();
+  commands.autoStart.mnuProgramMakeAutoStart_Click();
+  const auto values = commands.Values();
   ASSERT_EQ(values.size(), 1u);
   EXPECT_EQ(values[0].name, u"Pointalk");
   EXPECT_EQ(values[0].type, kStringType);
@@ -92,32 +72,32 @@ TEST(AutoStart, MadeTwiceLeavesOneValue) {
 }
 
 TEST(AutoStart, UnmadeWithoutHavingBeenMadeWritesDeletesAndConfirms) {
-  Rooms rooms;
-  rooms.autoStart.mnuProgramMakeNotAutoStart_Click();
-  EXPECT_EQ(rooms.simulated.transcript(), Lines({kSet, kDelete, kConfirmedOff}));
-  EXPECT_TRUE(rooms.Values().empty());
-  EXPECT_EQ(rooms.registry.Error(), RegistryError());
+  CommandsWithAVoice commands;
+  commands.autoStart.mnuProgramMakeNotAutoStart_Click();
+  EXPECT_EQ(commands.simulated.transcript(), Lines({kSet, kDelete, kConfirmedOff}));
+  EXPECT_TRUE(commands.Values().empty());
+  EXPECT_EQ(commands.registry.Error(), RegistryError());
 }
 
 TEST(AutoStart, LeavesTheOtherValuesOfTheRunKey) {
-  Rooms rooms(R"({"machine": {"registry": {
+  CommandsWithAVoice commands(R"({"machine": {"registry": {
       "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run":
           {"Other": "other.exe", "Pointalk": "elsewhere"}}}})");
-  rooms.autoStart.mnuProgramMakeAutoStart_Click();
-  EXPECT_EQ(rooms.Values().size(), 2u);
-  rooms.autoStart.mnuProgramMakeNotAutoStart_Click();
-  const auto values = rooms.Values();
+  commands.autoStart.mnuProgramMakeAutoStart_Click();
+  EXPECT_EQ(commands.Values().size(), 2u);
+  commands.autoStart.mnuProgramMakeNotAutoStart_Click();
+  const auto values = commands.Values();
   ASSERT_EQ(values.size(), 1u);
   EXPECT_EQ(values[0].name, u"Other");
 }
 
 TEST(AutoStart, ConfirmsAlsoWhenDenied) {
-  Rooms rooms(R"({"machine": {"registryDenied": true}})");
-  rooms.autoStart.mnuProgramMakeAutoStart_Click();
-  EXPECT_EQ(rooms.registry.Error(), RegistryError());
-  rooms.autoStart.mnuProgramMakeNotAutoStart_Click();
-  EXPECT_EQ(rooms.simulated.transcript(), Lines({kConfirmedOn, kConfirmedOff}));
-  EXPECT_EQ(rooms.registry.Error(), RegistryError());
+  CommandsWithAVoice commands(R"({"machine": {"registryDenied": true}})");
+  commands.autoStart.mnuProgramMakeAutoStart_Click();
+  EXPECT_EQ(commands.registry.Error(), RegistryError());
+  commands.autoStart.mnuProgramMakeNotAutoStart_Click();
+  EXPECT_EQ(commands.simulated.transcript(), Lines({kConfirmedOn, kConfirmedOff}));
+  EXPECT_EQ(commands.registry.Error(), RegistryError());
 }
 
 }  // namespace

@@ -63,11 +63,5 @@ TEST(RegistryPath, RefusesUnknownRoots) {
   }
 }
 
-TEST(RegistryPath, EndsInOneBackslash) {
-  EXPECT_EQ(EnsureTrailingBackslash(u"HKLM\\A"), u"HKLM\\A\\");
-  EXPECT_EQ(EnsureTrailingBackslash(u"HKLM\\A\\"), u"HKLM\\A\\");
-  EXPECT_EQ(EnsureTrailingBackslash(u""), u"\\");
-}
-
 }  // namespace
 }  // namespace pointalk

@@ -56,8 +56,8 @@ class WrittenSapi4 final : public Sapi4Control {
 class SpeakerTest : public ::testing::Test {
  protected:
   SpeakerTest() {
-    engine.SetVoice(Engine::Object::kSapi4);
-    settings.mSapiVersion = 4;
+    engine.Choose(4);
+    engine.KeepChosen();
   }
 
   // How often the wait for a text of five characters put the position back.
@@ -70,13 +70,12 @@ class SpeakerTest : public ::testing::Test {
   }
 
   sim::Simulated simulated;
-  InputState input;
-  ObjectDescription description;
-  VoiceSettings settings;
+  Keys keys{simulated.platform.input};
+  Clicks clicks;
   WrittenSapi4 sapi4;
-  Engine engine{simulated.platform.sapi5, sapi4};
-  Pronouncer pronouncer{simulated.platform.input, input, description};
-  Speaker speaker{simulated.platform.input, simulated.platform.panel, input, settings, engine, pronouncer};
+  Engine engine{simulated.platform.sapi5, sapi4, simulated.platform.panel};
+  Pronouncer pronouncer{keys};
+  Speaker speaker{keys, clicks, engine, pronouncer};
 };
 
 TEST_F(SpeakerTest, WaitEndsWithoutAWordOrAtTheTextsEnd) {
@@ -100,11 +99,12 @@ TEST_F(SpeakerTest, WaitGivesUpAtTheHundredAndFirstStallInARow) {
 }
 
 TEST_F(SpeakerTest, WaitEndsAtOnceWithTheOtherEnginesVoice) {
-  ASSERT_TRUE(simulated.platform.sapi5.Create());
-  engine.SetVoice(Engine::Object::kSapi5);
-  speaker.SpeakAndWait(u"Hello");
+  Engine unkept{simulated.platform.sapi5, sapi4, simulated.platform.panel};
+  ASSERT_TRUE(unkept.CreateBoth().mHaveSapi5);
+  unkept.Choose(4);
+  Speaker(keys, clicks, unkept, pronouncer).SpeakAndWait(u"Hello");
   EXPECT_EQ(sapi4.readings, 0);
-  EXPECT_EQ(simulated.transcript().find("sapi4"), std::string::npos);
+  EXPECT_EQ(simulated.transcript(), "sapi5 speak 0 \"Hello\"\n");
 }
 
 TEST_F(SpeakerTest, EmptyTextIsRefusedByTheWaitingSpeechAndBlanksAreNot) {
@@ -112,13 +112,6 @@ TEST_F(SpeakerTest, EmptyTextIsRefusedByTheWaitingSpeechAndBlanksAreNot) {
   EXPECT_THAT(sapi4.calls, IsEmpty());
   speaker.SpeakAndWait(u" ");
   EXPECT_THAT(sapi4.calls, ElementsAre("reset", "speak u\" \""));
-}
-
-TEST_F(SpeakerTest, AnotherVersionSpeaksAsSapi4DoesAndWaitsForNothing) {
-  settings.mSapiVersion = 3;
-  EXPECT_EQ(PositionsPutBack({3, 3, 3}), 0u);
-  EXPECT_EQ(sapi4.readings, 0);
-  EXPECT_THAT(sapi4.calls, ElementsAre("reset", "speak u\"Hello\""));
 }
 
 TEST_F(SpeakerTest, EngineThatRefusesEverythingIsSpokenToAllTheSame) {
@@ -159,13 +152,13 @@ TEST_F(SpeakerTest, PrefixThatIsTakenIsGone) {
 }
 
 TEST_F(SpeakerTest, PendingClickIsForgottenByRawSpeechOnlyThatSpeaks) {
-  input.mPendingEventText = u"Click";
+  clicks.Take(513);
   speaker.SpeakText(u"one");
   speaker.SpeakAndWait(u"two");
   speaker.SpeakRaw(u"   ");
-  EXPECT_EQ(input.mPendingEventText, u"Click");
-  speaker.SpeakRaw(input.mPendingEventText);
-  EXPECT_EQ(input.mPendingEventText, u"");
+  EXPECT_EQ(clicks.Pending(), u"Click");
+  speaker.SpeakRaw(clicks.Pending());
+  EXPECT_EQ(clicks.Pending(), u"");
   EXPECT_EQ(sapi4.calls.back(), "speak u\"Click\"");
 }
 
@@ -180,27 +173,39 @@ TEST_F(SpeakerTest, BlankRawSpeechStillLetsATextBeRepeated) {
 TEST_F(SpeakerTest, ShiftIsReadAnewAtEveryText) {
   simulated.machine.keys[kKeyShift].down = true;
   speaker.SpeakText(u"Ob");
-  EXPECT_TRUE(input.mShiftDown);
-  input.mSpellingBlocked = true;
+  EXPECT_TRUE(keys.ShiftDown());
+  const SpellingBlock block(keys);
   speaker.SpeakText(u"Cd");
   simulated.machine.keys[kKeyShift].down = false;
   speaker.SpeakText(u"Cd");
-  EXPECT_FALSE(input.mShiftDown) << "also for a text that is not said again";
+  EXPECT_FALSE(keys.ShiftDown()) << "also for a text that is not said again";
   EXPECT_THAT(sapi4.calls, ElementsAre("reset", "speak u\"Capitl O b\"", "reset", "speak u\"Cd\""));
 }
 
-TEST_F(SpeakerTest, NothingHoldsSpeech) {
-  EXPECT_FALSE(speaker.HoldsSpeech());
-  speaker.SpeakAndWait(u"one");
-  EXPECT_FALSE(speaker.HoldsSpeech());
+TEST_F(SpeakerTest, TextsAboutTheClockAreTimes) {
+  speaker.SetSubject(u"TrayClockWClass");
+  speaker.SpeakText(u"10:05 AM");
+  speaker.SetSubject(u"Button");
+  speaker.SpeakText(u"OK");
+  ASSERT_EQ(sapi4.calls.size(), 4u);
+  EXPECT_THAT(sapi4.calls[1], ::testing::HasSubstr("System Clock,  1  0  oh  5"));
+  EXPECT_EQ(sapi4.calls[3], "speak u\"O K\"");
 }
 
-TEST_F(SpeakerTest, PronouncedTextIsTheSameAsAString) {
-  EXPECT_EQ(pronouncer.PronounceTextToString(u"TrayClock 2.5"), pronouncer.PronounceText(u"TrayClock 2.5"));
-  EXPECT_EQ(pronouncer.PronounceTextToString(u"TrayClock 2.5"), u"Tray Clock  2  dot  5");
-  simulated.machine.keys[kKeyShift].down = true;
-  EXPECT_EQ(pronouncer.PronounceTextToString(u"Ok"), u"Capitl O k");
-  EXPECT_EQ(pronouncer.PronounceTextToString(u""), u"");
+TEST_F(SpeakerTest, SilenceCutsOffAndSaysNoText) {
+  speaker.Silence();
+  EXPECT_THAT(sapi4.calls, ElementsAre("reset"));
+}
+
+TEST_F(SpeakerTest, MuteIsTurnedOnAndOff) {
+  speaker.ToggleMute();
+  speaker.SpeakText(u"one");
+  speaker.SpeakRaw(u"two");
+  speaker.SpeakAndWait(u"three");
+  EXPECT_THAT(sapi4.calls, IsEmpty());
+  speaker.ToggleMute();
+  speaker.SpeakRaw(u"four");
+  EXPECT_THAT(sapi4.calls, ElementsAre("reset", "speak u\"four\""));
 }
 
 }  // namespace

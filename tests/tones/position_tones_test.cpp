@@ -1,12 +1,61 @@
 // From a place on the screen to a cell, and from a note to its velocity.
 #include "tones/position_tones.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <limits>
 
+#include "tests/tones/written_midi.h"
+
 namespace pointalk {
 namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class PositionTonesTest : public ::testing::Test, protected PortOnWrittenMidi {
+ protected:
+  PositionTonesTest() {
+    EXPECT_TRUE(port.Open());
+    positionTones.BuildNoteTables();
+    positionTones.Use({.mVerticalVolume = 30, .mHorizontalVolume = 40});
+  }
+
+  PositionTones positionTones{port};
+};
+
+TEST_F(PositionTonesTest, PlayColumnsFromTheLeftAndRowsFromTheBottom) {
+  positionTones.Play({0, 768}, {1024, 768});
+  EXPECT_THAT(midi.TakeSent(), ElementsAre(0xCEu, 0x32289Eu, 0xCDu, 0x284C9Du)) << "notes 40 and 76";
+  positionTones.Play({1023, 0}, {1024, 768});
+  EXPECT_THAT(midi.TakeSent(), ElementsAre(0u, 0x32288Eu, 0xCEu, 0x323B9Eu, 0u, 0x284C8Du, 0xCDu, 0x285F9Du))
+      << "notes 59 and 95";
+}
+
+TEST_F(PositionTonesTest, PlayOneToneInTheOneToneFormats) {
+  for (const std::int32_t format : {2, 3}) {
+    ToneSettings changed = positionTones.Settings();
+    changed.mMelodyFormat = format;
+    positionTones.Use(changed);
+    positionTones.Play({0, format == 2 ? 0 : 768}, {1024, 768});
+    for (const std::uint32_t message : midi.TakeSent()) EXPECT_EQ(message & 0xFU, message == 0 ? 0u : 14u);
+  }
+}
+
+TEST_F(PositionTonesTest, PlayNothingWhileThePortIsClosed) {
+  port.CloseMidiOut();
+  positionTones.Play({0, 768}, {1024, 768});
+  EXPECT_THAT(midi.sent, IsEmpty());
+  EXPECT_TRUE(port.Open());
+  positionTones.Play({0, 768}, {1024, 768});
+  EXPECT_EQ(midi.sent.size(), 4u) << "the notes were not taken for played";
+}
+
+TEST_F(PositionTonesTest, PlayTheFirstCellOfAScreenOfUnknownSize) {
+  positionTones.Play({500, 500}, {});
+  EXPECT_THAT(midi.TakeSent(), ElementsAre(0xCEu, 0x32289Eu, 0xCDu, 0x284C9Du));
+}
 
 TEST(GridIndex, CutsAnExtentIntoTwentyCells) {
   constexpr struct {

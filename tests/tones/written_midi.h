@@ -1,13 +1,10 @@
-// A MIDI port that writes down what is sent, and the room that owns it.
+// A MIDI port on a system that writes down what is sent.
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <utility>
 #include <vector>
 
-#include "app/spoken_dialogs.h"
-#include "tests/sim/simulated.h"
 #include "tones/midi_port.h"
 
 namespace pointalk {
@@ -43,16 +40,8 @@ class WrittenMidi final : public MidiOut {
 };
 
 struct PortOnWrittenMidi {
-  sim::Simulated simulated;
-  InputState input;
-  ObjectDescription description;
-  VoiceSettings settings;
-  Engine engine{simulated.platform.sapi5, simulated.platform.sapi4};
-  Pronouncer pronouncer{simulated.platform.input, input, description};
-  Speaker speaker{simulated.platform.input, simulated.platform.panel, input, settings, engine, pronouncer};
-  SpokenDialogs dialogs{simulated.platform.dialogs, simulated.platform.panel, input, speaker};
   WrittenMidi midi;
-  MidiPort port{midi, simulated.platform.panel, simulated.platform.system, dialogs};
+  MidiPort port{midi};
 };
 
 }  // namespace pointalk

@@ -10,6 +10,9 @@ import tempfile
 import unittest
 
 TOOLS = pathlib.Path(__file__).resolve().parent.parent
+sys.path.insert(0, str(TOOLS))
+
+import checking  # noqa: E402
 
 
 class CheckCase(unittest.TestCase):
@@ -46,11 +49,13 @@ class Layers(CheckCase):
     def setUp(self):
         super().setUp()
         self.put("platform/clock.h", "#pragma once\n#include <optional>\n// HANDLE, GetMessage\nclass Clock {};\n")
-        self.put("app/input_state.h", '#include "platform/clock.h"\n')
-        self.put("app/mouse.h", '#include "app/input_state.h"\n#include "tones/tones.h"\n')
-        self.put("tones/tones.h", '#include <array>\n#include "app/input_state.h"\n')
-        self.put("win32/clock.cpp", '#include <windows.h>\n#include "platform/clock.h"\n#include "app/mouse.h"\n')
-        self.put("sim/clock.cpp", '#include <nlohmann/json.hpp>\n#include "app/mouse.h"\n')
+        for room, seen in checking.TABLE.items():
+            above_the_seam = "" if room == "text" else '#include "platform/clock.h"\n'
+            self.put(f"{room}/a.h", above_the_seam + "".join(f'#include "{lower}/a.h"\n' for lower in seen))
+        self.put("CMakeLists.txt", "".join(f"pointalk_room({' '.join((room, *seen))})\n"
+                                           for room, seen in checking.TABLE.items()))
+        self.put("win32/clock.cpp", '#include <windows.h>\n#include "platform/clock.h"\n#include "app/a.h"\n')
+        self.put("sim/clock.cpp", '#include <nlohmann/json.hpp>\n#include "app/a.h"\n')
 
     def spoilt(self, name, text, because):
         self.put(name, text)
@@ -80,9 +85,28 @@ class Layers(CheckCase):
     def test_an_include_is_not_seen_from_the_root(self):
         self.spoilt("tones/a.cpp", '#include "tones.h"\n', '"tones.h" is no file of ours')
 
-    def test_a_room_reaches_over_the_counter(self):
-        self.put("app/menus.h", "")
-        self.spoilt("tones/a.cpp", '#include "app/menus.h"\n', "not on the service counter")
+    def test_every_arrow_that_the_table_lacks(self):
+        for room, seen in checking.TABLE.items():
+            for other in checking.ROOMS:
+                if other == room or other in seen:
+                    continue
+                with self.subTest(room=room, other=other):
+                    self.put(f"{other}/b.h", "")
+                    self.spoilt(f"{room}/c.cpp", f'#include "{other}/b.h"\n', f'{room}/ may not include "{other}/b.h"')
+                    (self.root / room / "c.cpp").unlink()
+
+    def test_the_ground_includes_the_seam(self):
+        self.spoilt("text/b.cpp", '#include "platform/clock.h"\n', 'text/ may not include "platform/clock.h"')
+
+    def test_a_room_is_linked_against_the_table(self):
+        lists = self.root / "CMakeLists.txt"
+        self.spoilt("CMakeLists.txt", lists.read_text().replace("(tones text)", "(tones text speech)"),
+                    "tones is linked to ['text', 'speech']")
+
+    def test_a_room_is_no_library(self):
+        lists = self.root / "CMakeLists.txt"
+        self.spoilt("CMakeLists.txt", lists.read_text().replace("pointalk_room(crash", "pointalk_roof(crash"),
+                    "crash is no library of its own")
 
     def test_the_seam_has_code(self):
         self.spoilt("platform/clock.cpp", "", "the seam has no code")
@@ -94,8 +118,8 @@ class Layers(CheckCase):
         self.spoilt("platform/a.h", "bool GetMessage();\n", "<windows.h> has a macro GetMessage")
 
     def test_includes_form_a_cycle(self):
-        self.put("tones/b.h", '#include "tones/a.h"\n')
-        self.spoilt("tones/a.h", '#include "tones/b.h"\n', "include cycle")
+        self.put("tones/b.h", '#include "tones/c.h"\n')
+        self.spoilt("tones/c.h", '#include "tones/b.h"\n', "include cycle")
 
 
 class Names(CheckCase):

@@ -15,7 +15,7 @@
 #include <tuple>
 #include <vector>
 
-#include "app/delay_loop.h"
+#include "tones/delay_loop.h"
 #include "win32/accessibility.h"
 #include "win32/clock.h"
 #include "win32/com.h"

@@ -2,7 +2,7 @@
 // once the first ones are saved.
 #include <cstdio>
 
-#include "tones/settings_text.h"
+#include "settings/settings_text.h"
 #include "win32/files.h"
 
 int main() {

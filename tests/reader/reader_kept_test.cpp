@@ -1,0 +1,57 @@
+// What is kept in this room although the program does not use it.
+#include <gtest/gtest.h>
+
+#include "tests/reader/strange_controls.h"
+
+namespace pointalk {
+namespace {
+
+using KeptInReader = StrangeControls;
+
+class VersionedSystem final : public System {
+ public:
+  std::optional<SystemVersion> Version() override { return version; }
+  Text ProgramFolder() override { return {}; }
+  Text ShortPath(TextView, int) override { return {}; }
+  bool SetClipboard(TextView) override { return false; }
+  bool ShellOpen(TextView, TextView, TextView, TextView, int) override { return false; }
+  void EndProgram() override { throw sim::ProgramGone{}; }
+
+  std::optional<SystemVersion> version;
+};
+
+TEST(IsWindows95, HoldsForOneVersionOnly) {
+  VersionedSystem system;
+  EXPECT_FALSE(IsWindows95(system)) << "the system does not tell";
+  constexpr struct {
+    SystemVersion version;
+    bool is;
+  } kRows[] = {
+      {{1, 4, 0}, true},  {{1, 4, 10}, false}, {{1, 4, 90}, false}, {{1, 3, 0}, false},
+      {{2, 4, 0}, false}, {{2, 5, 1}, false},  {{0, 4, 0}, false},  {{2, 10, 0}, false},
+  };
+  for (const auto& row : kRows) {
+    system.version = row.version;
+    EXPECT_EQ(IsWindows95(system), row.is)
+        << row.version.platform << " " << row.version.major << " " << row.version.minor;
+  }
+}
+
+TEST(KeptDesktopWindows, TellTheVersionThatWasFoundWithThem) {
+  for (const bool is : {true, false}) {
+    sim::Simulated simulated(is ? R"({"machine": {"windows95": true}})" : "{}");
+    DesktopWindows desktop{0, 0, !is};
+    desktop.FindDesktopIconList(simulated.platform.system, simulated.platform.windows);
+    EXPECT_EQ(desktop.mIsWindows95, is);
+  }
+}
+
+TEST_F(KeptInReader, RichEditLeavesItsTextWithWholeLineEnds) {
+  spot.texts.maccText = u"one\rtwo";
+  EXPECT_EQ(edits.ReadRichEdit(spot), u"one\r\ntwo");
+  spot.texts.maccRole = u"scroll bar";
+  EXPECT_EQ(edits.ReadRichEdit(spot), u"one\rtwo") << "where no line was read";
+}
+
+}  // namespace
+}  // namespace pointalk

@@ -1,0 +1,27 @@
+#include "tones/delay_loop.h"
+
+#include "text/numbers.h"
+
+namespace pointalk {
+namespace {
+
+constexpr std::int32_t kMostPasses = 1'000'000;
+
+}  // namespace
+
+void DelayLoop::CalibrateDelayLoop() {
+  const double target = Rounded(clock_.SecondsSinceMidnight() + 1.0);
+  std::int32_t pass = 1;
+  for (; pass <= kMostPasses; ++pass) {
+    clock_.SpinPass();
+    if (clock_.SecondsSinceMidnight() > target) break;
+  }
+  mDelayLoopsPerSecond = pass;
+}
+
+void DelayLoop::BusyWait(std::int32_t milliseconds) {
+  const std::int64_t passes = std::int64_t{mDelayLoopsPerSecond} * milliseconds / 1000;
+  for (std::int64_t pass = 1; pass <= passes; ++pass) clock_.SpinPass();
+}
+
+}  // namespace pointalk
