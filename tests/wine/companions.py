@@ -75,6 +75,7 @@ class CompanionTest(unittest.TestCase):
             "POINTALK_WAVES": str(self.waves),
             "WINEDLLOVERRIDES": "mscoree,mshtml,winedbg.exe,winemenubuilder.exe=;winmm=n,b",
             "WINEDEBUG": "-all",
+            "POINTALK_FLUIDSYNTH": "fluidsynth",
             # No sound, whatever the machine has: nobody wants to hear the tests.
             "ALSA_CONFIG_PATH": "/dev/null", "PULSE_SERVER": "none", "PIPEWIRE_REMOTE": "none",
         }

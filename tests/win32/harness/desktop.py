@@ -36,7 +36,9 @@ class Desktop:
         self._screen = screen
         self._server = None
         self._runs = 0
-        self.environment = {**os.environ, "WINEARCH": "win64", "WINEDEBUG": "-all", "WINEDLLOVERRIDES": OVERRIDES}
+        # Notes are written down and not played: FluidSynth takes a second of a core each time it begins.
+        self.environment = {**os.environ, "WINEARCH": "win64", "WINEDEBUG": "-all", "WINEDLLOVERRIDES": OVERRIDES,
+                            "POINTALK_FLUIDSYNTH": "true"}
 
     def __enter__(self):
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="pointalk-desktop-"))
