@@ -7,12 +7,17 @@ function(pointalk_glob result)
   set(${result} ${files} PARENT_SCOPE)
 endfunction()
 
+option(POINTALK_UNITY "Compile each library of ours as one file: quicker, but a file can do without its own includes" OFF)
+
 # A static library of ours from `SOURCES`, with the libraries that its users need as well.
 function(pointalk_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
   add_library(${name} STATIC ${arg_SOURCES})
   target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
   target_link_libraries(${name} PUBLIC ${arg_LIBRARIES} PRIVATE pointalk_compiling)
+  if(POINTALK_UNITY)
+    set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
+  endif()
   if(POINTALK_CLANG_TIDY)
     set_target_properties(${name} PROPERTIES CXX_CLANG_TIDY "${POINTALK_CLANG_TIDY}")
   endif()

@@ -6,7 +6,7 @@ namespace pointalk {
 namespace {
 
 constexpr int kMostParents = 65;
-constexpr int kClassLimit = 511;
+constexpr int kTopClassLimit = 511;
 constexpr TextView kTaskBar = u"TaskBar";
 constexpr TextView kTaskBarClass = u"shell_tray";
 
@@ -31,7 +31,7 @@ bool TopWindow::IsDesktops(WindowHandle window) const {
 }
 
 Text TopWindow::ClassOf(WindowHandle window) {
-  return windows_.ClassOf(window, kClassLimit).value_or(Text());
+  return windows_.ClassOf(window, kTopClassLimit).value_or(Text());
 }
 
 Text TopWindow::NameBelowDesktop(WindowHandle window) {

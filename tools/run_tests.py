@@ -237,7 +237,7 @@ def run_all(tally, wanted):
         return side_by_side((tally.run, wanted(WHOLE_PROGRAM)), (tally.run, wanted(COMPANIONS)))
 
     for step in NATIVE + [step for step in COMPANIONS if not step.counts]:
-        step.command = ["nice", "-n", "10", *step.command]  # what waits for a sound or a window goes first
+        step.yields = True  # what waits for a sound or a window goes first
     with tally.telling_what_runs(ALL):
         side_by_side((for_windows,), (tally.run, wanted(NATIVE)))
         tally.run(wanted(LAST))
