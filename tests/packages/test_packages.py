@@ -205,7 +205,7 @@ class Boxes(PackageCase):
         (self.folder / "mine.txt").unlink()
         self.begin_to_remove("y")
         self.answer("Pointalk Uninstall", "Pointalk is removed.", "Return")
-        self.assertFalse(self.folder.exists())
+        wait_until(lambda: not self.folder.exists(), SOON, "the folder is removed")
 
 
 if __name__ == "__main__":

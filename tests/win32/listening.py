@@ -126,7 +126,7 @@ class Listening(unittest.TestCase):
 
     def leave(self):
         """Away from everything, until the pointer rests there."""
-        self.hand.move(*self.away)
+        self.point(self.away)
         self.rest()
 
     def speech(self, since):

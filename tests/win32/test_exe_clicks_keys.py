@@ -107,7 +107,7 @@ class ClicksAndKeys(Listening):
     def test_control_with_shift_names_the_top_window_even_at_rest(self):
         for place, name in (((1000, 600), "DeskTop"), (self.target.centre("tasks"), "TaskBar"), (OK, "")):
             with self.subTest(name):
-                self.hand.move(*place)
+                self.point(place)
                 self.rest()
                 since = now()
                 with self.hand.held("shift", "ctrl"):

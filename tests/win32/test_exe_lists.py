@@ -18,15 +18,23 @@ class Lists(Listening):
     def setUp(self):
         self.leave()  # over no icon
 
-    def at_rest(self, place):
-        """What is said and sounded on the way from one rest to the next."""
+    def at_rest(self, place, words=None, earcons=None):
+        """What is said and sounded on the way from one rest to the next; waits for the words and sounds that are named."""
         since = now()
-        self.hand.move(*place)
+        self.point(place)
+        for text in words or []:
+            self.heard.wait_words(text, SOON, since)
+        if earcons:
+            wait_until(lambda: self.earcons(since) == earcons, SOON, lambda: f"{earcons}; heard {self.heard.lines(since)}")
         self.rest()
         return self.heard.words(since), self.earcons(since)
 
+    def assert_at_rest(self, place, words, earcons):
+        """Just these are said and sounded on the way from one rest to the next."""
+        self.assertEqual(self.at_rest(place, words, earcons), (words, earcons))
+
     def come_from_button(self):
-        self.hand.move(*self.target.centre("ok"))
+        self.point(self.target.centre("ok"))
         self.rest()
 
     def make_list(self, name, holder, title, rect, *items, **options):
@@ -43,21 +51,21 @@ class Lists(Listening):
         self.addCleanup(self.target.ask, "show", "controls")
         words, earcons = self.at_rest(self.target.place("icons", "item", 0))
         self.assertEqual((words[-1], earcons[-1]), ("Desktop, " + for_the_ear(ICONS[0]), "NewIcon"))
-        self.assertEqual(self.at_rest(self.target.place("icons", "label", 0)), ([], []))
+        self.assert_at_rest(self.target.place("icons", "label", 0), [], [])
         for index in range(1, 5):
-            self.assertEqual(self.at_rest(self.target.place("icons", "label", index)), ([for_the_ear(ICONS[index])], ["NewIcon"]))
-        self.assertEqual(self.at_rest((500, 600)), (["Desktop"], ["OffIcon"]))
-        self.assertEqual(self.at_rest((600, 600)), ([], []))
-        self.assertEqual(self.at_rest(self.target.place("icons", "item", 4)), ([for_the_ear(ICONS[4])], ["NewIcon"]))
+            self.assert_at_rest(self.target.place("icons", "label", index), [for_the_ear(ICONS[index])], ["NewIcon"])
+        self.assert_at_rest((500, 600), ["Desktop"], ["OffIcon"])
+        self.assert_at_rest((600, 600), [], [])
+        self.assert_at_rest(self.target.place("icons", "item", 4), [for_the_ear(ICONS[4])], ["NewIcon"])
 
     def test_items_of_another_window_after_its_name(self):
         self.come_from_button()
         words, earcons = self.at_rest(self.target.place("details", "label", 0))
         self.assertEqual((words, earcons), (["Controls, " + for_the_ear("Report.txt")], ["NewWindow", "NewIcon"]))
-        self.assertEqual(self.at_rest(self.target.place("details", "label", 2)), ([for_the_ear("Photo.jpg")], ["NewIcon"]))
+        self.assert_at_rest(self.target.place("details", "label", 2), [for_the_ear("Photo.jpg")], ["NewIcon"])
         left, _, right, bottom = self.target.windows["details"]["rect"]
-        self.assertEqual(self.at_rest(((left + right) // 2, bottom - 5)), (["Controls,"], ["OffIcon"]))
-        self.assertEqual(self.at_rest(self.target.place("details", "label", 1)), ([for_the_ear("Budget.xls")], ["NewIcon"]))
+        self.assert_at_rest(((left + right) // 2, bottom - 5), ["Controls,"], ["OffIcon"])
+        self.assert_at_rest(self.target.place("details", "label", 1), [for_the_ear("Budget.xls")], ["NewIcon"])
 
     def test_from_list_to_list_each_holder_is_named(self):
         self.make_list("first", "north", "North", (600, 100, 900, 250), "One", "Two", class_="SysListView32")
@@ -84,9 +92,9 @@ class Lists(Listening):
         words, earcons = self.at_rest(self.target.place("list", "item", 1))
         self.assertEqual((words[-1], earcons[-1]), ("Banana", "ListBoxHit"))
         x, y = self.target.place("list", "item", 1)
-        self.assertEqual(self.at_rest((x + 10, y + 1)), ([], []))
+        self.assert_at_rest((x + 10, y + 1), [], [])
         for index, text in ((2, "Cherry"), (0, "Apple"), (3, "Date")):
-            self.assertEqual(self.at_rest(self.target.place("list", "item", index)), ([text], ["ListBoxHit"]))
+            self.assert_at_rest(self.target.place("list", "item", index), [text], ["ListBoxHit"])
 
     def test_a_list_box_that_was_scrolled(self):
         self.target.ask("send", "list", "LB_SETTOPINDEX", 0, 0)
@@ -97,7 +105,7 @@ class Lists(Listening):
             with self.subTest(said):
                 self.target.ask("send", "list", "LB_SETTOPINDEX", top, 0)
                 x += 1
-                self.assertEqual(self.at_rest((x, y)), ([said], [*scroll, "ListBoxHit"]))
+                self.assert_at_rest((x, y), [said], [*scroll, "ListBoxHit"])
 
     def test_below_the_last_item_of_a_list_box(self):
         self.make_list("short", "box", "Box", (600, 100, 900, 250), "One", "Two", class_="ListBox")
@@ -106,14 +114,14 @@ class Lists(Listening):
         self.rest()
         words, earcons = self.at_rest((750, 230))
         self.assertEqual((words, set(earcons)), ([], {"OffVisibleArea"}))
-        self.assertEqual(self.at_rest(self.target.place("short", "item", 1)), ([], []))  # still the last item that was hit
+        self.assert_at_rest(self.target.place("short", "item", 1), [], [])  # still the last item that was hit
         self.visit(self.target.place("short", "item", 0), "One")
 
     def test_a_list_box_that_draws_its_data_itself_only_sounds(self):
         self.come_from_button()
         self.at_rest(self.target.place("drawn", "item", 2))
         for index in (1, 0, 2):
-            self.assertEqual(self.at_rest(self.target.place("drawn", "item", index)), ([], ["ListBoxHit"]))
+            self.assert_at_rest(self.target.place("drawn", "item", index), [], ["ListBoxHit"])
 
     def test_one_record_stays_in_the_first_list_and_nothing_in_any_other(self):
         records = [block for block in self.target.blocks().values()

@@ -22,7 +22,6 @@ PLACES = ("ok", "field", "list", "details", "tree", "combo")
 @unittest.skipUnless(MINUTES, "POINTALK_LONG_TESTS is not set")
 class LongRun(Listening):
     layouts = ("elements", "controls")
-    settings = settings_text(VerticalVolume=60, HorizontalVolume=60, MouseMelodyFormat=0)
     environment = QUICK
 
     def sample(self, probe):

@@ -8,7 +8,7 @@ namespace pointalk::wine {
 
 namespace {
 
-constexpr std::int64_t kLongestStart = 5'000'000;
+constexpr std::int64_t kLongestStart = 15'000'000;
 
 // Process ids repeat from one run to the next; the clock does not.
 std::wstring NewFolder(const wchar_t* name) {

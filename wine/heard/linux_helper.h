@@ -15,7 +15,7 @@ namespace pointalk::wine {
 class LinuxHelper {
  public:
   // Makes a new folder under the temporary one, writes the script there and starts it in the folder. Takes
-  // some milliseconds, at most 5 s; see Running.
+  // some milliseconds, at most 15 s; see Running.
   LinuxHelper(const wchar_t* name, std::string_view script);
   ~LinuxHelper();
   LinuxHelper(const LinuxHelper&) = delete;

@@ -23,7 +23,7 @@ fi
 exec >/dev/null 2>&1
 folder=$PWD
 mkfifo commands || exit
-(sleep 10; : >commands) &  # should nobody ever open it, the end of the file is read
+(sleep 60; : >commands) &  # should nobody ever open it, the end of the file is read
 guard=$!
 exec <commands
 kill $guard

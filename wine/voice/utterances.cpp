@@ -15,7 +15,7 @@ namespace pointalk::wine {
 
 namespace {
 
-constexpr std::int64_t kLongestMaking = 5'000'000;
+constexpr std::int64_t kLongestMaking = 15'000'000;
 constexpr std::int64_t kLongestTail = 2'000'000;  // that a player may take beyond the length of the wave
 constexpr auto kLook = std::chrono::milliseconds(4);
 

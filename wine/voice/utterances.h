@@ -42,7 +42,7 @@ class Utterances {
   void CutAll();
 
   // Returns when the utterance is over in any way. Each part that sounds has its own length as a limit, and
-  // espeak-ng 5 s to make it; an engine that does not answer therefore ends the wait too.
+  // espeak-ng 15 s to make it; an engine that does not answer therefore ends the wait too.
   void WaitUntilOver(std::int64_t number);
 
   // How far the utterance has come, in UTF-16 units; nothing while it is not sounding.
