@@ -112,8 +112,6 @@ COMPANIONS = [
 NATIVE = [
     python_tests("self-tests", TOOLS / "tests"),
     check("layers"),
-    check("names"),
-    check("sizes"),
     check("guide"),
     check("format", lacks=lacks_program("clang-format-14")),
     tidied_preset("linux-asan-clang"),

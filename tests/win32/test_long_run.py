@@ -8,7 +8,6 @@ import re
 import time
 import unittest
 
-from harness import settings_text
 from listening import QUICK, Listening
 
 MINUTES = float(os.environ.get("POINTALK_LONG_TESTS") or 0)

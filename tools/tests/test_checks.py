@@ -122,51 +122,6 @@ class Layers(CheckCase):
         self.spoilt("tones/c.h", '#include "tones/b.h"\n', "include cycle")
 
 
-class Names(CheckCase):
-    def setUp(self):
-        super().setUp()
-        subprocess.run(["git", "init", "-q", self.root], check=True)
-        self.put("README.md", "This part is 1.2 seconds long; issues arise in work/ and in parts.\n")
-
-    def test_plain_text_passes(self):
-        self.passes("check_names.py", "--root", self.root)
-
-    def test_text_that_points_outside(self):
-        for text in ("see /" + "work/main", "in /" + "root/x", "Part " + "1.2", "s" + "pec.md", "i" + "ssue #3",
-                     "I" + "ssue 12"):
-            with self.subTest(text):
-                self.put("a.txt", f"first\n{text}\n")
-                self.fails("check_names.py", "--root", self.root, because="a.txt:2: ")
-
-    def test_ignored_files_are_not_read(self):
-        self.put(".gitignore", "/build/\n")
-        self.put("build/a.txt", "/" + "work/main\n")
-        self.passes("check_names.py", "--root", self.root)
-
-
-class Sizes(CheckCase):
-    @staticmethod
-    def routine(lines):
-        return "int Long(int a,\n         int b) {\n" + "  a += b;\n" * (lines - 4) + "  return a;\n}\n"
-
-    def test_seventy_lines_pass(self):
-        self.put("app/a.cpp", "namespace pointalk {\n\n" + self.routine(70) + "\n}  // namespace pointalk\n")
-        self.passes("check_sizes.py", "--root", self.root)
-
-    def test_seventy_one_fail(self):
-        self.put("app/a.cpp", "namespace pointalk {\n\n" + self.routine(71) + "\n}  // namespace pointalk\n")
-        self.fails("check_sizes.py", "--root", self.root, because="app/a.cpp:3: a routine of 71 lines")
-
-    def test_a_table_passes(self):
-        self.put("app/a.cpp", "constexpr int kTable[] = {\n" + "    1,\n" * 100 + "};\n\nint F() {\n  return 1;\n}\n")
-        self.passes("check_sizes.py", "--root", self.root)
-
-    def test_a_long_file_is_named(self):
-        self.put("app/a.h", "int a;\n" * 301)
-        self.passes("check_sizes.py", "--root", self.root)
-        self.assertIn("warning: app/a.h has 301 lines", self.output)
-
-
 class Format(CheckCase):
     def setUp(self):
         super().setUp()
