@@ -18,7 +18,7 @@ class SimControlMessages final : public ControlMessages {
   std::optional<Text> ListBoxText(WindowHandle handle, std::int32_t item, std::int32_t length) override;
 
  private:
-  // The window when it answers messages, else nothing.
+  // The window when it answers messages, else null.
   const Window* Answering(WindowHandle handle) const;
 
   std::int32_t AskListBox(const ListBox& box, std::uint32_t message, std::uint32_t wParam,

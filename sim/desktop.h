@@ -18,7 +18,7 @@ struct Menu {
   };
   std::vector<Item> items;
 
-  // Nothing for a position out of range.
+  // Null for a position out of range.
   const Item* At(std::int32_t position) const;
 };
 
@@ -32,7 +32,7 @@ class Desktop {
 
   std::span<const Window> windows() const { return windows_; }
 
-  // Nothing when there is none, and for 0.
+  // Null when there is none, and for 0.
   const Window* Find(WindowHandle id) const;
   const Window* VisibleAt(Point screen) const;
   const Menu* FindMenu(MenuHandle menu) const;

@@ -15,7 +15,7 @@ class SimDialogs final : public Dialogs {
   Text AskByInput(TextView prompt, TextView title, TextView proposed) override;
 
  private:
-  // Nothing when the script has no answer left.
+  // No value when the script has no answer left.
   std::optional<Answer> NextAnswer();
 
   Machine& machine_;

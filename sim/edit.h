@@ -26,7 +26,7 @@ class Edit {
   // The text as the code page has it; lineEnd parts its lines.
   Edit(Text text, Layout layout, TextView lineEnd);
 
-  // The character nearest to a client point; nothing in an empty text.
+  // The character nearest to a client point; no value in an empty text.
   std::optional<Place> CharacterFromPoint(Point client) const;
 
   // The last line for an index past the text, the first for a negative one.

@@ -17,7 +17,7 @@ struct ListBox {
   // The item at a client point; past the items 65,536 plus the last index, or 65,536 when there are none.
   std::int32_t ItemFromPoint(Point client) const;
 
-  // Nothing for an index out of range.
+  // Null for an index out of range.
   const Text* Item(std::int32_t index) const;
 };
 

@@ -18,7 +18,7 @@ class SimPanel final : public Panel {
   void SetTimerInterval(int) override {}  // the script's ticks are 30 ms apart whatever is set
   bool MenuChecked(TextView name) override;
   void SetMenuChecked(TextView name, bool checked) override;
-  void LetMessagesRun() override {}  // nothing waits: events come from the script's steps only
+  void LetMessagesRun() override {}  // no message waits: events come from the script's steps only
 
  private:
   Machine& machine_;

@@ -20,7 +20,7 @@ class ProcessMemory {
 
   void Free(ProcessId process, RemoteAddress block);
 
-  // Copies to and from anywhere within one block. False, with nothing changed, where the range is not in one.
+  // Copies to and from anywhere within one block. False, with no byte changed, where the range is not in one.
   bool Write(ProcessId process, RemoteAddress to, std::span<const std::byte> from);
   bool Read(ProcessId process, RemoteAddress from, std::span<std::byte> to) const;
 
@@ -34,7 +34,7 @@ class ProcessMemory {
  private:
   using Key = std::pair<ProcessId, RemoteAddress>;
 
-  // The bytes from an address to its block's end; nothing outside every block.
+  // The bytes from an address to its block's end; empty outside every block.
   std::span<const std::byte> From(Key key) const;
 
   std::map<Key, std::vector<std::byte>> blocks_;

@@ -38,7 +38,7 @@ struct RegistryNode {
   Text path;  // from the long root name on
   std::vector<RegistryEntry> entries;
 
-  // One that is spelt so goes before one that differs in case; nothing when there is none of that name.
+  // One that is spelt so goes before one that differs in case; null when there is none of that name.
   RegistryEntry* Find(TextView name);
 
   // The entry of that name, made where it is missing.
@@ -49,7 +49,7 @@ class RegistryTree {
  public:
   RegistryTree();
 
-  // Nothing when there is no such key.
+  // Null when there is no such key.
   RegistryNode* Find(TextView path);
 
   // The key of that path, which begins with a root key's long name; made with its parents where they are

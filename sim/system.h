@@ -1,4 +1,4 @@
-// The simulated machine as a whole.
+// The simulated machine's version, paths, clipboard and shell.
 #pragma once
 
 #include "platform/system.h"

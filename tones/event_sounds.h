@@ -13,9 +13,8 @@ class EventSounds {
  public:
   EventSounds(MidiPort& port, DelayLoop& delay) : port_(port), delay_(delay) {}
 
-  // Plays the sound of an event by its exact name; any other name strikes note 0 of channel 0 at
-  // velocity 0. Silent
-  // while the user has MIDI switched off. The note sounds on until it is stopped.
+  // Plays the sound of an event by its exact name; any other name strikes note 0 of channel 0 at velocity 0.
+  // Silent while the user has MIDI switched off. The note sounds on until it is stopped.
   void PlayEarcon(TextView eventName);
 
   void StopEarcon() { port_.StopEventChannels(); }

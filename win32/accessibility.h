@@ -33,7 +33,7 @@ class WinAccessibility final : public Accessibility {
   void WelcomeBack();
 
   Patience& patience_;
-  std::unique_ptr<ObjectWorker> worker_;  // with nothing to do
+  std::unique_ptr<ObjectWorker> worker_;  // idle between questions; null while there is none
   std::vector<LeftBehind> leftBehind_;
 };
 

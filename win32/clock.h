@@ -7,8 +7,8 @@
 
 namespace pointalk::win32 {
 
-// Reads the time of day once and counts on from there by the machine's counter, so that setting the system's
-// time moves nothing that is measured here.
+// Reads the time of day once and counts on from there by the machine's counter, so that the times
+// measured here stay right when the system's time is set.
 class WinClock final : public Clock {
  public:
   WinClock();

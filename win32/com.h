@@ -37,7 +37,7 @@ struct FreedByCom {
 };
 using ComText = std::unique_ptr<OLECHAR, FreedByCom>;
 
-// Nothing when there is no memory.
+// Null when there is no memory.
 ComText MakeComText(TextView text);
 
 // At most 1,048,576 characters: a text that another program made may be of any length.

@@ -18,7 +18,7 @@ class WinControlMessages final : public ControlMessages {
   std::optional<Text> ListBoxText(WindowHandle window, std::int32_t item, std::int32_t length) override;
 
  private:
-  // The low 32 bits of the result, signed; nothing when the message was not answered.
+  // The low 32 bits of the result, signed; no value when the message was not answered.
   std::optional<std::int32_t> Ask(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   void NoteTaken(HWND window, ULONGLONG begin, ULONGLONG end);
 

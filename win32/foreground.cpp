@@ -4,7 +4,7 @@
 
 namespace pointalk::win32 {
 
-// An input of our own, here a mouse movement by nothing, makes us that program.
+// An input of our own, here a mouse movement by no distance, makes us that program.
 void ClaimForeground() {
   INPUT nothing{};
   nothing.type = INPUT_MOUSE;

@@ -18,8 +18,7 @@ class GuardedBuffer {
   GuardedBuffer(const GuardedBuffer&) = delete;
   GuardedBuffer& operator=(const GuardedBuffer&) = delete;
 
-  // The first characters, made NULs; nothing when there is no memory. The memory is taken when first asked
-  // for.
+  // The first characters, made NULs; null when there is no memory. The memory is taken when first asked for.
   wchar_t* Cleared(std::size_t characters);
 
  private:

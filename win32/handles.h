@@ -1,4 +1,4 @@
-// Owners of what the system hands out.
+// Owners of the system's handles, which give them back.
 #pragma once
 
 #include <windows.h>

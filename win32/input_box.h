@@ -13,7 +13,8 @@ class InputBox {
   InputBox(std::wstring prompt, std::wstring title, std::wstring proposed)
       : prompt_(std::move(prompt)), title_(std::move(title)), answer_(std::move(proposed)) {}
 
-  // Returns once the box is closed: the text in it, or nothing when it was cancelled or could not be shown.
+  // Returns once the box is closed: the text in it, or an empty one when it was cancelled or could not
+  // be shown.
   // The proposed text stands there selected, so that typing replaces it; Enter accepts and Escape cancels.
   std::wstring Ask(HWND owner);
 

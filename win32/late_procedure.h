@@ -5,7 +5,7 @@
 
 namespace pointalk::win32 {
 
-// A function of a library that is loaded already; nothing where this system lacks it.
+// A function of a library that is loaded already; null where this system lacks it.
 template <typename Procedure> Procedure LateProcedure(const wchar_t* library, const char* name) {
   const HMODULE module = GetModuleHandleW(library);
   if (module == nullptr) return nullptr;

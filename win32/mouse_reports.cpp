@@ -5,7 +5,7 @@ namespace {
 
 constexpr UINT kCheckInterval = 1000;  // milliseconds
 
-// A hook is called on the thread that installed it, with nothing that tells for whom.
+// A hook is called on the thread that installed it, with no argument that tells for whom.
 thread_local MouseReports* watching = nullptr;
 
 DoubleClicks::Limits SystemLimits() {

@@ -1,4 +1,4 @@
-// The question to the accessible object at a point. Nothing in it has a time limit.
+// The question to the accessible object at a point. It has no time limit of its own.
 #pragma once
 
 #include <optional>
@@ -7,7 +7,7 @@
 
 namespace pointalk::win32 {
 
-// Nothing when there is no object. COM has to be there on the thread.
+// No value when there is no object. COM has to be there on the thread.
 std::optional<AccessibleFacts> AskObjectAt(Point screen);
 
 }  // namespace pointalk::win32

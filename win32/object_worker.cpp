@@ -37,7 +37,7 @@ struct ObjectWorker::Shared {
   std::optional<Point> NextQuestion();
 };
 
-// Nothing when the thread is to end.
+// No value when the thread is to end.
 std::optional<Point> ObjectWorker::Shared::NextQuestion() {
   const Locked locked(lock);
   while (!question && !unwanted) SleepConditionVariableSRW(&asked, &lock, INFINITE, 0);

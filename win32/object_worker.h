@@ -13,7 +13,7 @@ namespace pointalk::win32 {
 
 class ObjectWorker {
  public:
-  // Nothing when the system gives no thread.
+  // Null when the system gives no thread.
   static std::unique_ptr<ObjectWorker> Start();
 
   // The thread ends once it is back from what it was asked last; nobody waits for that.

@@ -183,8 +183,8 @@ void WinPanel::LetMessagesRun() {
   }
 }
 
-// Only the foreground program's window may hand the keyboard to the next one; a minimised one has nothing to
-// do.
+// Only the foreground program's window may hand the keyboard to the next one; one that is minimised stays as
+// it is.
 void WinPanel::Minimise() {
   if (IsIconic(window_)) return;
   KeepFocus();  // the system takes it from the control before it tells

@@ -21,7 +21,7 @@ class WinPanel final : public Panel {
 
   HWND window() const { return window_; }
 
-  // From now on the form hears what happens; it has to stay until nothing is told any more.
+  // From now on the form hears what happens; it has to stay for as long as messages are handled.
   void Serve(PanelEvents* events) { events_ = events; }
 
   // Handles messages until somebody ends the thread's message loop.

@@ -8,7 +8,7 @@
 
 namespace pointalk::win32 {
 
-// With access keys, shortcuts beside the captions and the check marks of the start. Nothing on failure.
+// With access keys, shortcuts beside the captions and the check marks of the start. Null on failure.
 HMENU MakePanelMenu();
 
 OwnedAccelerators MakePanelAccelerators();
@@ -19,7 +19,7 @@ UINT EntryCommand(TextView name);
 // The command of a button by its place in the table.
 UINT ButtonCommand(std::size_t index);
 
-// Nothing for a number that is no command.
+// Null for a number that is no command.
 Handler HandlerOf(UINT command);
 
 }  // namespace pointalk::win32

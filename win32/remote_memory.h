@@ -15,7 +15,7 @@ class WinRemoteMemory final : public RemoteMemory {
   void Free(ProcessId process, RemoteAddress block) override;
 
  private:
-  // The open process; nothing for one that is gone or will not be opened.
+  // The open process; null for one that is gone or will not be opened.
   HANDLE Open(ProcessId process);
 
   // Whether a call succeeded; after one that did not, a process that has ended is let go.

@@ -1,4 +1,4 @@
-// The system as a whole.
+// The system's version, paths, clipboard and shell, and the end of the program.
 #pragma once
 
 #include <windows.h>

@@ -68,7 +68,7 @@ windows_path() {
 sapi5='{96749377-3391-11D2-9EE3-00C04F797396}'
 sapi4='{EEE78591-FE22-11D0-8BEF-0060081841DE}'
 
-# Wine's own SpVoice, which answers nothing, goes as well when there is to be none.
+# Wine's own SpVoice, which answers no call, goes as well when there is to be none.
 engine_keys() {
   printf '[-HKEY_LOCAL_MACHINE\\Software\\Classes\\CLSID\\%s]\n\n' "$1"
   [ "$2" = present ] || return 0

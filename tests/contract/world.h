@@ -97,7 +97,7 @@ class World {
   // lines; after a time those that there are.
   virtual std::vector<std::string> Heard(std::size_t count) = 0;
 
-  // A file as it stands on disk; nothing when it is missing.
+  // A file as it stands on disk; no value when it is missing.
   virtual std::optional<std::string> FileBytes(FilePath path) = 0;
   // From now on the file can be read but not written.
   virtual void MakeReadOnly(FilePath path) = 0;

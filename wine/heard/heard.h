@@ -44,7 +44,7 @@ class HeardLine {
 std::int64_t Now();
 
 // The file or folder that an environment variable names, as a Windows path. A Linux path (it begins with "/")
-// is taken as such. Nothing when the variable is not set or empty.
+// is taken as such. No value when the variable is not set or empty.
 std::optional<std::wstring> PathFromEnvironment(const wchar_t* variable);
 
 }  // namespace pointalk::wine

@@ -34,7 +34,7 @@ bool LinuxHelper::Start() {
   wchar_t command[] = L"Z:\\bin\\sh script";
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;
-  PROCESS_INFORMATION process{};  // Wine fills in nothing that could be used for a Linux program
+  PROCESS_INFORMATION process{};  // Wine fills in no handle that could be used for a Linux program
   return CreateProcessW(L"Z:\\bin\\sh", command, nullptr, nullptr, FALSE, DETACHED_PROCESS, nullptr,
                         mFolder.c_str(), &startup, &process) != FALSE;
 }

@@ -10,7 +10,7 @@
 namespace pointalk::wine {
 
 // The command of FluidSynth's shell for a short message. Data bytes keep their low seven bits, as a device
-// sees them. Nothing for a message without a status byte (the value 0 among them) and for those that
+// sees them. No value for a message without a status byte (the value 0 among them) and for those that
 // FluidSynth's shell has no command for.
 std::optional<std::string> ShellCommand(std::uint32_t message);
 

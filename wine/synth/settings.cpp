@@ -9,7 +9,7 @@ namespace pointalk::wine {
 
 namespace {
 
-// The whole numbers in a list with anything between them; nothing when the variable is not set.
+// The whole numbers in a list with anything between them; empty when the variable is not set.
 std::vector<unsigned> Numbers(const char* variable) {
   char value[256];
   const DWORD length = GetEnvironmentVariableA(variable, value, sizeof value);

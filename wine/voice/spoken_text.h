@@ -8,7 +8,7 @@
 
 namespace pointalk::wine {
 
-// Nothing in it but blanks and control characters.
+// True for an empty text, and for one of blanks and control characters only.
 bool IsBlank(std::u16string_view text);
 
 struct TextPart {

@@ -45,7 +45,7 @@ class Utterances {
   // espeak-ng 15 s to make it; an engine that does not answer therefore ends the wait too.
   void WaitUntilOver(std::int64_t number);
 
-  // How far the utterance has come, in UTF-16 units; nothing while it is not sounding.
+  // How far the utterance has come, in UTF-16 units; no value while it is not sounding.
   std::optional<std::size_t> Position(std::int64_t number);
 
  private:

@@ -26,7 +26,7 @@ class DialogAnswers {
   std::vector<std::thread> hands_;
 };
 
-// The dialog of this process that shows; nothing when there is none.
+// The dialog of this process that shows; null when there is none.
 HWND OwnDialog();
 
 // Keys that type a text of digits and small letters.
