@@ -223,15 +223,21 @@ class TestsBuilt(CheckCase):
 class Rehearsals(CheckCase):
     def setUp(self):
         super().setUp()
-        self.put("goldens/crosses.json", "{}")
-        self.put("goldens/crosses.txt", "midi 0x1\n")
+        self.rehearsal("tones/crosses", "midi 0x1\n")
         self.player("printf 'midi 0x1\\n'")
 
-    def player(self, body):
-        self.put("player", f"#!/bin/sh\n{body}\n").chmod(0o755)
+    def rehearsal(self, name, golden):
+        self.put(f"tests/rehearsals/{name}.json", "{}")
+        self.put(f"tests/rehearsals/{name}.txt", golden)
 
-    def arguments(self):
-        return ["--program", self.root / "player", self.root / "goldens"]
+    def golden(self, name):
+        return (self.root / "tests" / "rehearsals" / f"{name}.txt").read_text(encoding="utf-8")
+
+    def player(self, body, name="player"):
+        self.put(name, f"#!/bin/sh\n{body}\n").chmod(0o755)
+
+    def arguments(self, *names):
+        return ["--root", self.root, "--program", self.root / "player", *names]
 
     def test_same_transcript(self):
         self.passes("check_rehearsals.py", *self.arguments())
@@ -242,7 +248,7 @@ class Rehearsals(CheckCase):
         self.fails("check_rehearsals.py", *self.arguments(), because="+midi 0x2")
 
     def test_missing_golden(self):
-        (self.root / "goldens" / "crosses.txt").unlink()
+        (self.root / "tests" / "rehearsals" / "tones" / "crosses.txt").unlink()
         self.fails("check_rehearsals.py", *self.arguments(), because="has no golden text")
 
     def test_crash(self):
@@ -252,17 +258,50 @@ class Rehearsals(CheckCase):
     def test_refused_script(self):
         self.player("echo 'steps[0]: unknown' >&2; exit 2")
         self.fails("check_rehearsals.py", *self.arguments(), because="+! steps[0]: unknown")
-        self.put("goldens/crosses.txt", "! steps[0]: unknown\n")
+        self.rehearsal("tones/crosses", "! steps[0]: unknown\n")
         self.passes("check_rehearsals.py", *self.arguments())
 
     def test_rebaseline(self):
         self.player("printf 'midi 0x2\\n'")
         self.passes("check_rehearsals.py", *self.arguments(), environment={"REBASELINE": "1"})
-        self.assertEqual((self.root / "goldens" / "crosses.txt").read_text(), "midi 0x2\n")
+        self.assertEqual(self.golden("tones/crosses"), "midi 0x2\n")
 
     def test_no_rehearsal_at_all(self):
-        (self.root / "goldens" / "crosses.json").unlink()
+        (self.root / "tests" / "rehearsals" / "tones" / "crosses.json").unlink()
         self.assertEqual(self.run_tool("check_rehearsals.py", *self.arguments()), 1)
+
+    def test_by_name(self):
+        self.rehearsal("tones/stop", "midi 0x1\n")
+        self.rehearsal("lists/labels", "midi 0x2\n")
+        for name in ("crosses", "tests/rehearsals/tones/crosses.json", "crosses.txt"):
+            with self.subTest(name):
+                self.passes("check_rehearsals.py", *self.arguments(name))
+                self.assertEqual(self.last_line, "1 passed, 0 failed")
+        self.fails("check_rehearsals.py", *self.arguments("crosses", "labels"), because="FAILED: lists/labels.json")
+        self.assertEqual(self.last_line, "1 passed, 1 failed")
+
+    def test_by_folder(self):
+        self.rehearsal("tones/stop", "midi 0x1\n")
+        self.rehearsal("lists/labels", "midi 0x2\n")
+        for names in (["tones"], ["tests/rehearsals/tones/"], ["tones", "crosses"]):
+            with self.subTest(names):
+                self.passes("check_rehearsals.py", *self.arguments(*names))
+                self.assertEqual(self.last_line, "2 passed, 0 failed")
+
+    def test_unknown_name(self):
+        self.assertEqual(self.run_tool("check_rehearsals.py", *self.arguments("crosses", "cross")), 2)
+        self.assertIn("no rehearsal and no folder of them is called cross\n", self.output)
+
+    def test_newest_program(self):
+        self.player("printf 'midi 0x1\\n'", "build/plain/pointalk-rehearse")
+        self.passes("check_rehearsals.py", "--root", self.root)
+        self.player("printf 'midi 0x2\\n'", "build/linux-asan-clang/pointalk-rehearse")
+        os.utime(self.root / "build" / "plain" / "pointalk-rehearse", (1, 1))
+        self.fails("check_rehearsals.py", "--root", self.root, because="+midi 0x2")
+
+    def test_no_program(self):
+        self.assertEqual(self.run_tool("check_rehearsals.py", "--root", self.root), 2)
+        self.assertIn("no pointalk-rehearse is built", self.output)
 
 
 if __name__ == "__main__":
