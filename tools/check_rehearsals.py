@@ -6,8 +6,9 @@
 NAME is a rehearsal or a folder in tests/rehearsals, with or without what stands before and after its name in a path;
 without names all are played. The program is the newest that the presets linux-asan-clang and plain have built unless one
 is given. With REBASELINE=1 in the environment the transcripts become the golden texts; read the difference before
-committing it. A golden text that begins with `! ` is of a script that is to be refused: exit status 2, nothing on
-standard output, and what stands after `! ` on standard error."""
+committing it. Golden texts in starts/ are whole; in the others a line such as `(starts as usual)` stands for what
+starts/as-usual.txt has (tools/start_blocks.py). A golden text that begins with `! ` is of a script that is to be
+refused: exit status 2, nothing on standard output, and what stands after `! ` on standard error."""
 
 import argparse
 import concurrent.futures
@@ -16,6 +17,8 @@ import os
 import pathlib
 import subprocess
 import sys
+
+from start_blocks import StartBlocks
 
 SECONDS = 60
 BUILDS = ("linux-asan-clang", "plain")
@@ -36,19 +39,19 @@ def play(program, script):
     raise ValueError(f"exit status {run.returncode}\n{errors}")
 
 
-def compare(program, script, rebaseline):
+def compare(program, script, starts, rebaseline):
     """What differs from the golden text; empty when nothing does."""
     golden = script.with_suffix(".txt")
     try:
         played = play(program, script)
+        if rebaseline:
+            golden.write_bytes(starts.fold(played).encode("utf-8"))
+            return ""
+        if not golden.exists():
+            return "has no golden text"
+        expected = starts.unfold(golden.read_bytes().decode("utf-8"))
     except (ValueError, OSError) as error:
         return str(error)
-    if rebaseline:
-        golden.write_bytes(played.encode("utf-8"))
-        return ""
-    if not golden.exists():
-        return "has no golden text"
-    expected = golden.read_bytes().decode("utf-8")
     if expected == played:
         return ""
     return "\n".join(difflib.unified_diff(expected.split("\n"), played.split("\n"), "golden", "played", lineterm=""))
@@ -90,17 +93,26 @@ def arguments():
     return options
 
 
+def compare_all(options, scripts, starts):
+    """How many differ; they are told."""
+    rebaseline = os.environ.get("REBASELINE") == "1"
+    failed = 0
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        results = pool.map(lambda script: compare(options.program.resolve(), script, starts, rebaseline), scripts)
+        for script, difference in zip(scripts, results):
+            if difference:
+                failed += 1
+                print(f"FAILED: {script.relative_to(options.folder)}\n{difference}")
+    return failed
+
+
 def main():
     options = arguments()
-    rebaseline = os.environ.get("REBASELINE") == "1"
-    failed = []
-    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        results = pool.map(lambda script: compare(options.program.resolve(), script, rebaseline), options.scripts)
-        for script, difference in zip(options.scripts, results):
-            if difference:
-                failed.append(script)
-                print(f"FAILED: {script.relative_to(options.folder)}\n{difference}")
-    print(f"{len(options.scripts) - len(failed)} passed, {len(failed)} failed")
+    blocks = options.folder / "starts"
+    failed = compare_all(options, [script for script in options.scripts if script.parent == blocks], StartBlocks({}))
+    starts = StartBlocks.read(sorted(blocks.glob("*.json")))
+    failed += compare_all(options, [script for script in options.scripts if script.parent != blocks], starts)
+    print(f"{len(options.scripts) - failed} passed, {failed} failed")
     sys.exit(1 if failed or not options.scripts else 0)
 
 
