@@ -115,7 +115,8 @@ bool Ended(const std::string& transcript) {
 
 std::vector<std::filesystem::path> Rehearsals() {
   std::vector<std::filesystem::path> found;
-  for (const auto& entry : std::filesystem::directory_iterator(POINTALK_SOURCE_DIR "/tests/rehearsals")) {
+  const std::filesystem::path folder = POINTALK_SOURCE_DIR "/tests/rehearsals";
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
     if (entry.path().extension() == ".json") found.push_back(entry.path());
   }
   std::sort(found.begin(), found.end());

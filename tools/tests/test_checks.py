@@ -175,50 +175,5 @@ class TestsBuilt(CheckCase):
                 self.fails("check_tests_built.py", "--root", self.root, self.root / "build", because=left_out.name)
 
 
-class Rehearsals(CheckCase):
-    def setUp(self):
-        super().setUp()
-        self.put("goldens/crosses.json", "{}")
-        self.put("goldens/crosses.txt", "midi 0x1\n")
-        self.player("printf 'midi 0x1\\n'")
-
-    def player(self, body):
-        self.put("player", f"#!/bin/sh\n{body}\n").chmod(0o755)
-
-    def arguments(self):
-        return ["--program", self.root / "player", self.root / "goldens"]
-
-    def test_same_transcript(self):
-        self.passes("check_rehearsals.py", *self.arguments())
-        self.assertEqual(self.last_line, "1 passed, 0 failed")
-
-    def test_other_transcript(self):
-        self.player("printf 'midi 0x2\\n'")
-        self.fails("check_rehearsals.py", *self.arguments(), because="+midi 0x2")
-
-    def test_missing_golden(self):
-        (self.root / "goldens" / "crosses.txt").unlink()
-        self.fails("check_rehearsals.py", *self.arguments(), because="has no golden text")
-
-    def test_crash(self):
-        self.player("printf 'midi 0x1\\n'; kill -SEGV $$")
-        self.fails("check_rehearsals.py", *self.arguments(), because="exit status -11")
-
-    def test_refused_script(self):
-        self.player("echo 'steps[0]: unknown' >&2; exit 2")
-        self.fails("check_rehearsals.py", *self.arguments(), because="+! steps[0]: unknown")
-        self.put("goldens/crosses.txt", "! steps[0]: unknown\n")
-        self.passes("check_rehearsals.py", *self.arguments())
-
-    def test_rebaseline(self):
-        self.player("printf 'midi 0x2\\n'")
-        self.passes("check_rehearsals.py", *self.arguments(), environment={"REBASELINE": "1"})
-        self.assertEqual((self.root / "goldens" / "crosses.txt").read_text(), "midi 0x2\n")
-
-    def test_no_rehearsal_at_all(self):
-        (self.root / "goldens" / "crosses.json").unlink()
-        self.assertEqual(self.run_tool("check_rehearsals.py", *self.arguments()), 1)
-
-
 if __name__ == "__main__":
     unittest.main()
