@@ -62,7 +62,7 @@ windows_path() {
   /*) path=$1 ;;
   *) path=$PWD/$1 ;;
   esac
-  printf 'Z:%s' "$path" | tr / '\\'
+  printf 'Z:%s' "$path" | tr / '\134'  # a backslash
 }
 
 sapi5='{96749377-3391-11D2-9EE3-00C04F797396}'
