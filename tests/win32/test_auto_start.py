@@ -2,7 +2,6 @@
 
 import re
 import subprocess
-import unittest
 
 from harness import names_desktop, now, wait_until
 from panel_case import SOON, DesktopCase
@@ -67,7 +66,3 @@ class AutoStart(DesktopCase):
             marker = elsewhere / "DidWarn.flg"
             wait_until(marker.exists, SOON, "the marker")
             self.assertEqual(marker.read_bytes(), b"Been there done that.\r\n")
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -3,7 +3,6 @@
 import os
 import random
 import time
-import unittest
 
 from harness import now
 from panel_case import DesktopCase, check_whole
@@ -99,7 +98,3 @@ class Kills(DesktopCase):
             self.hand.move(*self.target.centre(name))
             self.pointalk.heard.wait(lambda line: name.lower() in line.get("text", "").lower().replace(" ", ""), 100, since, name)
             self.assertNotIn("WM_GETOBJECT", self.target.counts(name))
-
-
-if __name__ == "__main__":
-    unittest.main()

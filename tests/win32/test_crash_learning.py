@@ -1,7 +1,6 @@
 """A class that brings Pointalk down is asked about, learnt and avoided; its neighbours are read as before."""
 
 import time
-import unittest
 
 from harness import names_desktop, now, wait_until
 from panel_case import SOON, DesktopCase
@@ -150,7 +149,3 @@ class Learning(DesktopCase):
         self.pointalk.kill()
         self.asked("n", "No.", NO_PROBLEM)
         self.assertIsNone(self.pointalk.file("BadClasses.txt"))
-
-
-if __name__ == "__main__":
-    unittest.main()

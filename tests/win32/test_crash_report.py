@@ -1,7 +1,5 @@
 """The crash report: armed by the menu, made by a right click or Shift, mailed by the link that the shell opens."""
 
-import unittest
-
 from harness import Mail, names_desktop, now, wait_until
 from panel_case import SOON, DesktopCase
 
@@ -115,7 +113,3 @@ class Report(DesktopCase):
         self.hand.click("right")
         self.wiggle_until_said(DONE, since)
         self.mailed_once()
-
-
-if __name__ == "__main__":
-    unittest.main()

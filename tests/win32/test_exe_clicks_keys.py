@@ -1,7 +1,6 @@
 """What is said when buttons and keys are pressed: clicks, the kind of an object, the top window, spelling."""
 
 import time
-import unittest
 
 from harness import now, wait_until
 from listening import QUICK, SOON, Listening, for_the_ear
@@ -123,7 +122,3 @@ class ClicksAndKeys(Listening):
                 self.visit(place, for_the_ear(text, spelled=True))
         self.hand.release("shift")
         self.visit(OK, for_the_ear("OK button"))
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -1,7 +1,5 @@
 """Buttons, labels, boxes, trees, scroll bars, parts of a menu bar, and the task bar with its clock."""
 
-import unittest
-
 from harness import now
 from listening import EARCON, QUICK, SOON, Listening, for_the_ear, note_on
 
@@ -104,7 +102,3 @@ class Controls(Listening):
         self.visit(self.target.centre("tasks"), "Running Applications, client area")
         self.visit((880, 752), "It is eigh Siss- Tray")
         self.assertEqual([words for words in self.heard.words(since) if words.startswith("Tasck")], self.heard.words(since)[:1])
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -98,7 +98,3 @@ class Ends(unittest.TestCase):
         self.hand.move(300, 500)
         self.heard.wait(lambda line: line["what"] == "midi", SOON, since)
         self.assertEqual(self.pointalk.file("status.txt"), "running\r\n")
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -125,7 +125,3 @@ class NoEngine(EngineCase):
         self.pointalk.wait_for_end()
         self.assertIsNone(self.pointalk.file("status.txt"))
         self.assertEqual(self.speech(), [])
-
-
-if __name__ == "__main__":
-    unittest.main()

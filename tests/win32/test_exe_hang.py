@@ -3,7 +3,6 @@ still hang. And what a resting pointer asks of others: nothing."""
 
 import os
 import signal
-import unittest
 
 from harness import now, wait_until
 from listening import QUICK, SOON, Listening, notes_at
@@ -114,7 +113,3 @@ class Hanging(Listening):
                     self.heard.wait(lambda line: "Top Window is" in line.get("text", ""), SOON, since)
                 self.assertEqual(self.target.all_counts(), {})
                 self.assertEqual([message for message in self.heard.midi(since) if message & 0xF0 == 0x90], [])
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -2,7 +2,6 @@
 hang, and no memory is left in them."""
 
 import itertools
-import unittest
 
 from harness import wait_until
 from listening import QUICK, SOON, Listening
@@ -159,7 +158,3 @@ class HostileControls(Listening):
                 self.stay_over(name, lambda: name not in living(), f"{name} goes")
                 self.go_on()
         self.assertEqual(target.blocks().keys() - before, set())
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -1,7 +1,6 @@
 """Lists of other programs: the desktop's icons, list views elsewhere, list boxes, and what reading them leaves behind."""
 
 import struct
-import unittest
 
 from harness import now, wait_until
 from listening import EARCON, QUICK, SOON, Listening, for_the_ear, note_on
@@ -141,7 +140,3 @@ class Lists(Listening):
             self.hand.move(*other.place("view", "label", index))
             self.heard.wait(lambda line: said in line.get("text", ""), SOON, since)
         self.visit(other.place("rich", "char", 2), "Some text")
-
-
-if __name__ == "__main__":
-    unittest.main()

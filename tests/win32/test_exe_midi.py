@@ -59,7 +59,3 @@ class NoMidi(unittest.TestCase):
         self.pointalk.wait_for_end()
         sound, = self.kinds("sound")
         self.assertEqual((sound["name"], sound["module"], sound["flags"]), ("1", 1, 11))
-
-
-if __name__ == "__main__":
-    unittest.main()

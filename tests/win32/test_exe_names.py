@@ -1,7 +1,6 @@
 """What objects are called: every role, every way of failing, names that no honest program gives, and queries that die."""
 
 import itertools
-import unittest
 
 from harness import KILLED_AT_ITS_END, now
 from listening import QUICK, SOON, Listening, for_the_ear
@@ -100,7 +99,3 @@ class Names(Listening):
                 self.assertIn(dying.wait_for_end(SOON), (3, KILLED_AT_ITS_END))
                 self.visit((960, 380), "O K button")
                 self.visit((840, 405), "Page up")
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -165,7 +165,3 @@ class FirstRun(unittest.TestCase):
         self.assertEqual(self.spoken()[-2:], [(3, "No."), (3, "O K nevermind.")])
         self.assertIsNone(self.pointalk.file("DidWarn.flg"))
         self.assertEqual(self.pointalk.file("status.txt"), "running\r\n")
-
-
-if __name__ == "__main__":
-    unittest.main()

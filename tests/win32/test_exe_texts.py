@@ -1,7 +1,6 @@
 """Text fields of other programs by line and by word: plain and rich ones of every class name that is read so."""
 
 import itertools
-import unittest
 
 from harness import now
 from listening import QUICK, Listening, for_the_ear
@@ -128,7 +127,3 @@ class Texts(Listening):
         _, top = self.place_of("rich", "Word000")
         first_line = " ".join(word for word in LONG_LINE.split() if self.place_of("rich", word)[1] == top)
         self.read("rich", ("Word000", first_line), ("Word001", "Word001"))
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -144,7 +144,3 @@ class Tones(unittest.TestCase):
             self.heard.stays_silent(5 * REST)
             self.assertEqual(self.heard.midi(since), [])
         self.hears(self.expected.rest(), since)
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -1,7 +1,6 @@
 """Programs that come with Wine, which nobody here wrote: their texts, lists, trees and controls."""
 
 import subprocess
-import unittest
 
 from harness import now, wait_until
 from listening import QUICK, Listening, for_the_ear
@@ -154,7 +153,3 @@ class WinePrograms(Listening):
         centre = lambda window: ((window["rect"][0] + window["rect"][2]) // 2, (window["rect"][1] + window["rect"][3]) // 2)
         self.visit_in_turn((centre(self.child("winecfg", "Button", "Cancel")), "Cancel button"),
                            (centre(self.child("winecfg", "Button", "OK")), "OK button"))
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -129,7 +129,3 @@ class Ears(unittest.TestCase):
         meanwhile = lambda _: self.write({"t": now(), "what": "midi", "value": "0x2"})
         with mock.patch("time.sleep", meanwhile):
             self.assertEqual([line["value"] for line in self.heard.stays_silent(1)], ["0x2"])
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -1,5 +1,5 @@
 """A listener who works for long: what the program holds of the system does not grow. By command only: POINTALK_LONG_TESTS
-is the number of minutes (POINTALK_LONG_TESTS=10 python3 -m unittest test_long_run, in this folder)."""
+is the number of minutes (POINTALK_LONG_TESTS=10 python3 -m pytest -s, with the path of this file)."""
 
 import os
 import pathlib
@@ -67,7 +67,3 @@ class LongRun(Listening):
             self.assertLessEqual(last[name] - first[name], ROUGHLY, name)
         self.assertLessEqual(half[-1] - half[0], MEMORY)
         self.assertGreater(len(self.pointalk.heard.words(0)), 10 * MINUTES, "it did speak")
-
-
-if __name__ == "__main__":
-    unittest.main()

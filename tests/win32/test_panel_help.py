@@ -1,7 +1,5 @@
 """Help, the questions of the other menus, and the ways through the menus."""
 
-import unittest
-
 from harness import now, wait_until
 from panel_case import SOON, PanelCase
 
@@ -87,7 +85,3 @@ class Help(PanelCase):
         self.panel.raise_it()
         self.panel.choose("Speed Up")
         self.said("speeding up voice", since)
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -51,7 +51,3 @@ class Scaling(unittest.TestCase):
         """For the eye, where a folder is named for it."""
         if folder := os.environ.get("POINTALK_PICTURES"):
             desktop.screenshot(f"{folder}/panel-{percent}.png")
-
-
-if __name__ == "__main__":
-    unittest.main()

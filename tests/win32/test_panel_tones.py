@@ -1,7 +1,5 @@
 """The Midi menu by keys: what is asked, said and saved for good, bad and cancelled answers."""
 
-import unittest
-
 from harness import names_desktop, now, settings_text, written_scaling
 from panel_case import AWAY, SOON, PanelCase, values
 
@@ -126,7 +124,3 @@ class Instruments(PanelCase):
         """Over the panel, so that the desktop is new again, and back."""
         self.hand.glide(AWAY, (20, 12), steps=10)
         self.hand.glide((20, 12), AWAY, steps=10)
-
-
-if __name__ == "__main__":
-    unittest.main()

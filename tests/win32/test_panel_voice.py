@@ -1,7 +1,5 @@
 """The Voice menu, its keys and its buttons: what is said, set and saved."""
 
-import unittest
-
 from harness import now, wait_until
 from panel_case import SOON, PanelCase, values
 
@@ -134,7 +132,3 @@ class Voice(PanelCase):
         since = now()
         self.panel.choose("Clear Sapi Version")
         self.notice("Pointalk", text, text + " Hit Enter.", since, "Return", then=["Thank you."])
-
-
-if __name__ == "__main__":
-    unittest.main()

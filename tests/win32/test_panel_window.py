@@ -1,7 +1,5 @@
 """The control panel's window as the keyboard, other programs and the eye find it."""
 
-import unittest
-
 from harness import now, wait_until
 from panel_case import SOON, DesktopCase
 
@@ -77,7 +75,3 @@ class Window(DesktopCase):
         self.pointalk.heard.wait_words("Click", SOON, since)
         self.assertEqual(self.panel.focus()["focus"]["title"], BUTTONS[0])
         self.assertTrue(self.pointalk.running())
-
-
-if __name__ == "__main__":
-    unittest.main()

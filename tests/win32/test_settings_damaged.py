@@ -1,7 +1,6 @@
 """Settings files that nobody can want, and folders that nobody can write: Pointalk comes up all the same."""
 
 import random
-import unittest
 
 from harness import now, settings_text
 from panel_case import SOON, DesktopCase
@@ -69,7 +68,3 @@ class Damaged(DesktopCase):
             for place in places:
                 self.assertTrue(place.is_dir())
             self.assertEqual(list(pointalk.folder.glob("*.new")), [])
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -67,7 +67,3 @@ class Commands(DesktopCase):
                 self.assertLessEqual({path.name for path in pointalk.folder.glob("*.new")}, {"PTK.ini.new"})
                 (pointalk.folder / "status.txt").unlink()
         print(f"{kills} kills", end=" ", flush=True)
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -1,7 +1,5 @@
 """Settings that were changed in one run, as the next one finds them."""
 
-import unittest
-
 from harness import now, settings_text, written_scaling
 from panel_case import SOON, DesktopCase, values
 
@@ -67,7 +65,3 @@ class Restart(DesktopCase):
         self.assertEqual(self.ask("Vertical Instrument", "Change Mouse Vertical Instrument Dialog"), "40")
         self.assertEqual(self.ask("Mouse Melody Format", "The Present Preset Number is 3"), "3")
         self.assertEqual(self.ask("Voice Volume", "InputBox"), "55")
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -192,7 +192,3 @@ class Elements(unittest.TestCase):
             with self.subTest(name):
                 target.element("typed", 0, role=12, roletype=name)
                 self.assertEqual(probe.ask("object", 700, 475)["role"]["type"], number)
-
-
-if __name__ == "__main__":
-    unittest.main()

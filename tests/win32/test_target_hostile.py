@@ -151,7 +151,3 @@ class Counting(WithTarget):
         self.assertEqual(len(left), 1)
         record = bytes.fromhex(self.target.blocks()[left.pop()]["bytes"])
         self.assertEqual([int.from_bytes(record[at:at + 4], "little") for at in (0, 4, 12)], [*place, 1])
-
-
-if __name__ == "__main__":
-    unittest.main()
