@@ -41,7 +41,7 @@ if(POINTALK_TESTS)
     pointalk_program(${name} SOURCES ${source} ${watched_sources} LIBRARIES pointalk_win32)
   endforeach()
 
-  add_subdirectory(tests/win32)
+  add_subdirectory(tests/program)
   add_subdirectory(tests/wine)
 endif()
 

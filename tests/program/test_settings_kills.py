@@ -26,7 +26,7 @@ class Saver(unittest.TestCase):
         in_a_save = 0
         with Desktop(private=True) as desktop, tempfile.TemporaryDirectory() as scratch:
             folder = pathlib.Path(scratch)
-            shutil.copy(BUILD / "tests" / "win32" / "saver.exe", folder)
+            shutil.copy(BUILD / "tests" / "program" / "saver.exe", folder)
             for _ in range(KILLS_OF_SAVER):
                 with subprocess.Popen(["wine", str(folder / "saver.exe")], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
                                       stderr=subprocess.DEVNULL, env=desktop.environment) as saver:
