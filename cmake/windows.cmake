@@ -1,4 +1,4 @@
-# Windows targets: Pointalk.exe, the contract suite and the benchmarks that run there, the test targets and Wine's companions.
+# Windows targets: Pointalk.exe, the contract suite and the benchmarks that run there, and what Wine and the tests under it need.
 
 # libuuid has to come before liboleacc: the other order links a wrong IID_IAccessible.
 set(pointalk_system_libraries user32 gdi32 uuid ole32 oleaut32 oleacc winmm advapi32 shell32 comctl32)
@@ -41,13 +41,11 @@ if(POINTALK_TESTS)
     pointalk_program(${name} SOURCES ${source} ${watched_sources} LIBRARIES pointalk_win32)
   endforeach()
 
+  add_subdirectory(tests/program)
   add_subdirectory(tests/wine)
 endif()
 
-# The tour needs these too, on machines without GoogleTest.
-add_subdirectory(tests/win32)
-
-# The voice and the synthesizer are for Wine; a program loads those of its own width.
+# The tour needs these too, on machines without GoogleTest. A program loads the voice and the synthesizer of its own width.
 add_subdirectory(wine)
 if(POINTALK_TESTS)
   # The contract suite asks the target, and listens to the synthesizer, which has to lie beside it to be loaded.

@@ -16,7 +16,7 @@ def main():
     if len(sys.argv) < 3:
         sys.exit(__doc__)
     os.environ["POINTALK_WIN_BUILD"] = str(pathlib.Path(sys.argv[1]).resolve())
-    sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tests" / "win32"))
+    sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "wine"))
     from harness import Desktop  # reads the environment
 
     with Desktop(private=True, engines="both") as desktop:

@@ -88,7 +88,7 @@ def on_desktop(build):
 
 def whole_program(name, *files, **more):
     """Several desktops at once: the tests mostly wait for sounds and windows."""
-    folder = ROOT / "tests" / "win32"
+    folder = ROOT / "tests" / "program"
     return under_wine(name, python_tests, "-n", DESKTOPS, "--dist", "loadfile",
                       *([folder / f"{file}.py" for file in files] or [folder]), **more)
 
@@ -101,7 +101,7 @@ PROGRAMS = [
 ]
 # These two lists go on beside one another and beside the native steps.
 WHOLE_PROGRAM = [
-    whole_program("win32"),
+    whole_program("program"),
 ]
 COMPANIONS = [
     under_wine("wine", python_tests, ROOT / "tests" / "wine", launcher=on_desktop(WINDOWS)),
@@ -132,9 +132,9 @@ LAST = [
 # What the 64-bit program passes, over the 32-bit one, and each of both over programs of the other width.
 OVER_THE_OTHER = ("test_exe_names", "test_exe_controls", "test_exe_lists", "test_exe_texts")
 THIRTY_TWO_BITS = [
-    whole_program("win32-32", build=WINDOWS_32, lacks=what_is_missing),
-    whole_program("win32-32-over-64", *OVER_THE_OTHER, build=WINDOWS_32, target_build=WINDOWS, lacks=what_is_missing),
-    whole_program("win32-64-over-32", *OVER_THE_OTHER, target_build=WINDOWS_32, lacks=what_is_missing),
+    whole_program("program-32", build=WINDOWS_32, lacks=what_is_missing),
+    whole_program("program-32-over-64", *OVER_THE_OTHER, build=WINDOWS_32, target_build=WINDOWS, lacks=what_is_missing),
+    whole_program("program-64-over-32", *OVER_THE_OTHER, target_build=WINDOWS_32, lacks=what_is_missing),
     under_wine("wine-32", python_tests, ROOT / "tests" / "wine", build=WINDOWS_32, launcher=on_desktop(WINDOWS_32),
                lacks=what_is_missing),
     under_wine("packages-32", python_tests, ROOT / "tests" / "packages", build=WINDOWS_32, lacks=what_is_missing),

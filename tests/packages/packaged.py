@@ -8,13 +8,13 @@ import tempfile
 import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-sys.path[:0] = [str(ROOT / "tools"), str(ROOT / "tests" / "win32")]
+sys.path.insert(0, str(ROOT / "tools"))
 
 from harness import BUILD, KILLED_AT_ITS_END, Desktop, Panel, Run, wait_until  # noqa: E402
 from make_packages import make_packages, version  # noqa: E402
 
-__all__ = ["APP_PATHS", "BUILD", "DONE_BEFORE", "KILLED_AT_ITS_END", "PackageCase", "ROOT", "RUN", "SOON", "UNINSTALL", "WELCOME",
-           "version", "wait_until"]
+__all__ = ["APP_PATHS", "BUILD", "DONE_BEFORE", "KILLED_AT_ITS_END", "PackageCase", "ROOT", "RUN", "SOON", "UNINSTALL",
+           "WELCOME", "version", "wait_until"]
 
 SOON = 100  # seconds after which what has not come never will
 AWAY = (900, 740)  # where the pointer waits, over the bare desktop

@@ -206,7 +206,3 @@ class Boxes(PackageCase):
         self.begin_to_remove("y")
         self.answer("Pointalk Uninstall", "Pointalk is removed.", "Return")
         wait_until(lambda: not self.folder.exists(), SOON, "the folder is removed")
-
-
-if __name__ == "__main__":
-    unittest.main()

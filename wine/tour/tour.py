@@ -16,7 +16,7 @@ import sys
 import tempfile
 
 HERE = pathlib.Path(__file__).resolve().parent
-sys.path.insert(0, str(HERE.parents[1] / "tests" / "win32"))
+sys.path.insert(0, str(HERE.parent))
 
 from harness import ROOT, Desktop, Panel, now  # noqa: E402
 import latency  # noqa: E402

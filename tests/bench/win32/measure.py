@@ -12,7 +12,7 @@ import pathlib
 import shutil
 import sys
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "win32"))
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[3] / "wine"))
 
 from harness import BUILD, Desktop  # noqa: E402
 

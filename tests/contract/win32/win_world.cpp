@@ -91,7 +91,7 @@ WinWorld::~WinWorld() {
 
 void WinWorld::MakeForeign(const WindowSpec& window) {
   if (!target_) {
-    target_ = std::make_unique<ChildProgram>(win32::ProgramFolderPath() + L"\\tests\\win32\\target.exe");
+    target_ = std::make_unique<ChildProgram>(win32::ProgramFolderPath() + L"\\wine\\target\\target.exe");
     target_->ReadLine();
   }
   std::string command = "create " + window.name + " class=" + Quoted(window.className) +

@@ -1,0 +1,115 @@
+"""The crash report: armed by the menu, made by a right click or Shift, mailed by the link that the shell opens."""
+
+from harness import Mail, names_desktop, now, wait_until
+from panel_case import SOON, DesktopCase
+
+QUESTION = ("Corvane is serious about reliability.  In the unlikely event that viewing a certain object were to crash Pointalk, "
+            "you could use this tool to send us a crash report. Do you need to send one?")
+ARMED = ("We will send a crash report to Corvane, but first we need to gather information about the object that has been "
+         "causing Pointalk to crash.  I have disabled all but the safest of accessibility methods. This should allow you to "
+         "navigate more safely, but with limited narration. Please use this mode to find and Right Click on the object that "
+         "has been giving you trouble.  As soon as you right click on it we will make the report. If Right Clicking the object "
+         "doesn't start me talking again, hit the Shift key.")
+DONE = ("I have asked your browser to create an email message that you can send.\r\nI have also copied some special information "
+        "to your windows clipboard. \r\nPlease paste it into the email message, and then add your description \r\nof the "
+        "troublesome object, and what program it is part of, including \r\nthe version number and Home Web Page U R L, if you "
+        "have it.")
+LINK = "mailto:support@pointalk.example?subject=CrashReport"
+
+
+def report(class_name, name="", value="", text="", role="", description=""):
+    return (f"mOfficialClassName = {class_name}\r\nmaccName = {name}\r\nmaccValue = {value}\r\nmaccText = {text}\r\n"
+            f"maccRole = {role}\r\nmaccDescription = {description}\r\nmaccParent = ")
+
+
+class Report(DesktopCase):
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.mail = Mail(cls.desktop)
+
+    def setUp(self):
+        self.target = self.enterContext(self.desktop.target())
+        self.target.create("thing", class_="TroubleSome", rect=(100, 300, 300, 400), thread="thing")
+        self.target.element("thing", 0, name="trouble", value="worth", description="a thing", role=43)
+        self.target.create("button", class_="Button", title="Neighbour", rect=(400, 300, 600, 400))
+        self.pointalk = self.enterContext(self.desktop.pointalk())
+        self.start(self.pointalk)
+        self.mailed = len(self.mail.links())
+
+    def arm(self):
+        since = now()
+        self.panel.choose("Send Crash Report")
+        self.panel.answer("Crash Report Dialog", "y")
+        self.pointalk.heard.wait_words(ARMED, SOON, since)
+        self.assertEqual([text for text in self.pointalk.heard.words(since) if not names_desktop(text)],
+                         [QUESTION + " Y for yes, N for No.", "Yes.", ARMED])
+        self.panel.wait_for_keyboard()
+
+    def hears(self, name, text):
+        since = now()
+        self.hand.move(*self.target.centre(name))
+        self.pointalk.heard.wait_words(text, SOON, since)
+
+    def wiggle_until_said(self, text, since):
+        """Keeps the pointer on the move, as a rest is not described, until the text is said."""
+        x, y = self.hand_at
+        moves = iter(range(1_000_000))
+
+        def said():
+            self.hand.move(x + next(moves) % 2, y)
+            return any(line.get("text") == text for line in self.pointalk.heard.lines(since))
+
+        wait_until(said, SOON, lambda: f"{text}; heard {self.pointalk.heard.words(since)}", pause=0.02)
+
+    def go(self, name):
+        self.hand_at = self.target.centre(name)
+        self.hand.move(*self.hand_at)
+
+    def mailed_once(self):
+        wait_until(lambda: len(self.mail.links()) > self.mailed, SOON, "a mail")
+        self.pointalk.heard.stays_silent(0.5)
+        self.assertEqual(self.mail.links()[self.mailed:], [LINK])
+
+    def test_a_right_click_makes_it_and_a_left_click_does_not(self):
+        self.hears("button", "Neighbour button")
+        self.arm()
+        self.hears("button", "Neighbour")
+        self.go("thing")
+        self.pointalk.heard.wait_words("worth", SOON)
+        since = now()
+        self.hand.click()
+        self.wiggle_until_said("Click", since)
+        self.assertEqual(self.mail.links()[self.mailed:], [])
+        since = now()
+        self.hand.click("right")
+        self.wiggle_until_said(DONE, since)
+        self.assertEqual(self.probe.ask("clipboard")["text"],
+                         report("TroubleSome", "trouble", "worth", "worth", "push button", "a thing"))
+        self.mailed_once()
+        self.hears("button", "Neighbour button")
+
+    def test_shift_makes_it_and_empty_fields_keep_their_lines(self):
+        self.target.create("blank", class_="Blank", rect=(100, 450, 300, 550), thread="blank")
+        self.target.element("blank", 0, role=10)
+        self.arm()
+        self.go("blank")
+        since = now()
+        self.hand.press("shift")
+        self.addCleanup(self.hand.release, "shift")
+        self.wiggle_until_said(DONE, since)
+        self.hand.release("shift")
+        self.assertEqual(self.probe.ask("clipboard")["text"], report("Blank", role="client"))
+        self.mailed_once()
+
+    def test_where_there_is_no_program_named_start_the_link_is_opened_itself(self):
+        start = self.desktop.drive() / "windows" / "system32" / "start.exe"
+        aside = start.with_name("aside.exe")
+        start.rename(aside)
+        self.addCleanup(aside.rename, start)
+        self.arm()
+        self.go("thing")
+        since = now()
+        self.hand.click("right")
+        self.wiggle_until_said(DONE, since)
+        self.mailed_once()

@@ -1,0 +1,124 @@
+"""What is said when buttons and keys are pressed: clicks, the kind of an object, the top window, spelling."""
+
+import time
+
+from harness import now, wait_until
+from listening import QUICK, SOON, Listening, for_the_ear
+
+AND_WAIT = 2  # the flags of an utterance that is waited for
+ASYNC = 3
+
+ADDRESS, DOCUMENTS, OK, PAGE_UP, OWN_KIND = (840, 380), (900, 380), (960, 380), (840, 405), (960, 405)
+APART = 0.5  # seconds, more than may lie between the two of a double click
+
+
+class ClicksAndKeys(Listening):
+    layouts = ("desktop", "controls", "elements")
+    environment = QUICK
+
+    def clicks_told(self, *steps):
+        """Clicks one after the other, each when the one before was told; returns how all were told."""
+        start = now()
+        for click, button, text in steps:
+            since = now()
+            click(button)
+            self.heard.wait_words(text, SOON, since)
+        return [(flags, text) for flags, text in self.speech(start) if text.endswith("Click")]
+
+    def test_each_button_has_its_name(self):
+        texts = {"left": "Click", "right": "Right Click", "middle": "Middle Click"}
+        order = ("left", "right", "middle", "right")
+        self.assertEqual(self.clicks_told(*((self.hand.click, button, texts[button]) for button in order)),
+                         [(ASYNC, texts[button]) for button in order])
+
+    def test_a_double_click_is_spoken_as_that_alone(self):
+        told = self.clicks_told((self.hand.double_click, "left", "DoubleClick"),
+                                (self.hand.double_click, "right", "Right DoubleClick"),
+                                (self.hand.double_click, "middle", "Middle DoubleClick"), (self.hand.click, "right", "Right Click"))
+        self.assertEqual(told, [(AND_WAIT, "DoubleClick"), (ASYNC, "Right DoubleClick"), (ASYNC, "Middle DoubleClick"),
+                                (ASYNC, "Right Click")])
+
+    def test_two_clicks_far_apart_are_two_clicks(self):
+        self.leave()
+        since = now()
+        self.hand.click()
+        self.heard.wait_words("Click", SOON, since)
+        time.sleep(APART)
+        since = now()
+        self.hand.click()
+        self.heard.wait_words("Click", SOON, since)
+
+    def assert_told(self, place, name, *answers):
+        """What Control says of what is named so."""
+        self.leave()
+        self.visit(place, name)
+        since = now()
+        with self.hand.held("ctrl"):
+            wait_until(lambda: len(self.speech(since)) >= len(answers), SOON, lambda: f"{answers}: {self.speech(since)}")
+        self.assertEqual(self.speech(since)[:len(answers)], [(AND_WAIT, answer) for answer in answers])
+
+    def test_control_says_the_kind_and_the_description(self):
+        self.assert_told(ADDRESS, "hello", "It is a text. ", "Where to")
+        self.assert_told(OK, "O K button", "It is a push button. ")
+        self.assert_told(PAGE_UP, "Page up", "It is a scroll bar. ")
+        self.assert_told(OWN_KIND, "Own kind", "It is a unknown object. ")
+
+    def test_a_description_with_menu_in_it_is_not_said(self):
+        self.target.element("elements", 1, description="A Menu of places")
+        self.addCleanup(self.target.element, "elements", 1, description="Where to")
+        self.assert_told(ADDRESS, "hello", "It is a text. ")
+        self.visit(OK, "O K button")
+        self.assertNotIn("A Menu of places", self.heard.words())
+
+    def test_a_combo_box_is_known_by_its_class(self):
+        self.assert_told(self.target.centre("combo"), "First choice, client area", "It is a combo box")
+
+    def describe_again(self, place):
+        """Moves over the elements until their window was asked."""
+        self.target.ask("reset")
+        self.hand.move(*place)
+        wait_until(lambda: self.target.counts("elements"), SOON, "a question")
+
+    def test_control_is_asked_once_for_as_long_as_it_is_held(self):
+        self.leave()
+        self.visit(OK, "O K button")
+        since = now()
+        self.hand.press("ctrl")
+        self.heard.wait_words("It is a push button. ", SOON, since)
+        for step in range(5):
+            self.describe_again((OK[0] + step % 2, OK[1]))
+        self.hand.release("ctrl")
+        self.assertEqual(len([text for text in self.heard.words(since) if text.startswith("It is a")]), 1)
+
+    def test_control_says_nothing_after_a_rest_and_something_after_the_least_move(self):
+        self.leave()
+        self.visit(OK, "O K button")
+        self.rest()
+        since = now()
+        with self.hand.held("ctrl"):
+            self.hand.click("middle")  # is told later than Control would be answered
+            self.heard.wait_words("Middle Click", SOON, since)
+        self.assertEqual(self.heard.words(since), ["Middle Click"])
+        self.describe_again((OK[0] + 1, OK[1]))
+        with self.hand.held("ctrl"):
+            self.heard.wait_words("It is a push button. ", SOON, since)
+
+    def test_control_with_shift_names_the_top_window_even_at_rest(self):
+        for place, name in (((1000, 600), "DeskTop"), (self.target.centre("tasks"), "TaskBar"), (OK, "")):
+            with self.subTest(name):
+                self.point(place)
+                self.rest()
+                since = now()
+                with self.hand.held("shift", "ctrl"):
+                    self.heard.wait_words("Top Window is " + name, SOON, since)
+                self.assertEqual(self.speech(since), [(ASYNC, "dthoghh"), (AND_WAIT, "Top Window is " + name)])
+
+    def test_shift_spells(self):
+        self.leave()
+        self.hand.press("shift")
+        self.addCleanup(self.hand.release, "shift")
+        for place, text in ((OK, "OK button"), (self.target.centre("remember"), "Remember me button"), (DOCUMENTS, "2")):
+            with self.subTest(text):
+                self.visit(place, for_the_ear(text, spelled=True))
+        self.hand.release("shift")
+        self.visit(OK, for_the_ear("OK button"))

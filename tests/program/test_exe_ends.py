@@ -1,0 +1,100 @@
+"""How Pointalk ends: by the menu, by its window's close button, with the session."""
+
+import contextlib
+import subprocess
+import unittest
+
+from harness import Desktop, Panel, now
+from listening import HIGHER, LOWER, QUICK, SETTINGS, SOON, start
+
+QUIT = "Do you want to quit from Pointalk?"
+GOODBYE = "Pointalk is ending. Goodbye."
+
+
+class Ends(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.desktop = cls.enterClassContext(Desktop(private=True))
+        cls.hand = cls.enterClassContext(cls.desktop.hand())
+        cls.probe = cls.enterClassContext(cls.desktop.probe())
+        cls.panel = Panel(cls.probe, cls.hand)
+
+    def setUp(self):
+        self.pointalk = self.enterContext(self.desktop.pointalk(SETTINGS))
+        self.heard = self.pointalk.heard
+        start(self.hand, self.pointalk, **QUICK)
+
+    def ending(self, since):
+        """What was heard, without the notices of the voice's own."""
+        told = {"sapi5 speak": lambda line: ("speak", line["flags"], line["text"]), "midi close": lambda line: "close",
+                "sound": lambda line: ("sound", line["name"], line["module"], line["flags"])}
+        return [told[line["what"]](line) for line in self.heard.lines(since) if line["what"] in told]
+
+    def assert_stopped(self):
+        self.pointalk.wait_for_end()
+        self.assertEqual(self.pointalk.file("status.txt"), "stopped\r\n")
+
+    def test_the_menu_asks_and_no_goes_on(self):
+        self.panel.open()
+        (self.pointalk.folder / "PTK.ini").unlink()
+        since = now()
+        self.panel.choose("Exit")
+        self.panel.answer("Pointalk", "n")
+        self.heard.wait_words("No.", SOON, since)
+        self.assertIn(("speak", 3, QUIT + " Y for yes, N for No."), self.ending(since))
+        self.assertIsNotNone(self.pointalk.file("PTK.ini"))  # saved before the question
+        self.assertEqual(self.pointalk.file("status.txt"), "running\r\n")
+        since = now()
+        self.hand.move(300, 500)
+        self.heard.wait(lambda line: line["what"] == "midi", SOON, since)
+
+    def test_the_menu_asks_and_yes_says_goodbye(self):
+        self.panel.open()
+        since = now()
+        self.panel.quit(self.pointalk)
+        self.assert_stopped()
+        ending = self.ending(since)
+        asked = ending.index(("speak", 3, QUIT + " Y for yes, N for No."))
+        self.assertEqual(ending[asked + 1:], [("speak", 3, " "), ("speak", 3, "Yes."), "close", ("speak", 3, " "),
+                                              ("speak", 2, GOODBYE)])
+        self.assertEqual(self.pointalk.file("PTK.ini"), SETTINGS)
+
+    def unload_by(self, how):
+        """The window is unloaded while the tones sound: they end, the voice is cut off, and nothing more is said."""
+        since = now()
+        self.hand.move(300, 500)
+        self.addCleanup(self.hand.up)
+        self.hand.down()
+        self.heard.wait(lambda line: line["what"] == "midi" and line["value"].endswith(f"9{HIGHER:x}"), SOON, since)
+        since = now()
+        how()
+        self.assert_stopped()
+        ending = self.ending(since)
+        self.assertEqual(ending[-3:], [("speak", 3, " "), "close", ("sound", "1", 1, 11)])
+        offs = [message for message in self.heard.midi(since) if message & 0xF0 == 0x80]
+        self.assertEqual([message & 0xFF for message in offs[-2:]], [0x80 + HIGHER, 0x80 + LOWER])
+
+    def panel_window(self):
+        return self.panel.window()["hwnd"]
+
+    def test_closing_the_window_stops_in_order(self):
+        self.unload_by(lambda: self.probe.ask("send", self.panel_window(), "0x10", 0, 0))
+
+    def test_the_system_menu_s_close_stops_in_order(self):
+        self.unload_by(lambda: self.probe.ask("send", self.panel_window(), "0x112", 0xF060, 0))
+
+    def test_the_end_of_the_session_stops_in_order(self):
+        def end_session():
+            self.assertEqual(self.probe.ask("send", self.panel_window(), "0x11", 0, 0)["result"], 1)
+            with contextlib.suppress(EOFError, subprocess.SubprocessError):
+                self.probe.ask("send", self.panel_window(), "0x16", 1, 0)
+
+        self.unload_by(end_session)
+
+    def test_a_session_that_does_not_end_after_all_changes_nothing(self):
+        self.assertEqual(self.probe.ask("send", self.panel_window(), "0x11", 0, 0)["result"], 1)
+        self.probe.ask("send", self.panel_window(), "0x16", 0, 0)
+        since = now()
+        self.hand.move(300, 500)
+        self.heard.wait(lambda line: line["what"] == "midi", SOON, since)
+        self.assertEqual(self.pointalk.file("status.txt"), "running\r\n")

@@ -1,0 +1,160 @@
+"""Controls that hang, die or lie while they are read: each is survived, the next healthy window is named, also while they
+hang, and no memory is left in them."""
+
+import itertools
+
+from harness import wait_until
+from listening import QUICK, SOON, Listening
+
+HEALTHY = ((960, 380), "O K button"), ((840, 405), "Page up")
+HUGE = 2**31 - 1
+SLOW = 60    # milliseconds
+ROUNDS = 3
+
+# The controls that a target makes, with the places on them that are visited.
+RECTS = {"list": (100, 450, 200, 530), "view": (220, 450, 400, 530), "text": (100, 550, 300, 600), "rich": (320, 550, 520, 600),
+         "button": (420, 450, 520, 490)}
+PLACES = {"list": (130, 0), "view": (235, 479), "text": (110, 558), "rich": (330, 558), "button": (470, 470)}
+LIST_ROWS = (471, 458, 484)  # one after the other, since an item is not told twice in a row
+
+HANGS = (
+    {"list": "LB_ITEMFROMPOINT", "view": "LVM_SUBITEMHITTEST", "text": "EM_CHARFROMPOS", "rich": "EM_CHARFROMPOS",
+     "button": "WM_GETTEXTLENGTH"},
+    {"list": "LB_GETTEXT", "view": "LVM_GETITEMA", "text": "EM_GETLINE", "rich": "EM_LINELENGTH", "button": "WM_GETTEXT"},
+)
+LIES = (
+    ("list", "LB_ITEMFROMPOINT", "result", -1), ("list", "LB_GETTEXTLEN", "result", HUGE), ("list", "LB_GETTEXTLEN", "result", -5),
+    ("list", "LB_GETTEXTLEN", "result", 65_000), ("list", "LB_GETTEXT", "text", "z" * 300, HUGE),
+    ("view", "LVM_SUBITEMHITTEST", "hit", HUGE, 4), ("view", "LVM_SUBITEMHITTEST", "hit", -7, 2),
+    ("view", "LVM_GETITEMA", "text", "y" * 300, 1),
+    ("text", "EM_LINELENGTH", "result", HUGE), ("text", "EM_LINELENGTH", "result", -5), ("text", "EM_CHARFROMPOS", "result", HUGE),
+    ("text", "EM_GETLINE", "text", "z" * 200, 5000), ("text", "EM_GETLINE", "result", -1),
+    ("rich", "EM_CHARFROMPOS", "result", HUGE), ("rich", "EM_LINELENGTH", "result", HUGE), ("rich", "EM_LINEFROMCHAR", "result", -HUGE),
+    ("button", "WM_GETTEXTLENGTH", "result", HUGE), ("button", "WM_GETTEXTLENGTH", "result", -5), ("button", "WM_GETTEXT", "result", HUGE),
+)
+CHANGES = (("list", "LB_ITEMFROMPOINT", "items list"), ("list", "LB_GETTEXTLEN", 'items list "Much longer than the text before"'),
+           ("view", "LVM_SUBITEMHITTEST", "items view"), ("view", "LVM_SUBITEMHITTEST", 'items view "Other"'),
+           ("text", "EM_LINELENGTH", 'title text ""'), ("rich", "EM_CHARFROMPOS", 'title rich ""'))
+
+
+class HostileControls(Listening):
+    layouts = ("elements",)
+    environment = QUICK
+
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.healthy = itertools.cycle(HEALTHY)
+        cls.list_rows = itertools.cycle(LIST_ROWS)
+
+    def make(self, *names):
+        """A target with these controls, each answering by itself."""
+        target = self.enterContext(self.desktop.target())
+        for name in names:
+            kinds = {"list": {"class_": "ListBox"}, "view": {"class_": "SysListView32", "kind": "report"},
+                     "text": {"class_": "HostileTextBox", "base": "Edit", "title": "Some words"},
+                     "rich": {"class_": "RichEdit20W", "title": "Other words"}, "button": {"class_": "HostileButton", "title": "Push"}}
+            target.create(name, rect=RECTS[name], thread=name, **kinds[name])
+            self.fill(target, name)
+            if name == "button":
+                target.element(name, 0, name="  ", role=43)  # so that its title is asked for
+        return target
+
+    def fill(self, target, name):
+        if name in ("list", "view"):
+            target.ask("items", name, "First item", "Second item", "Third item")
+
+    def go_over(self, name):
+        """Over the control, until a tick has come there: its notes sound before anything is asked."""
+        x, y = PLACES[name]
+        self.point((x, y or next(self.list_rows)))
+
+    def go_on(self):
+        """On to a healthy window, until that is named."""
+        self.visit(*next(self.healthy))
+        self.assertTrue(self.pointalk.running())
+
+    def stay_over(self, name, question, what):
+        """Over the control, from one of a list's rows to the next, until the answer is true."""
+        def moved():
+            self.go_over(name)
+            return question()
+
+        wait_until(moved, SOON, what, pause=0.05)
+
+    def over(self, target, name, message):
+        """Over the control until it was asked by that message, and on."""
+        target.ask("reset")
+        self.stay_over(name, lambda: message in target.counts(name), lambda: f"{message}: {target.counts(name)}")
+        self.go_on()
+
+    def read_all(self, target):
+        """With everything taken in that first questions take, the small blocks of its memory."""
+        for name, message in HANGS[1].items():
+            self.over(target, name, message)
+        return target.blocks().keys()
+
+    def test_controls_that_hang_inside_a_message(self):
+        for hangs in HANGS:
+            target = self.make(*hangs)
+            before = self.read_all(target)
+            for name, message in hangs.items():
+                with self.subTest(name, message=message):
+                    target.rule(name, message, "hold")
+                    self.over(target, name, message)
+                    for _ in range(ROUNDS):
+                        self.go_over(name)
+                        self.go_on()
+            self.assertEqual(target.blocks().keys() - before, set())
+            target.close()
+
+    def test_controls_that_are_slow_to_answer_everything(self):
+        target = self.make(*RECTS)
+        for name in RECTS:
+            target.rule(name, "*", "delay", SLOW)
+        for _ in range(ROUNDS):
+            for name in RECTS:
+                self.go_over(name)
+                self.go_on()
+
+    def test_programs_that_die_inside_a_message(self):
+        for name, message in (("list", "LB_GETTEXT"), ("view", "LVM_SUBITEMHITTEST"), ("view", "LVM_GETITEMA"),
+                              ("text", "EM_GETLINE"), ("rich", "EM_CHARFROMPOS"), ("button", "WM_GETTEXT")):
+            with self.subTest(name, message=message):
+                target = self.make(name)
+                target.rule(name, message, "die")
+                self.stay_over(name, lambda: target.process.poll() is not None, "the program dies")
+                self.assertEqual(target.wait_for_end(), 3)
+                self.go_on()
+
+    def test_controls_that_answer_nonsense(self):
+        target = self.make(*RECTS)
+        before = self.read_all(target)
+        for name, message, *lie in LIES:
+            with self.subTest(name, message=message, lie=lie):
+                target.rule(name, message, *lie)
+                self.over(target, name, message)
+                target.ask("unrule", name)
+        self.assertEqual(target.blocks().keys() - before, set())
+
+    def test_controls_that_change_while_they_are_read(self):
+        target = self.make(*RECTS)
+        before = self.read_all(target)
+        for name, message, command in CHANGES:
+            with self.subTest(name, command=command):
+                self.fill(target, name)
+                target.rule(name, message, "then", command)
+                self.over(target, name, message)
+                target.ask("unrule", name)
+        self.assertEqual(target.blocks().keys() - before, set())
+
+    def test_windows_that_go_while_they_are_read(self):
+        target = self.make(*RECTS)
+        before = self.read_all(target)
+        for name, message in HANGS[0].items():
+            with self.subTest(name):
+                target.rule(name, message, "then", "destroy " + name)
+                living = lambda: [window["name"] for window in target.ask("windows")["windows"]]
+                self.stay_over(name, lambda: name not in living(), f"{name} goes")
+                self.go_on()
+        self.assertEqual(target.blocks().keys() - before, set())

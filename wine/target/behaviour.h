@@ -1,0 +1,73 @@
+// How one window misbehaves, and what other programs have asked of it.
+#pragma once
+
+#include <windows.h>
+
+#include <condition_variable>
+#include <cstdint>
+#include <map>
+#include <mutex>
+#include <optional>
+#include <string>
+
+#include "wine/target/text.h"
+
+namespace pointalk::target {
+
+// What happens when another program sends a certain message.
+struct Rule {
+  enum class Kind {
+    Die,     // the process ends inside the message
+    Result,  // the result alone, nothing written
+    Delay,   // as always, but later
+    Hold,    // as always, but not before the rule is taken away
+    Text,    // another text is written, as far as the sender's room goes, and the result given
+    Hit,     // the list view's hit test says another item and flags
+    Then,    // as always, and a command runs before the sender gets its answer
+  };
+  Kind kind = Kind::Result;
+  LRESULT result = 0;
+  DWORD milliseconds = 0;
+  std::wstring text;
+  int item = 0;
+  UINT flags = 0;
+  std::string command;
+};
+
+// From the words after `rule NAME MESSAGE`: die | result N | delay MS | hold | text TEXT [RESULT] |
+// hit ITEM FLAGS | then COMMAND. Throws CommandError.
+Rule ParseRule(const CommandLine& line, std::size_t first);
+
+// Shared by a window, its accessible objects and the command channel; callable from any thread.
+class Behaviour {
+ public:
+  void Count(UINT message);
+  void Reset();
+  // A JSON object of message names and numbers.
+  std::string CountsJson() const;
+
+  void Set(UINT message, const Rule& rule);
+  void Clear(UINT message);
+  // The rule for the message, else the one for any message.
+  std::optional<Rule> Find(UINT message) const;
+
+  // Returns once no rule says that the message is held.
+  void WaitWhileHeld(UINT message);
+
+  // Counts a call on an accessible object, then waits or ends the process if a rule says so; true when the
+  // rule says that the call fails.
+  bool EnterCall(UINT call);
+
+ private:
+  const Rule* Lookup(UINT message) const;
+
+  mutable std::mutex mMutex;
+  std::condition_variable mRulesChanged;
+  std::map<UINT, std::int64_t> mCounts;
+  std::map<UINT, Rule> mRules;
+};
+
+// Ends the process as a crash would: at once, with exit status 3.
+[[noreturn]] void Die();
+
+}  // namespace pointalk::target
