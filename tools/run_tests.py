@@ -113,6 +113,7 @@ NATIVE = [
     python_tests("self-tests", TOOLS / "tests"),
     check("layers"),
     check("guide"),
+    check("scripts"),
     check("format", lacks=lacks_program("clang-format-14")),
     tidied_preset("linux-asan-clang"),
     gtest("tests", CLANG / "pointalk_tests", environment=SANITIZERS),

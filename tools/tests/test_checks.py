@@ -154,6 +154,25 @@ class Format(CheckCase):
         self.assertEqual(path.read_text(), "int* A(int a);\n")
 
 
+@unittest.skipUnless(shutil.which("flake8") and shutil.which("shellcheck"), "flake8 or shellcheck is not installed")
+class Scripts(CheckCase):
+    def setUp(self):
+        super().setUp()
+        self.put("tools/a.py", "print('hello')\n")
+        self.put("start", "#!/bin/sh\necho hello\n")
+
+    def test_tidy_scripts_pass(self):
+        self.passes("check_scripts.py", "--root", self.root)
+
+    def test_python_that_imports_for_no_use(self):
+        self.put("tools/a.py", "import os\n")
+        self.fails("check_scripts.py", "--root", self.root, because="a.py:1:1: F401")
+
+    def test_shell_that_splits_words(self):
+        self.put("start", "#!/bin/sh\necho $1\n")
+        self.fails("check_scripts.py", "--root", self.root, because="SC2086")
+
+
 class TestsBuilt(CheckCase):
     def setUp(self):
         super().setUp()

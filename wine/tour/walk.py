@@ -13,7 +13,7 @@ SILENCE = 1.0        # seconds
 PRESSES = 4          # how often a key is pressed that is not answered
 TICK = 0.03          # seconds between two looks at the pointer
 CLICK_TICKS = 6      # in which a click is not yet spoken
-SPEAK_TO_THE_END = 2 # the flags with which the program waits for the end of what it says
+SPEAK_TO_THE_END = 2  # the flags with which the program waits for the end of what it says
 
 # The notes, on the channel of event sounds, by which some of them are known.
 EARCONS = {"a row of a list box": 204, "another icon": 226, "off the icons": 223}
