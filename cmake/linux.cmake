@@ -10,7 +10,10 @@ pointalk_library(pointalk_sim SOURCES ${sim_sources} LIBRARIES pointalk_core nlo
 pointalk_program(pointalk-rehearse SOURCES sim/rehearse_main.cpp LIBRARIES pointalk_sim)
 
 find_package(GTest QUIET)
-option(POINTALK_TESTS "Build the tests (needs GoogleTest with GoogleMock)" ${GTest_FOUND})
+# No option: off for want of GoogleTest with GoogleMock, it would stay off once that is there. The same for the benchmarks.
+if(NOT DEFINED POINTALK_TESTS)
+  set(POINTALK_TESTS ${GTest_FOUND})
+endif()
 if(POINTALK_TESTS)
   find_package(GTest REQUIRED)
   enable_testing()
@@ -46,7 +49,9 @@ if(POINTALK_FUZZ)
 endif()
 
 find_package(benchmark QUIET)
-option(POINTALK_BENCH "Build the benchmarks (needs Google Benchmark)" ${benchmark_FOUND})
+if(NOT DEFINED POINTALK_BENCH)
+  set(POINTALK_BENCH ${benchmark_FOUND})
+endif()
 pointalk_glob(bench_sources tests/bench/*_bench.cpp tests/support/*.cpp tests/sim/simulated.cpp)
 if(POINTALK_BENCH AND bench_sources)
   find_package(benchmark REQUIRED)

@@ -19,6 +19,7 @@ import contextlib
 import pathlib
 import shlex
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
@@ -62,9 +63,13 @@ def do(job, system):
     last = ""
     with subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
                           errors="replace") as process:
-        for line in process.stdout:
-            print(line, end="", flush=True)
-            last = line.strip() or last
+        try:
+            for line in process.stdout:
+                print(line, end="", flush=True)
+                last = line.strip() or last
+        except BaseException:
+            process.kill()  # and with it all that it started
+            raise
     return process.returncode, last, time.monotonic() - began
 
 
@@ -101,6 +106,7 @@ def main():
     options = parser.parse_args()
     if not shutil.which("debootstrap"):
         sys.exit("debootstrap is not installed")
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(128 + signal.SIGTERM))  # so that what was started is ended
     folder = options.folder or pathlib.Path(tempfile.mkdtemp(prefix="pointalk-fresh-"))
     system = folder / "system"
     if system.exists():
