@@ -136,13 +136,15 @@ class Panel:
     def answer(self, title, *keys, typed=None):
         """Answers the box with that title: types a text or presses keys, and waits until the box is gone."""
         window = self.box(title)
+        self._hand.aim(window["title"])
         if typed is not None:
             if typed:
                 self._hand.type(typed)
             else:
                 self._hand.tap("BackSpace")
+            wait_until(lambda: self._probe.ask("text", self.focus()["focus"]["hwnd"], 2000)["text"] == typed, LIMIT,
+                       lambda: f"{typed!r} in the box {title!r}: {self.focus()}")
             keys = (*keys, "Return")
-        self._hand.aim(window["title"])
         self._hand.tap(*keys)
         wait_until(lambda: self.focus()["window"]["hwnd"] != window["hwnd"], LIMIT, f"the box {title!r} is gone after {keys}")
         return window
