@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/app/running_program.h"
+#include "tests/support/forwarding.h"
 
 namespace pointalk {
 namespace {
@@ -16,18 +17,13 @@ constexpr std::string_view kLogging = R"({
               {"id": 3, "class": "Pane", "title": "Side", "rect": [300, 200, 400, 220]}]})";
 
 // The simulated machine's accessibility, with questions about one window that do not come back.
-class SlowAccessibility final : public Accessibility {
+class SlowAccessibility final : public testing::ForwardingAccessibility {
  public:
-  explicit SlowAccessibility(Accessibility& theBase) : base(theBase) {}
+  using ForwardingAccessibility::ForwardingAccessibility;
 
-  std::optional<AccessibleFacts> ObjectAt(Point screen) override { return base.ObjectAt(screen); }
   bool QueryStillOut(WindowHandle window) override { return window == stillOut; }
-  Text RoleText(std::int32_t role, int capacity) override { return base.RoleText(role, capacity); }
 
   WindowHandle stillOut = 0;
-
- private:
-  Accessibility& base;
 };
 
 TEST(ClassLog, KeepsItsMarkWhileTheQueryIsStillOut) {

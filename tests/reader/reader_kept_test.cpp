@@ -2,26 +2,25 @@
 #include <gtest/gtest.h>
 
 #include "tests/reader/strange_controls.h"
+#include "tests/support/forwarding.h"
 
 namespace pointalk {
 namespace {
 
 using KeptInReader = StrangeControls;
 
-class VersionedSystem final : public System {
+class VersionedSystem final : public testing::ForwardingSystem {
  public:
+  using ForwardingSystem::ForwardingSystem;
+
   std::optional<SystemVersion> Version() override { return version; }
-  Text ProgramFolder() override { return {}; }
-  Text ShortPath(TextView, int) override { return {}; }
-  bool SetClipboard(TextView) override { return false; }
-  bool ShellOpen(TextView, TextView, TextView, TextView, int) override { return false; }
-  void EndProgram() override { throw sim::ProgramGone{}; }
 
   std::optional<SystemVersion> version;
 };
 
 TEST(IsWindows95, HoldsForOneVersionOnly) {
-  VersionedSystem system;
+  sim::Simulated simulated;
+  VersionedSystem system(simulated.platform.system);
   EXPECT_FALSE(IsWindows95(system)) << "the system does not tell";
   constexpr struct {
     SystemVersion version;

@@ -23,6 +23,7 @@
 
 #include "app/mouse.h"
 #include "tests/sim/simulated.h"
+#include "tests/support/forwarding.h"
 
 #ifdef __SANITIZE_ADDRESS__
 // From the sanitizers' allocator_interface.h, which gcc leaves out.
@@ -43,12 +44,10 @@ std::int64_t LiveBytes() {
 }
 
 // A synthesizer's ear in front of the simulated port: which notes sound.
-class ListeningPort final : public MidiOut {
+class ListeningPort final : public testing::ForwardingMidiOut {
  public:
-  explicit ListeningPort(MidiOut& thePort) : port(thePort) {}
+  using ForwardingMidiOut::ForwardingMidiOut;
 
-  std::uint32_t DeviceCount() override { return port.DeviceCount(); }
-  MidiOpening OpenMapper() override { return port.OpenMapper(); }
   bool Send(MidiHandle handle, std::uint32_t message) override {
     const std::pair note(message & 0xF, message >> 8 & 0xFF);  // with its channel
     if ((message & 0xF0) == 0x90) {
@@ -57,18 +56,11 @@ class ListeningPort final : public MidiOut {
     } else if ((message & 0xF0) == 0x80) {
       sounding.erase(note);
     }
-    return port.Send(handle, message);
-  }
-  bool Close(MidiHandle handle) override { return port.Close(handle); }
-  bool PlayNamedSound(TextView name, std::uint32_t module, std::uint32_t flags) override {
-    return port.PlayNamedSound(name, module, flags);
+    return ForwardingMidiOut::Send(handle, message);
   }
 
   std::set<std::pair<std::uint32_t, std::uint32_t>> sounding;
   std::int64_t struck = 0;
-
- private:
-  MidiOut& port;
 };
 
 constexpr WindowHandle kWindows = 24;  // with the ids from 1 on

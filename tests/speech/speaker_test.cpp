@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "tests/sim/simulated.h"
+#include "tests/support/forwarding.h"
 
 namespace pointalk {
 namespace {
@@ -17,16 +18,10 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 // Writes its calls down. Positions are read one after the other; a reading that is missing fails.
-class WrittenSapi4 final : public Sapi4Control {
+class WrittenSapi4 final : public testing::ForwardingSapi4Control {
  public:
-  bool Create() override { return true; }
-  void Release() override {}
-  std::optional<double> Speed() override { return std::nullopt; }
-  bool SetSpeed(double) override { return false; }
-  bool SetVolumeLeft(double) override { return false; }
-  bool SetVolumeRight(double) override { return false; }
-  std::optional<double> Find(TextView) override { return std::nullopt; }
-  bool Select(double) override { return false; }
+  using ForwardingSapi4Control::ForwardingSapi4Control;
+
   bool AudioReset() override {
     calls.emplace_back("reset");
     return answers;
@@ -69,10 +64,10 @@ class SpeakerTest : public ::testing::Test {
     return sapi4.calls.size() - 2;
   }
 
-  sim::Simulated simulated;
+  sim::Simulated simulated{R"({"machine": {"sapi4": {}}})"};
   Keys keys{simulated.platform.input};
   Clicks clicks;
-  WrittenSapi4 sapi4;
+  WrittenSapi4 sapi4{simulated.platform.sapi4};
   Engine engine{simulated.platform.sapi5, sapi4, simulated.platform.panel};
   Pronouncer pronouncer{keys};
   Speaker speaker{keys, clicks, engine, pronouncer};

@@ -185,7 +185,8 @@ ctl.!default {{ type null }}
 
 def helper_folders():
     """The folders of the Linux halves that still work."""
-    return list(PREFIX.glob("drive_c/users/*/Temp/pointalk-*"))
+    places = ("Temp", "AppData/Local/Temp")  # of Wine 8, of Wine 10
+    return [folder for place in places for folder in PREFIX.glob(f"drive_c/users/*/{place}/pointalk-*")]
 
 
 def loudest(recording):
