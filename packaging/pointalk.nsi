@@ -152,7 +152,17 @@ Section "Uninstall"
   !insertmacro RemoveWritten "ClassName.txt"
   !insertmacro RemoveWritten "BadClasses.txt"
   !insertmacro RemoveWritten "DidWarn.flg"
-  Delete "$INSTDIR\Uninstall.exe"
+  ; What was started has handed over to a copy of itself, and may not have ended yet: 10 seconds are for that.
+  StrCpy $0 0
+  ${Do}
+    ClearErrors
+    Delete "$INSTDIR\Uninstall.exe"
+    ${IfNot} ${Errors}
+      ${ExitDo}
+    ${EndIf}
+    Sleep 100
+    IntOp $0 $0 + 1
+  ${LoopUntil} $0 = 100
   SetOutPath "$TEMP"  ; nobody can remove the folder that is the current one
   RMDir "$INSTDIR"  ; only when nothing is left in it
 
