@@ -2,7 +2,7 @@
 
 import unittest
 
-from harness import Desktop, Panel, now
+from harness import Desktop, Panel, now, wait_until
 from listening import QUICK, SETTINGS, SOON
 
 MIDI_BOX = "Can't find an available Midi Device; you may need to quit some other midi app"
@@ -49,7 +49,9 @@ class NoMidi(unittest.TestCase):
     def test_a_port_in_use_is_left_to_others_with_yes_and_taken_later(self):
         self.ask("y", POINTALK_MIDI_OPEN="4,0")
         self.pointalk.wait_running()
-        self.assertEqual([line["result"] for line in self.kinds("midi open")], [4, 0])
+        results = lambda: [line["result"] for line in self.kinds("midi open")]
+        wait_until(lambda: len(results()) == 2, SOON, lambda: f"the port is opened again: {results()}")
+        self.assertEqual(results(), [4, 0])
         since = now()
         self.hand.move(500, 300)
         self.heard.wait(lambda line: line["what"] == "midi" and line["result"] == 0, SOON, since)
