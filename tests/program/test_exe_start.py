@@ -3,7 +3,7 @@
 import unittest
 
 from harness import Desktop, Panel, now, settings_text, wait_until
-from listening import GREETING, SETTINGS, SOON, earcon, note_off, note_on, program, start
+from listening import GREETING, SETTINGS, SOON, earcon, note_off, note_on, program
 
 RIGHTS = "Copyright Corvane.  You may use it and pass it on, unchanged and free of charge.  "
 AGREEMENT = ("Hello, and welcome to Pointalk, the Audio Mouse \"Driver\".  " + RIGHTS + "It is offered as is, with no "

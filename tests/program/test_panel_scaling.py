@@ -3,7 +3,7 @@
 import os
 import unittest
 
-from harness import Desktop, Panel, wait_until
+from harness import Desktop, Panel
 
 SCREEN = (2400, 1800)  # at 300 % it has the room of 800 x 600
 USUAL = 96  # dots per inch at 100 %
