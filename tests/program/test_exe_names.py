@@ -2,7 +2,7 @@
 
 import itertools
 
-from harness import KILLED_AT_ITS_END, now
+from harness import KILLED_AT_ITS_END, now, wait_until
 from listening import QUICK, SOON, Listening
 
 LONGEST = 133  # characters of a name that are said
@@ -54,11 +54,22 @@ class Names(Listening):
         self.hand.move(*next(self.odd_places))
         return since
 
+    def hears(self, words, since):
+        """Waits for the words; an object that did not answer in time, as on a very busy machine, is asked again."""
+        looks = itertools.count(1)
+
+        def said():
+            if next(looks) % 100 == 0:
+                self.hand.move(*next(self.odd_places))
+            return words in self.heard.words(since)
+
+        wait_until(said, SOON, lambda: f"{words!r}; heard {self.heard.lines(since)[-12:]}")
+
     def test_names_that_no_honest_program_gives(self):
         for name, said in HOSTILE:
             with self.subTest(name[:20]):
                 since = self.give(name=name)
-                self.heard.wait_words(said, SOON, since)
+                self.hears(said, since)
 
     def test_half_a_surrogate_and_a_nul_are_survived(self):
         for name, remains in (("\ud800 alone", " alone"), ("a\0b c", "a")):
@@ -69,14 +80,14 @@ class Names(Listening):
     def test_the_longest_of_every_property(self):
         long = "Word " * 20_000
         since = self.give(name=long, value=long, description=long, role=long, roletype="bstr")
-        self.heard.wait_words(long[:LONGEST], SOON, since)
+        self.hears(long[:LONGEST], since)
 
     def test_what_fails_is_left_out(self):
         for fails, said in (("name", "v"), ("value", "n"), ("value,name", "It is eigh odd names"), ("role", "v"),
                             ("name,value,role,description", "It is eigh odd names")):
             with self.subTest(fails):
                 since = self.give(name="n", value="v", description="d", fails=fails)
-                self.heard.wait_words(said, SOON, since)
+                self.hears(said, since)
 
     def test_a_program_that_dies_over_any_question_is_survived(self):
         for call in ("WM_GETOBJECT", "accHitTest", "accName", "accRole", "accDescription", "accValue"):
