@@ -61,7 +61,7 @@ class Names(Listening):
         def said():
             if next(looks) % 100 == 0:
                 self.hand.move(*next(self.odd_places))
-            return words in self.heard.words(since)
+            return any(line.get("text") == words for line in self.heard.lines(since))
 
         wait_until(said, SOON, lambda: f"{words!r}; heard {self.heard.lines(since)[-12:]}")
 
