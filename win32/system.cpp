@@ -47,6 +47,19 @@ bool Open(HWND owner, const std::string& operation, const std::string& file, con
   return reinterpret_cast<std::intptr_t>(outcome) > 32;
 }
 
+// Whether a file of that name, with any ending, lies beside the program or in the current folder. The shell
+// would look there first, and whoever put it there would have it started.
+bool LiesHere(const std::wstring& name) {
+  for (const std::wstring& folder : {ProgramFolderPath() + L'\\', std::wstring()}) {
+    WIN32_FIND_DATAW found;
+    const HANDLE search = FindFirstFileW((folder + name + L".*").c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) continue;
+    FindClose(search);
+    return true;
+  }
+  return false;
+}
+
 // Whether the window whose content is on the clipboard would let go of it in time: the system tells it, and
 // waits for it.
 bool OwnerAnswers() {
@@ -88,14 +101,15 @@ bool WinSystem::SetClipboard(TextView text) {
 }
 
 // The file that is asked for need not exist where the parameters are a link: it is what old systems wanted in
-// front of one. Then the link is opened itself.
+// front of one. Then the link is opened itself, as it is where the file would be somebody else's.
 bool WinSystem::ShellOpen(TextView operation, TextView file, TextView parameters, TextView directory,
                           int show) {
   const std::string link = Narrow(parameters);
   const std::string folder = Narrow(directory);
-  if (Open(form_, Narrow(operation), Narrow(file), link.c_str(), folder.c_str(), show)) return true;
-  return parameters.starts_with(kMailLink) &&
-         Open(form_, Narrow(operation), link, nullptr, folder.c_str(), show);
+  const bool isMail = parameters.starts_with(kMailLink);
+  const bool mayAsk = !isMail || !LiesHere(Wide(file));
+  if (mayAsk && Open(form_, Narrow(operation), Narrow(file), link.c_str(), folder.c_str(), show)) return true;
+  return isMail && Open(form_, Narrow(operation), link, nullptr, folder.c_str(), show);
 }
 
 }  // namespace pointalk::win32
