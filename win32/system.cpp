@@ -29,15 +29,32 @@ bool OpenClipboardSoon(HWND owner) {
   return true;
 }
 
-// A copy of the text, ended by a NUL, in memory that can be given to the system.
-Owned<HGLOBAL, GlobalFree> GlobalCopy(const std::wstring& text) {
-  const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
+// What asks the system to keep the content out of its history and off the user's other computers, by a number
+// that is 0. Older systems do not know them.
+constexpr const wchar_t* kStayHere[] = {L"CanIncludeInClipboardHistory", L"CanUploadToCloudClipboard"};
+
+// Puts a copy of the bytes on the open clipboard.
+bool Put(UINT format, const void* from, std::size_t bytes) {
   Owned<HGLOBAL, GlobalFree> memory(GlobalAlloc(GMEM_MOVEABLE, bytes));
   void* const place = memory ? GlobalLock(memory.get()) : nullptr;
-  if (place == nullptr) return nullptr;
-  std::memcpy(place, text.c_str(), bytes);
+  if (place == nullptr) return false;
+  std::memcpy(place, from, bytes);
   GlobalUnlock(memory.get());
-  return memory;
+  if (SetClipboardData(format, memory.get()) == nullptr) return false;
+  std::ignore = memory.release();  // the system's now
+  return true;
+}
+
+// The text ends in a NUL there.
+bool PutText(const std::wstring& text) {
+  return Put(CF_UNICODETEXT, text.c_str(), (text.size() + 1) * sizeof(wchar_t));
+}
+
+void KeepHere() {
+  for (const wchar_t* const name : kStayHere) {
+    const DWORD no = 0;
+    std::ignore = Put(RegisterClipboardFormatW(name), &no, sizeof no);  // a request, not more
+  }
 }
 
 bool Open(HWND owner, const std::string& operation, const std::string& file, const char* parameters,
@@ -92,10 +109,10 @@ Text WinSystem::ShortPath(TextView path, int capacity) {
 }
 
 bool WinSystem::SetClipboard(TextView text) {
-  auto memory = GlobalCopy(Wide(ThroughAnsi(text)));
-  if (!memory || !OwnerAnswers() || !OpenClipboardSoon(form_)) return false;
-  const bool set = EmptyClipboard() && SetClipboardData(CF_UNICODETEXT, memory.get()) != nullptr;
-  if (set) std::ignore = memory.release();  // the system's now
+  const std::wstring wide = Wide(ThroughAnsi(text));
+  if (!OwnerAnswers() || !OpenClipboardSoon(form_)) return false;
+  const bool set = EmptyClipboard() && PutText(wide);
+  if (set) KeepHere();
   CloseClipboard();
   return set;
 }
