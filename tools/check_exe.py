@@ -24,6 +24,9 @@ RESOURCES = {
     "a version": "VS_VERSION_INFO".encode("utf-16-le"),
     "an icon": b"\x28\0\0\0\x30\0\0\0\x60\0\0\0\x01\0\x20\0",  # the header of its image of 48 pixels
 }
+# What Windows is told to do for it: load it at an address that nobody knows before, and never run data.
+PROTECTIONS = ("DYNAMIC_BASE", "NX_COMPAT")
+PROTECTIONS_OF_64_BITS = ("HIGH_ENTROPY_VA",)
 
 
 def headers(path):
@@ -36,7 +39,7 @@ def main():
     if not exes:
         sys.exit("name the programs")
     rules = {rule: [] for rule in ("At most 1 MB.", "No DLL but the system's.", "A program with windows.",
-                                   "Its resources.", "The same from every build.")}
+                                   "Its resources.", "Its protection.", "The same from every build.")}
     for exe in exes:
         if not exe.is_file():
             for breaches in rules.values():
@@ -50,7 +53,10 @@ def main():
         if "(Windows GUI)" not in text:
             rules["A program with windows."].append(f"{exe}: opens a console")
         rules["Its resources."] += [f"{exe}: lacks {what}" for what, sign in RESOURCES.items() if sign not in data]
-        if exe_header(data).time:
+        header = exe_header(data)
+        wanted = PROTECTIONS + (PROTECTIONS_OF_64_BITS if header.machine == "x86_64" else ())
+        rules["Its protection."] += [f"{exe}: lacks {flag}" for flag in wanted if flag not in text]
+        if header.time:
             rules["The same from every build."].append(f"{exe}: tells when it was built")
         if str(given.root).encode() in data:
             rules["The same from every build."].append(f"{exe}: tells where it was built")

@@ -59,6 +59,18 @@ bool TakeMessage(MSG& message) {
          PeekMessageW(&message, nullptr, WM_KEYLAST + 1, UINT_MAX, kHow) != FALSE;
 }
 
+// A rectangle where a message says that there is one. Any program may send the message, with any number for
+// an address; no value where nothing can be read.
+std::optional<RECT> RectangleAt(LPARAM address) {
+  RECT place{};
+  SIZE_T count = 0;
+  if (!ReadProcessMemory(GetCurrentProcess(), reinterpret_cast<const void*>(address), &place, sizeof place,
+                         &count) ||
+      count != sizeof place)
+    return std::nullopt;
+  return place;
+}
+
 bool IsBox(HWND window) { return GetClassLongW(window, GCW_ATOM) == LOWORD(WC_DIALOG); }
 
 bool MayTakeLong(UINT message) {
@@ -140,8 +152,7 @@ std::optional<LRESULT> WinPanel::HandleWindow(UINT message, WPARAM wParam, LPARA
     case DM_GETDEFID: return MAKELONG(GetDlgCtrlID(controls_->FirstButton()), DC_HASDEFID);
     case WM_DPICHANGED: {
       if (IsIconic(window_)) return 0;  // what is suggested then is a place for the icon
-      const RECT& suggested = *reinterpret_cast<const RECT*>(lParam);
-      Fit({suggested.left, suggested.top});
+      if (const auto suggested = RectangleAt(lParam)) Fit({suggested->left, suggested->top});
       return 0;
     }
     default: return std::nullopt;

@@ -1,6 +1,8 @@
 """The crash report: armed by the menu, made by a right click or Shift, mailed by the link that the shell opens."""
 
-from harness import Mail, names_desktop, now, wait_until
+import shutil
+
+from harness import BUILD, Mail, names_desktop, now, wait_until
 from panel_case import SOON, DesktopCase
 
 QUESTION = ("Corvane is serious about reliability.  In the unlikely event that viewing a certain object were to crash Pointalk, "
@@ -101,6 +103,27 @@ class Report(DesktopCase):
         self.hand.release("shift")
         self.assertEqual(self.probe.ask("clipboard")["text"], report("Blank", role="client"))
         self.mailed_once()
+
+    def opens_the_mail_beside_a_start_in(self, folder):
+        shutil.copy(BUILD / "wine" / "target" / "target.exe", folder / "start.exe")
+        self.arm()
+        self.go("thing")
+        since = now()
+        self.hand.click("right")
+        self.wiggle_until_said(DONE, since)
+        self.mailed_once()
+
+    def test_a_program_named_start_beside_pointalk_is_not_started(self):
+        self.opens_the_mail_beside_a_start_in(self.pointalk.folder)
+
+    def test_a_program_named_start_in_the_current_folder_is_not_started(self):
+        self.pointalk.kill()
+        (self.pointalk.folder / "status.txt").unlink()
+        elsewhere = self.desktop.folder / "elsewhere"
+        elsewhere.mkdir()
+        (elsewhere / "DidWarn.flg").touch()
+        self.start(self.pointalk, directory=elsewhere)
+        self.opens_the_mail_beside_a_start_in(elsewhere)
 
     def test_where_there_is_no_program_named_start_the_link_is_opened_itself(self):
         start = self.desktop.drive() / "windows" / "system32" / "start.exe"

@@ -256,6 +256,33 @@ TEST_F(PanelTest, TheEndOfTheSessionUnloadsTheForm) {
   EXPECT_EQ(world_.unloads, 1);
 }
 
+// An access violation inside a window procedure may be swallowed by the system, so that only this tells of
+// it.
+std::atomic<int> badReads = 0;
+
+LONG CALLBACK CountBadReads(EXCEPTION_POINTERS* exception) {
+  if (exception->ExceptionRecord->ExceptionCode == EXCEPTION_ACCESS_VIOLATION) ++badReads;
+  return EXCEPTION_CONTINUE_SEARCH;
+}
+
+// Any program may send any number where the system sends the address of a rectangle.
+TEST_F(PanelTest, AChangeOfScaleIsReadOnlyWhereThereIsMemory) {
+  Show();
+  badReads = 0;
+  void* const handler = AddVectoredExceptionHandler(1, &CountBadReads);
+  for (const LPARAM address : {LPARAM{0}, LPARAM{1}, LPARAM{0x10000}, LPARAM{-1}})
+    SendMessageW(panel_, WM_DPICHANGED, MAKEWPARAM(96, 96), address);
+  EXPECT_EQ(badReads, 0);
+  RemoveVectoredExceptionHandler(handler);
+
+  RECT place{30, 40, 500, 400};
+  SendMessageW(panel_, WM_DPICHANGED, MAKEWPARAM(96, 96), reinterpret_cast<LPARAM>(&place));
+  RECT reached{};
+  GetWindowRect(panel_, &reached);
+  EXPECT_EQ(reached.left, 30);
+  EXPECT_EQ(reached.top, 40);
+}
+
 // A program that presses a button must not wait for what the button does.
 TEST_F(PanelTest, ACommandThatAnotherThreadSendsBecomesAnEventOfItsOwn) {
   std::atomic<bool> sent = false;
