@@ -116,7 +116,7 @@ std::optional<LRESULT> WinPanel::HandleEvent(UINT message, WPARAM wParam) {
     case WM_LBUTTONUP: events_->OnClick(); return 0;
     case WM_CLOSE: events_->OnUnload(); return 0;
     case WM_ENDSESSION:
-      if (wParam != FALSE) events_->OnUnload();
+      if (wParam != FALSE) events_->OnSessionEnd();
       return 0;
     default: return std::nullopt;
   }

@@ -14,7 +14,7 @@ namespace {
 
 class FormEvents final : public PanelEvents {
  public:
-  FormEvents(Mouse& form, System& system) : form_(form), system_(system) {}
+  FormEvents(Mouse& form, WinSystem& system) : form_(form), system_(system) {}
 
   void OnTick() override { form_.Timer1_Timer(); }
   void OnMouse(std::int32_t message) override { form_.WinHook1_Message(message); }
@@ -24,10 +24,14 @@ class FormEvents final : public PanelEvents {
     form_.Form_Terminate();
     system_.EndProgram();
   }
+  void OnSessionEnd() override {
+    form_.Form_Terminate();
+    system_.EndAtOnce();
+  }
 
  private:
   Mouse& form_;
-  System& system_;
+  WinSystem& system_;
 };
 
 void RunPointalk() {
