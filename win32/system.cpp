@@ -11,6 +11,7 @@
 #include "win32/ansi.h"
 #include "win32/handles.h"
 #include "win32/last_words.h"
+#include "win32/one_pointalk.h"
 #include "win32/program_folder.h"
 #include "win32/wide_text.h"
 
@@ -101,8 +102,10 @@ bool WinSystem::ShellOpen(TextView operation, TextView file, TextView parameters
          Open(form_, Narrow(operation), link, nullptr, folder.c_str(), show);
 }
 
-// Every way out of the program but the end of the session comes here, with all files written.
+// Every way out of the program but the end of the session comes here, with all files written. A start by now
+// is that of the next Pointalk.
 void WinSystem::EndProgram() {
+  HideFromSecondStarts(form_);
   try {
     HearOut(
         form_, [this] { return sapi5_.IsSpeaking() || sapi4_.IsSpeaking(); }, kLastWordsLimit);

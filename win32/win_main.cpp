@@ -5,6 +5,7 @@
 
 #include "app/mouse.h"
 #include "win32/com.h"
+#include "win32/one_pointalk.h"
 #include "win32/program_folder.h"
 #include "win32/throttling.h"
 #include "win32/win_platform.h"
@@ -40,6 +41,7 @@ void RunPointalk() {
   RefuseThrottling();
   const ComThread com(COINIT_APARTMENTTHREADED);
   WinPlatform platform;
+  ShowToSecondStarts(platform.panel.window());
   Mouse form(platform.Seam());
   FormEvents events(form, platform.system);
   platform.panel.Serve(&events);
@@ -53,6 +55,6 @@ void RunPointalk() {
 }  // namespace pointalk::win32
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
-  pointalk::win32::RunPointalk();
+  if (pointalk::win32::BecomeTheOne()) pointalk::win32::RunPointalk();
   return 0;
 }
