@@ -131,7 +131,7 @@ LAST = [
     check("packages", WINDOWS / "Pointalk.exe", WINDOWS_32 / "Pointalk.exe"),
 ]
 # What the 64-bit program passes, over the 32-bit one, and each of both over programs of the other width.
-OVER_THE_OTHER = ("test_exe_names", "test_exe_controls", "test_exe_lists", "test_exe_texts")
+OVER_THE_OTHER = ("test_exe_names", "test_exe_controls", "test_exe_lists", "test_exe_texts", "test_one_pointalk")
 THIRTY_TWO_BITS = [
     whole_program("program-32", build=WINDOWS_32, lacks=what_is_missing),
     whole_program("program-32-over-64", *OVER_THE_OTHER, build=WINDOWS_32, target_build=WINDOWS, lacks=what_is_missing),

@@ -2,15 +2,16 @@
 
 #include <climits>
 
+#include "win32/foreground.h"
 #include "win32/late_procedure.h"
 #include "win32/mouse_reports.h"
+#include "win32/one_pointalk.h"
 #include "win32/panel_commands.h"
 #include "win32/wide_text.h"
 
 namespace pointalk::win32 {
 namespace {
 
-constexpr wchar_t kClassName[] = L"PointalkPanel";
 constexpr UINT_PTR kPollTimer = 1;
 constexpr DWORD kStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
 constexpr UINT kUsualDpi = 96;
@@ -38,7 +39,7 @@ void RegisterPanelClass(WNDPROC procedure) {
   panel.hIcon = LoadIconW(panel.hInstance, MAKEINTRESOURCEW(1));
   panel.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));
   panel.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
-  panel.lpszClassName = kClassName;
+  panel.lpszClassName = kPanelClass;
   RegisterClassExW(&panel);  // a second panel in one process finds it there
 }
 
@@ -73,8 +74,22 @@ std::optional<RECT> RectangleAt(LPARAM address) {
 
 bool IsBox(HWND window) { return GetClassLongW(window, GCW_ATOM) == LOWORD(WC_DIALOG); }
 
+BOOL CALLBACK TakeOpenBox(HWND window, LPARAM found) {
+  if (!IsBox(window) || !IsWindowVisible(window) || !IsWindowEnabled(window)) return TRUE;
+  *reinterpret_cast<HWND*>(found) = window;
+  return FALSE;
+}
+
+// The box that waits for the user's answer; null where none is open.
+HWND OpenBox() {
+  HWND open = nullptr;
+  EnumThreadWindows(GetCurrentThreadId(), &TakeOpenBox, reinterpret_cast<LPARAM>(&open));
+  return open;
+}
+
 bool MayTakeLong(UINT message) {
-  return message == WM_COMMAND || message == WM_LBUTTONUP || message == WM_CLOSE || message == WM_SYSCOMMAND;
+  return message == WM_COMMAND || message == WM_LBUTTONUP || message == WM_CLOSE ||
+         message == WM_SYSCOMMAND || message == ComeForwardMessage();
 }
 
 }  // namespace
@@ -82,7 +97,7 @@ bool MayTakeLong(UINT message) {
 WinPanel::WinPanel() : keys_(MakePanelAccelerators()) {
   RegisterPanelClass(&OnMessage);
   menu_ = MakePanelMenu();
-  window_ = CreateWindowExW(0, kClassName, Wide(kPanelCaption).c_str(), kStyle, CW_USEDEFAULT, CW_USEDEFAULT,
+  window_ = CreateWindowExW(0, kPanelClass, Wide(kPanelCaption).c_str(), kStyle, CW_USEDEFAULT, CW_USEDEFAULT,
                             400, 200, nullptr, menu_, GetModuleHandleW(nullptr), nullptr);
   SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   controls_.emplace(window_);
@@ -112,6 +127,10 @@ LRESULT CALLBACK WinPanel::OnMessage(HWND window, UINT message, WPARAM wParam, L
   // and speak for minutes, or a menu stay open: it becomes an event of its own.
   if (MayTakeLong(message) && InSendMessage()) {
     PostMessageW(window, message, wParam, lParam);
+    return message == ComeForwardMessage() ? AnswerToSecondStart(window) : 0;
+  }
+  if (message == ComeForwardMessage()) {
+    panel->ComeForward();
     return 0;
   }
   auto result = panel->HandleEvent(message, wParam);
@@ -128,7 +147,7 @@ std::optional<LRESULT> WinPanel::HandleEvent(UINT message, WPARAM wParam) {
     case WM_LBUTTONUP: events_->OnClick(); return 0;
     case WM_CLOSE: events_->OnUnload(); return 0;
     case WM_ENDSESSION:
-      if (wParam != FALSE) events_->OnUnload();
+      if (wParam != FALSE) events_->OnSessionEnd();
       return 0;
     default: return std::nullopt;
   }
@@ -159,6 +178,16 @@ std::optional<LRESULT> WinPanel::HandleWindow(UINT message, WPARAM wParam, LPARA
   }
 }
 
+// An open box is what the user has to answer first.
+void WinPanel::ComeForward() {
+  askedFor_ = !runs_;
+  if (runs_) ShowWindow(window_, SW_RESTORE);
+  const HWND box = OpenBox();
+  if (box == nullptr && !runs_) return;
+  ClaimForeground();
+  SetForegroundWindow(box != nullptr ? box : window_);
+}
+
 void WinPanel::KeepFocus() {
   if (const HWND focus = GetFocus(); focus != nullptr && IsChild(window_, focus)) focus_ = focus;
 }
@@ -179,6 +208,8 @@ void WinPanel::HandOn(MSG& message) {
 }
 
 void WinPanel::Run() {
+  runs_ = true;
+  if (askedFor_) ComeForward();
   MSG message;
   while (GetMessageW(&message, nullptr, 0, 0) > 0) HandOn(message);
 }

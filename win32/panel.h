@@ -11,6 +11,8 @@
 
 namespace pointalk::win32 {
 
+inline constexpr wchar_t kPanelClass[] = L"PointalkPanel";
+
 class WinPanel final : public Panel {
  public:
   // The window is made hidden, and tells nobody anything before Serve.
@@ -24,7 +26,8 @@ class WinPanel final : public Panel {
   // From now on the form hears what happens; it has to stay for as long as messages are handled.
   void Serve(PanelEvents* events) { events_ = events; }
 
-  // Handles messages until somebody ends the thread's message loop.
+  // Handles messages until somebody ends the thread's message loop. A panel that was asked for earlier comes
+  // to the front first.
   void Run();
 
   void Minimise() override;
@@ -41,6 +44,7 @@ class WinPanel final : public Panel {
   std::optional<LRESULT> HandleEvent(UINT message, WPARAM wParam);
   std::optional<LRESULT> HandleWindow(UINT message, WPARAM wParam, LPARAM lParam);
   void HandOn(MSG& message);
+  void ComeForward();
   void KeepFocus();
   void TellTick();
   void TellCommand(UINT command);
@@ -55,6 +59,8 @@ class WinPanel final : public Panel {
   UINT dpi_ = 0;          // that it was laid out for
   HWND focus_ = nullptr;  // the control that had the keyboard when the window last lost it
   PanelEvents* events_ = nullptr;
+  bool runs_ = false;      // start-up, which minimises the panel, is over
+  bool askedFor_ = false;  // by a second start, before that
 
   bool timerEnabled_ = false;
   bool timerArmed_ = false;  // the system's timer runs, which may be so a moment longer than it is enabled

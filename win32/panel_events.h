@@ -16,8 +16,8 @@ class PanelEvents {
   virtual void OnClick() = 0;
   virtual void OnCommand(Handler handler) = 0;
 
-  // The window closes, or the user's session ends.
-  virtual void OnUnload() = 0;
+  virtual void OnUnload() = 0;      // the window closes
+  virtual void OnSessionEnd() = 0;  // of the user's session; the program has to end at once
 };
 
 }  // namespace pointalk::win32

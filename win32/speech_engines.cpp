@@ -14,6 +14,8 @@ constexpr CLSID kSapi5Voice = {0x96749377, 0x3391, 0x11D2, {0x9E, 0xE3, 0x00, 0x
 constexpr CLSID kSapi4Control = {
     0xEEE78591, 0xFE22, 0x11D0, {0x8B, 0xEF, 0x00, 0x60, 0x08, 0x18, 0x41, 0xDE}};
 
+constexpr ULONGLONG kBeginsWithin = 500;  // milliseconds from a text to its first sound
+
 std::optional<std::int32_t> AsNumber(std::optional<Variant> value) {
   if (!value || !value->Become(VT_I4)) return std::nullopt;
   return value->Get().lVal;
@@ -22,6 +24,11 @@ std::optional<std::int32_t> AsNumber(std::optional<Variant> value) {
 std::optional<double> AsReal(std::optional<Variant> value) {
   if (!value || !value->Become(VT_R8)) return std::nullopt;
   return value->Get().dblVal;
+}
+
+std::optional<bool> AsTruth(std::optional<Variant> value) {
+  if (!value || !value->Become(VT_BOOL)) return std::nullopt;
+  return value->Get().boolVal != VARIANT_FALSE;
 }
 
 bool CreateInto(LateBound& object, const CLSID& classId) {
@@ -72,6 +79,11 @@ bool WinSapi5Voice::Speak(TextView text, std::optional<int> flags) {
   return voice_.Call(L"Speak", {words.Get(), Variant(std::int32_t{*flags}).Get()});
 }
 
+bool WinSapi5Voice::IsSpeaking() {
+  constexpr std::int32_t kNoWait = 0;
+  return !AsTruth(voice_.Get(L"WaitUntilDone", {Variant(kNoWait).Get()})).value_or(true);
+}
+
 bool WinSapi4Control::Create() { return CreateInto(control_, kSapi4Control); }
 
 std::optional<double> WinSapi4Control::Speed() { return AsReal(control_.Get(L"Speed")); }
@@ -89,11 +101,28 @@ std::optional<double> WinSapi4Control::Find(TextView criteria) {
 
 bool WinSapi4Control::Select(double voice) { return control_.Call(L"Select", {Variant(voice).Get()}); }
 
-bool WinSapi4Control::AudioReset() { return control_.Call(L"AudioReset"); }
+void WinSapi4Control::Release() {
+  control_ = LateBound();
+  spokeAt_.reset();
+}
+
+bool WinSapi4Control::AudioReset() {
+  if (!control_.Call(L"AudioReset")) return false;
+  spokeAt_.reset();
+  return true;
+}
 
 bool WinSapi4Control::Speak(TextView text) {
   const Variant words(text);
-  return control_.Call(L"Speak", {words.Get()});
+  if (!control_.Call(L"Speak", {words.Get()})) return false;
+  spokeAt_ = GetTickCount64();
+  return true;
+}
+
+bool WinSapi4Control::IsSpeaking() {
+  if (!spokeAt_) return false;
+  if (GetTickCount64() - *spokeAt_ < kBeginsWithin) return true;
+  return AsTruth(control_.Get(L"Speaking")).value_or(true);
 }
 
 std::optional<double> WinSapi4Control::LastWordPosition() {

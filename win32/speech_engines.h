@@ -18,6 +18,8 @@ class WinSapi5Voice final : public Sapi5Voice {
   bool SetVoice(std::int32_t index) override;
   bool Speak(TextView text, std::optional<int> flags) override;
 
+  bool IsSpeaking();  // false for a voice that does not tell
+
  private:
   std::optional<LateBound> VoiceAt(std::int32_t index);
 
@@ -27,7 +29,7 @@ class WinSapi5Voice final : public Sapi5Voice {
 class WinSapi4Control final : public Sapi4Control {
  public:
   bool Create() override;
-  void Release() override { control_ = LateBound(); }
+  void Release() override;
   std::optional<double> Speed() override;
   bool SetSpeed(double speed) override;
   bool SetVolumeLeft(double volume) override;
@@ -39,8 +41,12 @@ class WinSapi4Control final : public Sapi4Control {
   std::optional<double> LastWordPosition() override;
   bool SetLastWordPosition(double position) override;
 
+  // A control that does not tell counts as speaking from a text on until it is reset.
+  bool IsSpeaking();
+
  private:
   LateBound control_;
+  std::optional<ULONGLONG> spokeAt_;  // when it was given a text that it was not reset after, in milliseconds
 };
 
 }  // namespace pointalk::win32

@@ -4,11 +4,14 @@
 
 #include <algorithm>
 #include <cstring>
+#include <exception>
 #include <string>
 #include <tuple>
 
 #include "win32/ansi.h"
 #include "win32/handles.h"
+#include "win32/last_words.h"
+#include "win32/one_pointalk.h"
 #include "win32/program_folder.h"
 #include "win32/wide_text.h"
 
@@ -16,8 +19,9 @@ namespace pointalk::win32 {
 namespace {
 
 constexpr int kClipboardAttempts = 10;
-constexpr DWORD kAttemptPause = 20;  // milliseconds
-constexpr UINT kOwnerLimit = 100;    // milliseconds
+constexpr DWORD kAttemptPause = 20;       // milliseconds
+constexpr UINT kOwnerLimit = 100;         // milliseconds
+constexpr DWORD kLastWordsLimit = 2'000;  // milliseconds
 constexpr TextView kMailLink = u"mailto:";
 
 // Another program may have the clipboard open for a moment.
@@ -127,6 +131,18 @@ bool WinSystem::ShellOpen(TextView operation, TextView file, TextView parameters
   const bool mayAsk = !isMail || !LiesHere(Wide(file));
   if (mayAsk && Open(form_, Narrow(operation), Narrow(file), link.c_str(), folder.c_str(), show)) return true;
   return isMail && Open(form_, Narrow(operation), link, nullptr, folder.c_str(), show);
+}
+
+// Every way out of the program but the end of the session comes here, with all files written. A start by now
+// is that of the next Pointalk.
+void WinSystem::EndProgram() {
+  HideFromSecondStarts(form_);
+  try {
+    HearOut(
+        form_, [this] { return sapi5_.IsSpeaking() || sapi4_.IsSpeaking(); }, kLastWordsLimit);
+  } catch (const std::exception&) {  // the words are lost, but not the end
+  }
+  EndAtOnce();
 }
 
 }  // namespace pointalk::win32

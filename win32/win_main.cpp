@@ -5,6 +5,7 @@
 
 #include "app/mouse.h"
 #include "win32/com.h"
+#include "win32/one_pointalk.h"
 #include "win32/program_folder.h"
 #include "win32/throttling.h"
 #include "win32/win_platform.h"
@@ -14,7 +15,7 @@ namespace {
 
 class FormEvents final : public PanelEvents {
  public:
-  FormEvents(Mouse& form, System& system) : form_(form), system_(system) {}
+  FormEvents(Mouse& form, WinSystem& system) : form_(form), system_(system) {}
 
   void OnTick() override { form_.Timer1_Timer(); }
   void OnMouse(std::int32_t message) override { form_.WinHook1_Message(message); }
@@ -24,10 +25,14 @@ class FormEvents final : public PanelEvents {
     form_.Form_Terminate();
     system_.EndProgram();
   }
+  void OnSessionEnd() override {
+    form_.Form_Terminate();
+    system_.EndAtOnce();
+  }
 
  private:
   Mouse& form_;
-  System& system_;
+  WinSystem& system_;
 };
 
 void RunPointalk() {
@@ -36,6 +41,7 @@ void RunPointalk() {
   RefuseThrottling();
   const ComThread com(COINIT_APARTMENTTHREADED);
   WinPlatform platform;
+  ShowToSecondStarts(platform.panel.window());
   Mouse form(platform.Seam());
   FormEvents events(form, platform.system);
   platform.panel.Serve(&events);
@@ -49,6 +55,6 @@ void RunPointalk() {
 }  // namespace pointalk::win32
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
-  pointalk::win32::RunPointalk();
+  if (pointalk::win32::BecomeTheOne()) pointalk::win32::RunPointalk();
   return 0;
 }

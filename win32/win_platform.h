@@ -44,7 +44,7 @@ struct WinPlatform {
   WinFiles files;
   WinRegistry registry;
   WinClock clock;
-  WinSystem system{panel.window()};
+  WinSystem system{panel.window(), sapi5, sapi4};
 };
 
 }  // namespace pointalk::win32

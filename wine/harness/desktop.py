@@ -111,10 +111,10 @@ class Desktop:
     def hand(self):
         return Hand(self.environment)
 
-    def pointalk(self, settings=None, first_run=False):
+    def pointalk(self, settings=None, first_run=False, build=BUILD):
         """A Pointalk that is not started yet, in a folder of its own."""
         self._runs += 1
-        return Pointalk(BUILD, self.folder / f"Pointalk{self._runs}", self.environment, settings, first_run)
+        return Pointalk(build, self.folder / f"Pointalk{self._runs}", self.environment, settings, first_run)
 
     def screenshot(self, path):
         self.run("import", "-window", "root", path, seconds=100)

@@ -122,6 +122,11 @@ void SetWhole(VARIANT& result, LONG value) {
   result.lVal = value;
 }
 
+void SetTruth(VARIANT& result, bool value) {
+  result.vt = VT_BOOL;
+  result.boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
+}
+
 void SetObject(VARIANT& result, IDispatch* object) {
   result.vt = VT_DISPATCH;
   result.pdispVal = object;

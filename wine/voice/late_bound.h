@@ -70,6 +70,7 @@ class LateBound : public IDispatch {
 };
 
 void SetWhole(VARIANT& result, LONG value);
+void SetTruth(VARIANT& result, bool value);
 // Takes over the caller's reference.
 void SetObject(VARIANT& result, IDispatch* object);
 

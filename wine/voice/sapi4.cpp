@@ -1,6 +1,7 @@
 #include "wine/voice/sapi4.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 
 #include "wine/heard/heard.h"
@@ -20,13 +21,14 @@ enum : DISPID {
   kSelect,
   kSpeak,
   kAudioReset,
+  kSpeaking,
 };
 
 const std::vector<Member>& Members() {
   static const auto& members = *new std::vector<Member>{
       {L"Speed", kSpeed}, {L"VolumeLeft", kVolumeLeft}, {L"VolumeRight", kVolumeRight},
       {L"Find", kFind},   {L"Select", kSelect},         {L"LastWordPosition", kLastWordPosition},
-      {L"Speak", kSpeak}, {L"AudioReset", kAudioReset}};
+      {L"Speak", kSpeak}, {L"AudioReset", kAudioReset}, {L"Speaking", kSpeaking}};
   return members;
 }
 
@@ -67,6 +69,7 @@ HRESULT Sapi4Voice::Call(DISPID member, Access access, const Arguments& argument
   if (member == kSelect) return Select(arguments);
   if (member == kSpeak) return Speak(arguments);
   if (member == kAudioReset) return AudioReset();
+  if (member == kSpeaking) return Speaking(result);
   return DISP_E_MEMBERNOTFOUND;
 }
 
@@ -147,6 +150,15 @@ HRESULT Sapi4Voice::Speak(const Arguments& arguments) {
 HRESULT Sapi4Voice::AudioReset() {
   HeardLine("sapi4 audio reset").Write();
   mUtterances.CutAll();
+  return S_OK;
+}
+
+// Where the environment says so, it is a control that does not tell.
+HRESULT Sapi4Voice::Speaking(VARIANT& result) {
+  if (GetEnvironmentVariableW(L"POINTALK_SAPI4_SPEAKING", nullptr, 0) != 0) return DISP_E_MEMBERNOTFOUND;
+  const bool speaking = !mUtterances.AllOverWithin(std::chrono::milliseconds(0));
+  HeardLine("sapi4 speaking").Flag("value", speaking).Write();
+  SetTruth(result, speaking);
   return S_OK;
 }
 

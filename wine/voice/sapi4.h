@@ -26,6 +26,7 @@ class Sapi4Voice final : public LateBound {
   HRESULT Select(const Arguments& arguments);
   HRESULT Speak(const Arguments& arguments);
   HRESULT AudioReset();
+  HRESULT Speaking(VARIANT& result);
   void NoticeNewWord();
 
   double mSpeed = 150;

@@ -1,5 +1,8 @@
 #include "wine/voice/sapi5.h"
 
+#include <algorithm>
+#include <chrono>
+
 #include "wine/heard/heard.h"
 #include "wine/voice/recorded.h"
 #include "wine/voice/voice_tokens.h"
@@ -9,14 +12,12 @@ namespace pointalk::wine {
 
 namespace {
 
-enum : DISPID { kRate = 1, kVolume, kVoice, kGetVoices, kSpeak };
+enum : DISPID { kRate = 1, kVolume, kVoice, kGetVoices, kSpeak, kWaitUntilDone };
 
 const std::vector<Member>& Members() {
-  static const auto& members = *new std::vector<Member>{{L"Rate", kRate},
-                                                        {L"Volume", kVolume},
-                                                        {L"Voice", kVoice},
-                                                        {L"GetVoices", kGetVoices},
-                                                        {L"Speak", kSpeak}};
+  static const auto& members = *new std::vector<Member>{
+      {L"Rate", kRate},           {L"Volume", kVolume}, {L"Voice", kVoice},
+      {L"GetVoices", kGetVoices}, {L"Speak", kSpeak},   {L"WaitUntilDone", kWaitUntilDone}};
   return members;
 }
 
@@ -37,6 +38,7 @@ HRESULT Sapi5Voice::Call(DISPID member, Access access, const Arguments& argument
   if (member == kVoice) return Voice(access, arguments, result);
   if (access != Access::kGetOrCall) return DISP_E_MEMBERNOTFOUND;
   if (member == kSpeak) return Speak(arguments, result);
+  if (member == kWaitUntilDone) return WaitUntilDone(arguments, result);
   if (member != kGetVoices) return DISP_E_MEMBERNOTFOUND;
   HeardLine("sapi5 voices").Write();
   SetObject(result, new VoiceList);
@@ -79,6 +81,22 @@ HRESULT Sapi5Voice::Speak(const Arguments& arguments, VARIANT& result) {
   }
   SetWhole(result, static_cast<LONG>(number));
   return S_OK;
+}
+
+// A time below 0 is one without a limit, as with the real engine.
+HRESULT Sapi5Voice::WaitUntilDone(const Arguments& arguments, VARIANT& result) {
+  HeardLine line("sapi5 wait until done");
+  LONG limit = 0;
+  const HRESULT outcome = arguments.Whole(0, limit);
+  line.Number("limit", limit).Number("result", outcome);
+  if (SUCCEEDED(outcome)) {
+    bool done = mUtterances.AllOverWithin(std::chrono::milliseconds(std::max(limit, LONG{0})));
+    while (!done && limit < 0) done = mUtterances.AllOverWithin(std::chrono::seconds(1));
+    line.Flag("done", done);
+    SetTruth(result, done);
+  }
+  line.Write();
+  return outcome;
 }
 
 }  // namespace pointalk::wine

@@ -23,6 +23,7 @@ class Sapi5Voice final : public LateBound {
  private:
   HRESULT Voice(Access access, const Arguments& arguments, VARIANT& result);
   HRESULT Speak(const Arguments& arguments, VARIANT& result);
+  HRESULT WaitUntilDone(const Arguments& arguments, VARIANT& result);
 
   LONG mRate = 0;
   LONG mVolume = 100;

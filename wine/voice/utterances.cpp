@@ -73,6 +73,11 @@ void Utterances::WaitUntilOver(std::int64_t number) {
   mChanged.wait(lock, [&] { return mOverUpTo >= number; });
 }
 
+bool Utterances::AllOverWithin(std::chrono::milliseconds limit) {
+  std::unique_lock lock(mMutex);
+  return mChanged.wait_for(lock, limit, [&] { return mOverUpTo >= mLastNumber; });
+}
+
 std::optional<std::size_t> Utterances::Position(std::int64_t number) {
   const std::lock_guard lock(mMutex);
   if (!mSounding || mSounding->number != number) return std::nullopt;

@@ -1,6 +1,7 @@
 // The queue of one engine: what it has been told to say, said one after the other by a thread of its own.
 #pragma once
 
+#include <chrono>
 #include <condition_variable>
 #include <cstdint>
 #include <deque>
@@ -44,6 +45,9 @@ class Utterances {
   // Returns when the utterance is over in any way. Each part that sounds has its own length as a limit, and
   // espeak-ng 15 s to make it; an engine that does not answer therefore ends the wait too.
   void WaitUntilOver(std::int64_t number);
+
+  // Whether all that was queued is over; waits for it, but no longer than so many milliseconds.
+  bool AllOverWithin(std::chrono::milliseconds limit);
 
   // How far the utterance has come, in UTF-16 units; no value while it is not sounding.
   std::optional<std::size_t> Position(std::int64_t number);

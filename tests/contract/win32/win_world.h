@@ -60,6 +60,7 @@ class WinWorld final : public World, private win32::PanelEvents {
   int ticks = 0;
   int clicks = 0;
   int unloads = 0;
+  int sessionEnds = 0;
   std::vector<Handler> commands;
   std::vector<int> mouseReports;
 
@@ -75,6 +76,7 @@ class WinWorld final : public World, private win32::PanelEvents {
   void OnClick() override { ++clicks; }
   void OnCommand(Handler handler) override { commands.push_back(handler); }
   void OnUnload() override { ++unloads; }
+  void OnSessionEnd() override { ++sessionEnds; }
 
   void MakeForeign(const WindowSpec& window);
   void MakeOwn(const WindowSpec& window);
