@@ -62,7 +62,7 @@ TEST_F(ObjectTest, AVeryLongNameIsTakenAsItIs) {
 }
 
 TEST_F(ObjectTest, ADescriptionHasAnEnd) {
-  world_.Tell("element objects 1 description=" + std::string(1'000'000, 'x'));
+  world_.Tell("element objects 1 description=" + std::string(100'000, 'x'));
   const auto facts = Ask();
   ASSERT_TRUE(facts);
   EXPECT_EQ(facts->description, Text(2000, u'x'));
