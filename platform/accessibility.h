@@ -13,7 +13,7 @@ namespace pointalk {
 struct AccessibleFacts {
   std::optional<Text> name;
   std::optional<std::int32_t> role;  // missing also when the object gives a role that is not a number
-  std::optional<Text> description;
+  std::optional<Text> description;   // one without an end may have lost it
   std::optional<Text> value;
 };
 

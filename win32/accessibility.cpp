@@ -3,10 +3,10 @@
 #include <oleacc.h>
 
 #include <algorithm>
-#include <string>
 #include <utility>
 
 #include "win32/ansi.h"
+#include "win32/wide_text.h"
 #include "win32/window_handles.h"
 
 namespace pointalk::win32 {
@@ -21,7 +21,7 @@ constexpr DWORD kGlance = 30;           // milliseconds between two looks at the
 constexpr DWORD kLeftStretch = 90;      // milliseconds that are waited although the pointer has left
 
 constexpr std::size_t kMostLeftBehind = 4;
-constexpr int kLongestRole = 1024;  // characters
+constexpr UINT kLongestRole = 1024;  // characters
 
 // Waits for an event; false when it does not come in time.
 bool ServeUntil(HANDLE event, DWORD limit) {
@@ -88,10 +88,10 @@ bool WinAccessibility::QueryStillOut(WindowHandle window) {
 
 Text WinAccessibility::RoleText(std::int32_t role, int capacity) {
   if (capacity <= 0) return {};
-  std::string bytes(static_cast<std::size_t>(std::min(capacity, kLongestRole)), '\0');
-  const UINT length = GetRoleTextA(static_cast<DWORD>(role), bytes.data(), static_cast<UINT>(bytes.size()));
-  bytes.resize(std::min<std::size_t>(length, bytes.size()));
-  return Widen(bytes);
+  wchar_t text[kLongestRole] = {};
+  const UINT length = GetRoleTextW(static_cast<DWORD>(role), text, kLongestRole);
+  return ThroughAnsi(FromWide({text, std::min(length, kLongestRole)}))
+      .substr(0, static_cast<std::size_t>(capacity));
 }
 
 }  // namespace pointalk::win32

@@ -5,6 +5,7 @@
 
 #include <oleauto.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 
@@ -40,8 +41,11 @@ using ComText = std::unique_ptr<OLECHAR, FreedByCom>;
 // Null when there is no memory.
 ComText MakeComText(TextView text);
 
-// At most 1,048,576 characters: a text that another program made may be of any length.
-Text FromComText(const OLECHAR* text);
+// A text that another program made may be of any length.
+inline constexpr std::size_t kLongestComText = 1024 * 1024;  // characters
+
+// At most so many characters; a character of two units is not cut in half.
+Text FromComText(const OLECHAR* text, std::size_t longest = kLongestComText);
 
 class Variant {
  public:

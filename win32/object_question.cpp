@@ -11,12 +11,17 @@ namespace {
 
 using TextProperty = HRESULT (STDMETHODCALLTYPE IAccessible::*)(VARIANT, BSTR*);
 
-std::optional<Text> Read(IAccessible& object, TextProperty property, const VARIANT& child) {
+// A value is the text of a document at times. A description is a sentence or two, and what goes on for ever
+// is of use to nobody.
+constexpr std::size_t kLongestDescription = 2000;  // characters
+
+std::optional<Text> Read(IAccessible& object, TextProperty property, const VARIANT& child,
+                         std::size_t longest = kLongestComText) {
   BSTR text = nullptr;
   const HRESULT outcome = (object.*property)(child, &text);
   const ComText owned(text);
   if (FAILED(outcome) || text == nullptr) return std::nullopt;
-  return FromComText(text);
+  return FromComText(text, longest);
 }
 
 // Some objects give a text of their own instead of a number.
@@ -51,7 +56,7 @@ std::optional<AccessibleFacts> AskObjectAt(Point screen) {
   AccessibleFacts facts;
   facts.name = Read(*object, &IAccessible::get_accName, child.Get());
   facts.role = ReadRole(*object, child.Get());
-  facts.description = Read(*object, &IAccessible::get_accDescription, child.Get());
+  facts.description = Read(*object, &IAccessible::get_accDescription, child.Get(), kLongestDescription);
   facts.value = Read(*object, &IAccessible::get_accValue, child.Get());
   return facts;
 }

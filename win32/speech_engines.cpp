@@ -38,6 +38,21 @@ bool CreateInto(LateBound& object, const CLSID& classId) {
   return true;
 }
 
+constexpr int kNotMarkup = 16;  // the flag of the engine that has it speak what would be markup otherwise
+
+// White space of every kind, since it is not known which of it the engine skips: the flag does no harm where
+// it skips less.
+constexpr TextView kBlanks =
+    u" \t\n\v\f\r\u0085\u00A0\u1680\u2000\u2001\u2002\u2003\u2004\u2005\u2006\u2007\u2008\u2009\u200A\u2028"
+    u"\u2029\u202F\u205F\u3000";
+
+// The engine takes a text for markup when it begins so: "< Back" would be silent, and what another program
+// wrote would be obeyed.
+bool LooksLikeMarkup(TextView text) {
+  const std::size_t first = text.find_first_not_of(kBlanks);
+  return first != TextView::npos && text[first] == u'<';
+}
+
 }  // namespace
 
 bool WinSapi5Voice::Create() { return CreateInto(voice_, kSapi5Voice); }
@@ -75,6 +90,7 @@ bool WinSapi5Voice::SetVoice(std::int32_t index) {
 
 bool WinSapi5Voice::Speak(TextView text, std::optional<int> flags) {
   const Variant words(text);
+  if (LooksLikeMarkup(text)) flags = flags.value_or(0) | kNotMarkup;
   if (!flags) return voice_.Call(L"Speak", {words.Get()});
   return voice_.Call(L"Speak", {words.Get(), Variant(std::int32_t{*flags}).Get()});
 }

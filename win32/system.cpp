@@ -103,13 +103,13 @@ std::optional<SystemVersion> WinSystem::Version() {
 Text WinSystem::ProgramFolder() { return ThroughAnsi(FromWide(ProgramFolderPath())); }
 
 Text WinSystem::ShortPath(TextView path, int capacity) {
-  const std::string whole = Narrow(path);
-  const DWORD room = GetShortPathNameA(whole.c_str(), nullptr, 0);
-  std::string shortPath(room, '\0');
-  const DWORD length = GetShortPathNameA(whole.c_str(), shortPath.data(), room);
+  const std::wstring whole = Wide(ThroughAnsi(path));
+  const DWORD room = GetShortPathNameW(whole.c_str(), nullptr, 0);
+  std::wstring shortPath(room, L'\0');
+  const DWORD length = GetShortPathNameW(whole.c_str(), shortPath.data(), room);
   if (length >= room) return {};
   shortPath.resize(std::min<std::size_t>(length, static_cast<std::size_t>(std::max(capacity, 0))));
-  return Widen(shortPath);
+  return ThroughAnsi(FromWide(shortPath));
 }
 
 bool WinSystem::SetClipboard(TextView text) {

@@ -71,6 +71,7 @@ TEST_F(AccessibilityContract, ARoleHasATextOfThePlatform) {
   EXPECT_EQ(accessibility_.RoleText(0, 128), u"unknown object");
   EXPECT_EQ(accessibility_.RoleText(-1, 128), u"");
   EXPECT_EQ(accessibility_.RoleText(0, 0), u"");
+  EXPECT_EQ(accessibility_.RoleText(0, 7), u"unknown");
 }
 
 TEST_F(AccessibilityContract, AHungProgramTellsNothing) {

@@ -103,6 +103,11 @@ class World {
   virtual void MakeReadOnly(FilePath path) = 0;
 
   virtual Text Clipboard() = 0;
+
+  // A key below HKEY_CURRENT_USER and a text in it, made as other programs make them: in Unicode.
+  virtual void MakeRegistryText(TextView key, TextView name, TextView text) = 0;
+  // The key has no sub-keys.
+  virtual void RemoveRegistryKey(TextView key) = 0;
 };
 
 // One at a time.

@@ -90,6 +90,11 @@ class ClicksAndKeys(Listening):
         self.visit(OK, "O K button")
         self.assertNotIn("A Menu of places", self.heard.words())
 
+    def test_a_description_without_an_end_is_said_as_far_as_anyone_listens(self):
+        self.target.element("elements", 1, description="on and " * 50_000)
+        self.addCleanup(self.target.element, "elements", 1, description="Where to")
+        self.assert_told(ADDRESS, "hello", "It is a text. ", ("on and " * 50_000)[:2000])
+
     def test_a_combo_box_is_known_by_its_class(self):
         self.assert_told(self.target.centre("combo"), "First choice, client area", "It is a combo box")
 

@@ -327,8 +327,8 @@ class ForwardingRegistryApi : public Forwarding<RegistryApi> {
     return PassOr({kAccessIsDenied, {}}, "RegistryApi::SubKeyName", &RegistryApi::SubKeyName, key, index,
                   capacity);
   }
-  RegistryName ValueName(RegistryKey key, std::uint32_t index, std::uint32_t capacity) override {
-    return PassOr({kAccessIsDenied, {}}, "RegistryApi::ValueName", &RegistryApi::ValueName, key, index,
+  RegistryEnumeratedValue ValueAt(RegistryKey key, std::uint32_t index, std::uint32_t capacity) override {
+    return PassOr({kAccessIsDenied, {}, 0, {}}, "RegistryApi::ValueAt", &RegistryApi::ValueAt, key, index,
                   capacity);
   }
   std::int32_t DeleteKey(RegistryKey key, TextView subKey) override {

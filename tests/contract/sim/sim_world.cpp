@@ -167,7 +167,18 @@ class SimWorld final : public World {
   void MakeReadOnly(FilePath path) override { machine_.setup.readOnly.push_back(WholePath(path)); }
   Text Clipboard() override { return machine_.clipboard; }
 
+  void MakeRegistryText(TextView key, TextView name, TextView text) override {
+    sim::RegistryEntry& entry = machine_.setup.registry.Make(PathOf(key)).Make(name);
+    entry.text = text;
+    entry.data = sim::SimAnsi().ToBytes(text);
+    entry.data.push_back(std::byte{0});
+  }
+
+  void RemoveRegistryKey(TextView key) override { machine_.setup.registry.Remove(PathOf(key)); }
+
  private:
+  static Text PathOf(TextView key) { return Text(u"HKEY_CURRENT_USER\\").append(key); }
+
   static Text WholePath(FilePath path) {
     return Text(path.folder == Folder::kProgram ? u"program\\" : u"current\\").append(path.name);
   }

@@ -61,6 +61,45 @@ TEST_F(ObjectTest, AVeryLongNameIsTakenAsItIs) {
   EXPECT_EQ(facts->name, Text(60'000, u'x'));
 }
 
+TEST_F(ObjectTest, ADescriptionHasAnEnd) {
+  world_.Tell("element objects 1 description=" + std::string(100'000, 'x'));
+  const auto facts = Ask();
+  ASSERT_TRUE(facts);
+  EXPECT_EQ(facts->description, Text(2000, u'x'));
+}
+
+TEST_F(ObjectTest, ADescriptionIsNotCutWithinACharacter) {
+  const std::string smile = "\\ud83d\\ude00";
+  const struct {
+    std::size_t before;
+    std::string after;
+    Text said;
+  } kRows[] = {
+      {1999, smile + "yy", Text(1999, u'x')},
+      {1998, smile + "yy", Text(1998, u'x') + u"\U0001F600"},
+      {1998, smile, Text(1998, u'x') + u"\U0001F600"},
+      {2000, smile, Text(2000, u'x')},
+      {1999, "\\ud83dy", Text(1999, u'x') + u'\xD83D'},
+      {2000, "", Text(2000, u'x')},
+      {1999, "", Text(1999, u'x')},
+  };
+  for (const auto& row : kRows) {
+    world_.Tell("element objects 1 description=\"" + std::string(row.before, 'x') + row.after + '"');
+    const auto facts = Ask();
+    ASSERT_TRUE(facts);
+    EXPECT_EQ(facts->description, row.said) << row.before << row.after;
+  }
+}
+
+TEST_F(ObjectTest, AValueIsNotCutWhereADescriptionIs) {
+  const std::string text(5000, 'x');
+  world_.Tell("element objects 1 value=" + text + " name=" + text);
+  const auto facts = Ask();
+  ASSERT_TRUE(facts);
+  EXPECT_EQ(facts->value, Text(5000, u'x'));
+  EXPECT_EQ(facts->name, Text(5000, u'x'));
+}
+
 // It lies with the thread that asks, which has to answer meanwhile.
 TEST_F(ObjectTest, OurOwnButtonsAnswerToo) {
   const HWND panel = world_.platform.panel.window();

@@ -256,6 +256,18 @@ Text WinWorld::Clipboard() {
   return text;
 }
 
+void WinWorld::MakeRegistryText(TextView key, TextView name, TextView text) {
+  const std::wstring data = win32::Wide(text);
+  const LSTATUS code = RegSetKeyValueW(HKEY_CURRENT_USER, win32::Wide(key).c_str(), win32::Wide(name).c_str(),
+                                       REG_SZ, data.c_str(), static_cast<DWORD>((data.size() + 1) * 2));
+  if (code != ERROR_SUCCESS) throw std::runtime_error("no text in the registry: " + std::to_string(code));
+}
+
+void WinWorld::RemoveRegistryKey(TextView key) {
+  const LSTATUS code = RegDeleteKeyW(HKEY_CURRENT_USER, win32::Wide(key).c_str());
+  if (code != ERROR_SUCCESS) throw std::runtime_error("the key stays: " + std::to_string(code));
+}
+
 std::unique_ptr<World> MakeWorld(const Scene& scene) { return std::make_unique<WinWorld>(scene); }
 
 }  // namespace pointalk::contract

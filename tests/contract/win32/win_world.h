@@ -40,6 +40,8 @@ class WinWorld final : public World, private win32::PanelEvents {
   std::optional<std::string> FileBytes(FilePath path) override;
   void MakeReadOnly(FilePath path) override;
   Text Clipboard() override;
+  void MakeRegistryText(TextView key, TextView name, TextView text) override;
+  void RemoveRegistryKey(TextView key) override;
 
   // A command to the test target, and its answer. Throws std::runtime_error for one that it refuses.
   std::string Tell(const std::string& command);
