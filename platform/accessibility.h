@@ -9,7 +9,9 @@
 
 namespace pointalk {
 
-// What an accessible object tells of itself; a property that could not be read is missing.
+// What an accessible object tells of itself; a property that could not be read is missing. The value of a
+// protected object, and of any object of a password field, counts as such; so does a name that is the text of
+// a password field. A label is told.
 struct AccessibleFacts {
   std::optional<Text> name;
   std::optional<std::int32_t> role;  // missing also when the object gives a role that is not a number

@@ -1,10 +1,14 @@
 #include "win32/control_messages.h"
 
+#include <richedit.h>
+
 #include <algorithm>
+#include <iterator>
 #include <string>
 #include <string_view>
 
 #include "win32/ansi.h"
+#include "win32/password_field.h"
 #include "win32/wide_text.h"
 #include "win32/window_handles.h"
 
@@ -24,6 +28,15 @@ constexpr std::int32_t kLongestText = 1024 * 1024;  // characters
 constexpr std::int32_t kLongestLine = 65'535;
 constexpr std::int32_t kLongestItem = 65'536;
 
+// The messages that text fields answer with their text, a part of it, or its length.
+constexpr UINT kAskForText[] = {WM_GETTEXT,   WM_GETTEXTLENGTH, EM_GETHANDLE,
+                                EM_GETLINE,   EM_GETSELTEXT,    EM_GETTEXTRANGE,
+                                EM_STREAMOUT, EM_GETTEXTEX,     EM_GETTEXTLENGTHEX};
+
+bool AsksForText(UINT message) {
+  return std::find(std::begin(kAskForText), std::end(kAskForText), message) != std::end(kAskForText);
+}
+
 LPARAM Address(wchar_t* text) { return reinterpret_cast<LPARAM>(text); }
 
 // The control answered with a count but left the size of the buffer, which is no character, at its beginning.
@@ -33,6 +46,13 @@ bool IsUntouched(const wchar_t* line) { return line[0] == kLongestLine; }
 }  // namespace
 
 std::optional<std::int32_t> WinControlMessages::Ask(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  const auto ask = [this](HWND field, UINT question) { return AskOpenly(field, question, 0, 0); };
+  if (AsksForText(message) && HoldsPassword(window, ask)) return std::nullopt;
+  return AskOpenly(window, message, wParam, lParam);
+}
+
+std::optional<std::int32_t> WinControlMessages::AskOpenly(HWND window, UINT message, WPARAM wParam,
+                                                          LPARAM lParam) {
   if (!patience_.MayAsk(window)) return std::nullopt;
   DWORD_PTR result = 0;
   const ULONGLONG begin = GetTickCount64();

@@ -18,8 +18,10 @@ class WinControlMessages final : public ControlMessages {
   std::optional<Text> ListBoxText(WindowHandle window, std::int32_t item, std::int32_t length) override;
 
  private:
-  // The low 32 bits of the result, signed; no value when the message was not answered.
+  // The low 32 bits of the result, signed; no value when the message was not answered, nor when it asks for
+  // the text of a password field. All messages go out here.
   std::optional<std::int32_t> Ask(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  std::optional<std::int32_t> AskOpenly(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   void NoteTaken(HWND window, ULONGLONG begin, ULONGLONG end);
 
   Patience& patience_;

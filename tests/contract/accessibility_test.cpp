@@ -30,7 +30,8 @@ class AccessibilityContract : public testing::Test {
         kPushButton,
         u"\u4E2D",
         u"\u4E2D"},
-       {"objects", {110, 260, 200, 300}}},
+       {"objects", {110, 260, 200, 300}},
+       {"objects", {110, 310, 200, 350}, u"Password", kListItem, u"For the sea", u"marlin", true}},
   });
   Accessibility& accessibility_ = world_->Seam().accessibility;
 };
@@ -57,6 +58,15 @@ TEST_F(AccessibilityContract, AnObjectMayHaveNothingAtAll) {
   const auto facts = AskUntilAnswered({150, 280});
   ASSERT_TRUE(facts);
   EXPECT_EQ(facts->name, std::nullopt);
+}
+
+TEST_F(AccessibilityContract, AProtectedObjectTellsAllButItsValue) {
+  const auto facts = AskUntilAnswered({150, 330});
+  ASSERT_TRUE(facts);
+  EXPECT_EQ(facts->name, u"Password");
+  EXPECT_EQ(facts->description, u"For the sea");
+  EXPECT_EQ(facts->value, std::nullopt);
+  EXPECT_EQ(RoleOf(*facts), kListItem.text);
 }
 
 TEST_F(AccessibilityContract, ItsTextsComeInFullUnicode) {

@@ -37,6 +37,7 @@ struct WindowSpec {
   std::string parent = {};       // a window before it
   std::vector<Text> items = {};  // of a list
   std::vector<MenuSpec> menu = {};
+  bool password = false;  // an edit is a password field, of one line
 };
 
 struct Role {
@@ -54,6 +55,7 @@ struct ObjectSpec {
   std::optional<Role> role = {};
   std::optional<Text> description = {};
   std::optional<Text> value = {};
+  bool isProtected = false;  // its value is a password
 };
 
 struct Scene {

@@ -41,6 +41,10 @@ void ConfigureElement(Element& element, const CommandLine& line) {
   } else if (element.roleType != L"bstr" && element.roleType != L"empty") {
     throw CommandError("unknown role type " + JsonText(element.roleType));
   }
+  if (line.OptionOr(L"state", L"") == L"none")
+    element.state.reset();
+  else if (line.Has(L"state"))
+    element.state = static_cast<LONG>(line.NumberOr(L"state", 0));
   if (line.Has(L"rect")) element.rect = ParseRect(line.Option(L"rect"));
   if (line.Has(L"fails")) element.fails = Names(line.Option(L"fails"));
   if (line.Has(L"object")) element.isObject = line.NumberOr(L"object", 0) != 0;
@@ -149,9 +153,13 @@ STDMETHODIMP AccessibleObject::accLocation(LONG* left, LONG* top, LONG* width, L
 
 STDMETHODIMP AccessibleObject::get_accState(VARIANT child, VARIANT* state) {
   VariantInit(state);
-  if (mTable->behaviour->EnterCall(kAccOther)) return E_FAIL;
-  SetNumber(state, 0);
-  return Find(child) ? S_OK : E_INVALIDARG;
+  if (mTable->behaviour->EnterCall(kAccState)) return E_FAIL;
+  const Element* element = Find(child);
+  if (!element) return E_INVALIDARG;
+  if (element->fails.contains(L"state")) return E_FAIL;
+  if (!element->state) return E_NOTIMPL;
+  SetNumber(state, *element->state);
+  return S_OK;
 }
 
 STDMETHODIMP AccessibleObject::get_accChildCount(LONG* count) {

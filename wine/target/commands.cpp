@@ -21,19 +21,13 @@ std::string Commands::Run(const std::string& line) {
 
 std::string Commands::Carry(const CommandLine& line) {
   static const std::map<std::wstring, WindowCommand> kWindowCommands = {
-      {L"items", &Commands::Items},
-      {L"data", &Commands::Data},
-      {L"menu", &Commands::Menu},
-      {L"element", &Commands::ElementOf},
-      {L"forget", &Commands::Forget},
-      {L"title", &Commands::Title},
-      {L"move", &Commands::Move},
-      {L"hide", &Commands::Hide},
-      {L"raise", &Commands::Raise},
-      {L"destroy", &Commands::Destroy},
-      {L"foreground", &Commands::Foreground},
-      {L"send", &Commands::Send},
-      {L"where", &Commands::Where},
+      {L"items", &Commands::Items},     {L"data", &Commands::Data},
+      {L"menu", &Commands::Menu},       {L"element", &Commands::ElementOf},
+      {L"forget", &Commands::Forget},   {L"title", &Commands::Title},
+      {L"conceal", &Commands::Conceal}, {L"move", &Commands::Move},
+      {L"hide", &Commands::Hide},       {L"raise", &Commands::Raise},
+      {L"destroy", &Commands::Destroy}, {L"foreground", &Commands::Foreground},
+      {L"send", &Commands::Send},       {L"where", &Commands::Where},
   };
   const std::wstring& name = line.Word(0);
   const auto command = kWindowCommands.find(name);

@@ -50,6 +50,11 @@ std::string Commands::Title(const CommandLine& line, TargetWindow& window) {
   return Done();
 }
 
+std::string Commands::Conceal(const CommandLine&, TargetWindow& window) {
+  ConcealText(window.Handle(), window.Base());
+  return Done();
+}
+
 std::string Commands::Move(const CommandLine& line, TargetWindow& window) {
   const auto side = [&](std::size_t index) { return static_cast<LONG>(ParseNumber(line.Word(index))); };
   RECT rect{side(2), side(3), side(4), side(5)};

@@ -55,7 +55,10 @@ sim::WindowFields FieldsOf(const WindowSpec& window, WindowHandle id, WindowHand
   fields.title = sim::ThroughAnsi(window.title);
   fields.place = Rectangle(window.place);
   fields.parent = parent;
-  if (window.className == u"Edit") fields.edit = sim::Edit(*fields.title, {kCharWidth, kLineHeight}, u"\r\n");
+  if (window.className == u"Edit") {
+    fields.edit = sim::Edit(*fields.title, {kCharWidth, kLineHeight}, u"\r\n",
+                            window.password ? sim::Edit::Reading::kPassword : sim::Edit::Reading::kOpen);
+  }
   if (window.className == u"SysListView32") fields.listView = ListViewOf(window.items);
   if (window.className == u"ListBox") {
     sim::ListBox box;
@@ -74,6 +77,7 @@ sim::AccessibleObject ObjectOf(const ObjectSpec& object) {
   if (object.role) made.role = object.role->text;
   made.description = object.description;
   made.value = object.value;
+  made.isProtected = object.isProtected;
   return made;
 }
 

@@ -1,6 +1,7 @@
 #include "tests/contract/win32/win_world.h"
 
 #include <objbase.h>
+#include <oleacc.h>
 
 #include <filesystem>
 #include <fstream>
@@ -97,7 +98,7 @@ void WinWorld::MakeForeign(const WindowSpec& window) {
   std::string command = "create " + window.name + " class=" + Quoted(window.className) +
                         " title=" + Quoted(window.title) + " rect=" + Rect(window.place);
   if (!window.parent.empty()) command += " parent=" + window.parent;
-  if (window.className == u"Edit") command += " kind=multiline";
+  if (window.className == u"Edit") command += window.password ? " kind=password" : " kind=multiline";
   const std::string reply = Tell(command);
   windows_[window.name] = win32::ToWindow(std::stoull(std::string(RawField(reply, "hwnd"))));
   if (window.items.empty()) return;
@@ -146,6 +147,7 @@ void WinWorld::MakeObject(const ObjectSpec& object, int number) {
   if (object.description) command += " description=" + Quoted(*object.description);
   if (object.value) command += " value=" + Quoted(*object.value);
   if (object.role) command += " role=" + std::to_string(object.role->number);
+  if (object.isProtected) command += " state=" + std::to_string(STATE_SYSTEM_PROTECTED);
   Tell(command);
 }
 
