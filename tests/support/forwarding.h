@@ -129,6 +129,9 @@ class ForwardingRemoteMemory : public Forwarding<RemoteMemory> {
   void Free(ProcessId process, RemoteAddress block) override {
     Pass("RemoteMemory::Free", &RemoteMemory::Free, process, block);
   }
+  void FreeOnceAnswered(ProcessId process, RemoteAddress block, WindowHandle window) override {
+    Pass("RemoteMemory::FreeOnceAnswered", &RemoteMemory::FreeOnceAnswered, process, block, window);
+  }
 };
 
 class ForwardingAnsiCodePage : public Forwarding<AnsiCodePage> {
