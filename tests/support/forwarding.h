@@ -290,6 +290,9 @@ class ForwardingFiles : public Forwarding<Files> {
   bool Write(FilePath path, TextView text) override {
     return Pass("Files::Write", &Files::Write, path, text);
   }
+  bool WriteLog(FilePath path, TextView text) override {
+    return Pass("Files::WriteLog", &Files::WriteLog, path, text);
+  }
   bool Append(FilePath path, TextView text) override {
     return Pass("Files::Append", &Files::Append, path, text);
   }
