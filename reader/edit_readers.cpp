@@ -117,8 +117,8 @@ Text EditReaders::ReadRichEdit(const Spot& spot) {
     const auto charAt = [&](std::int32_t x, std::int32_t y) {
       std::memcpy(record.data(), &x, 4);
       std::memcpy(record.data() + 4, &y, 4);
-      if (!remote.Write(record)) return 0;
-      return seam_.messages.Send(spot.window, kEmCharFromPos, 0, remote.Address()).value_or(0);
+      if (remote.IsLent() || !remote.Write(record)) return 0;
+      return remote.Ask(seam_.messages, spot.window, kEmCharFromPos).value_or(0);
     };
     under = charAt(client.x, client.y);
     lineStart = charAt(kLineMargin, client.y);

@@ -5,6 +5,9 @@ namespace {
 
 constexpr UINT kCheckInterval = 1000;  // milliseconds
 
+// The hook is called before the system takes a press into account, which may take so many milliseconds.
+constexpr DWORD kPressSettles = 100;
+
 // A hook is called on the thread that installed it, with no argument that tells for whom.
 thread_local MouseReports* watching = nullptr;
 
@@ -13,6 +16,8 @@ DoubleClicks::Limits SystemLimits() {
 }
 
 }  // namespace
+
+int LeftButton() { return GetSystemMetrics(SM_SWAPBUTTON) != 0 ? VK_RBUTTON : VK_LBUTTON; }
 
 bool MouseReports::Start() {
   if (thread_) return hook_ != nullptr;
@@ -46,7 +51,9 @@ void MouseReports::Watch() {
   SetEvent(ready_.get());
   const UINT_PTR timer = SetTimer(nullptr, 0, kCheckInterval, nullptr);
   while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-    if (message.message == WM_TIMER) CheckHook();
+    if (message.message != WM_TIMER) continue;
+    CheckHook();
+    CheckButton();
   }
   KillTimer(nullptr, timer);
   Remove();
@@ -79,6 +86,15 @@ void MouseReports::CheckHook() {
   lastPlace_ = place;
 }
 
+// A release over a window of more rights than ours is told to nobody. Only a button that is down by the
+// messages is asked for: the question uses up the press that the form asks for.
+void MouseReports::CheckButton() {
+  if (!leftDown_ || GetTickCount() - leftPress_ < kPressSettles) return;
+  if (GetAsyncKeyState(LeftButton()) < 0) return;
+  leftDown_ = false;
+  PostMessageW(form_, kMouseReport, WM_LBUTTONUP, 0);
+}
+
 LRESULT CALLBACK MouseReports::OnMouse(int code, WPARAM message, LPARAM details) {
   if (code == HC_ACTION) {
     watching->Note(static_cast<UINT>(message), *reinterpret_cast<const MSLLHOOKSTRUCT*>(details));
@@ -97,6 +113,8 @@ void MouseReports::Note(UINT message, const MSLLHOOKSTRUCT& details) {
     case WM_MBUTTONUP: break;
     default: return;
   }
+  if (message == WM_LBUTTONDOWN) leftPress_ = GetTickCount();
+  if (message == WM_LBUTTONDOWN || message == WM_LBUTTONUP) leftDown_ = message == WM_LBUTTONDOWN;
   const std::int32_t report = clicks_.Report(static_cast<std::int32_t>(message), {details.pt.x, details.pt.y},
                                              details.time, SystemLimits());
   PostMessageW(form_, kMouseReport, static_cast<WPARAM>(report), 0);

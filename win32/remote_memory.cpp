@@ -2,6 +2,9 @@
 
 #include <cstdint>
 
+#include "win32/handles.h"
+#include "win32/window_handles.h"
+
 namespace pointalk::win32 {
 namespace {
 
@@ -27,7 +30,8 @@ int PointerBytesOf(HANDLE process) {
 HANDLE WinRemoteMemory::Open(ProcessId process) {
   if (process == process_ && handle_) return handle_.get();
   process_ = process;
-  handle_.reset(process == 0 ? nullptr : OpenProcess(kRights, FALSE, process));
+  out_.clear();
+  handle_ = OwnedHandle(process == 0 ? nullptr : OpenProcess(kRights, FALSE, process));
   if (handle_) pointerBytes_ = PointerBytesOf(handle_.get());
   return handle_.get();
 }
@@ -42,10 +46,12 @@ int WinRemoteMemory::PointerBytes(ProcessId process) { return Open(process) == n
 
 RemoteAddress WinRemoteMemory::Allocate(ProcessId process, std::size_t bytes) {
   const HANDLE handle = Open(process);
-  if (handle == nullptr || bytes == 0) return 0;
+  if (handle == nullptr || bytes == 0 || lent_.IsFull(process)) return 0;
   void* const block = VirtualAllocEx(handle, nullptr, bytes, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE);
-  Noted(block != nullptr);
-  return reinterpret_cast<std::uintptr_t>(block);
+  if (!Noted(block != nullptr)) return 0;
+  const auto address = reinterpret_cast<std::uintptr_t>(block);
+  out_[address] = patience_.ProbesSent();
+  return address;
 }
 
 bool WinRemoteMemory::Write(ProcessId process, RemoteAddress to, std::span<const std::byte> from) {
@@ -66,7 +72,22 @@ bool WinRemoteMemory::Read(ProcessId process, RemoteAddress from, std::span<std:
 
 void WinRemoteMemory::Free(ProcessId process, RemoteAddress block) {
   const HANDLE handle = Open(process);
-  if (handle != nullptr && block != 0) Noted(VirtualFreeEx(handle, ToPointer(block), 0, MEM_RELEASE));
+  if (handle == nullptr || block == 0) return;
+  out_.erase(block);
+  Noted(VirtualFreeEx(handle, ToPointer(block), 0, MEM_RELEASE));
+}
+
+// A block that was had when the window's thread was known not to answer was in no message to it: a tick over
+// it would leave one there otherwise. Where nothing is under way to the thread, the message did not reach it.
+void WinRemoteMemory::FreeOnceAnswered(ProcessId process, RemoteAddress block, WindowHandle window) {
+  const HANDLE handle = Open(process);
+  if (handle == nullptr || block == 0) return;
+  const std::shared_ptr<Probe> probe = patience_.ProbeOf(ToWindow(window));
+  const auto found = out_.find(block);
+  const unsigned before = found == out_.end() ? 0 : found->second;
+  if (!probe || probe->Number() <= before) return Free(process, block);
+  out_.erase(block);
+  lent_.Take(handle_, ToPointer(block), probe);
 }
 
 }  // namespace pointalk::win32

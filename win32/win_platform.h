@@ -33,7 +33,7 @@ struct WinPlatform {
   WinInput input{panel.window()};
   WinWindowTree windows;
   WinControlMessages messages{patience};
-  WinRemoteMemory memory;
+  WinRemoteMemory memory{patience, panel.window()};
   WinAnsi ansi;
   WinMenus menus;
   WinAccessibility accessibility{patience};

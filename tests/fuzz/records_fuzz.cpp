@@ -71,6 +71,7 @@ class HostileMemory final : public RemoteMemory {
     return true;
   }
   void Free(ProcessId, RemoteAddress) override {}
+  void FreeOnceAnswered(ProcessId, RemoteAddress, WindowHandle) override {}
 
  private:
   Source& source;

@@ -129,6 +129,9 @@ class ForwardingRemoteMemory : public Forwarding<RemoteMemory> {
   void Free(ProcessId process, RemoteAddress block) override {
     Pass("RemoteMemory::Free", &RemoteMemory::Free, process, block);
   }
+  void FreeOnceAnswered(ProcessId process, RemoteAddress block, WindowHandle window) override {
+    Pass("RemoteMemory::FreeOnceAnswered", &RemoteMemory::FreeOnceAnswered, process, block, window);
+  }
 };
 
 class ForwardingAnsiCodePage : public Forwarding<AnsiCodePage> {
@@ -286,6 +289,9 @@ class ForwardingFiles : public Forwarding<Files> {
   std::optional<Text> Read(FilePath path) override { return Pass("Files::Read", &Files::Read, path); }
   bool Write(FilePath path, TextView text) override {
     return Pass("Files::Write", &Files::Write, path, text);
+  }
+  bool WriteLog(FilePath path, TextView text) override {
+    return Pass("Files::WriteLog", &Files::WriteLog, path, text);
   }
   bool Append(FilePath path, TextView text) override {
     return Pass("Files::Append", &Files::Append, path, text);

@@ -16,6 +16,7 @@
 #include "wine/target/channel.h"
 #include "wine/target/commands.h"
 #include "wine/target/controls.h"
+#include "wine/target/given_memory.h"
 #include "wine/target/layouts.h"
 
 namespace pointalk::target {
@@ -53,6 +54,7 @@ void Serve(const Options& options) {
   std::FILE* out = options.report ? std::fopen(options.report, "wb") : stdout;
   if (!out) throw CommandError(std::string("cannot write ") + options.report);
   LoadControlClasses();
+  WatchGivenMemory();
   Commands commands;
   SetUp(commands, options.layouts);
   for (const std::string& window : commands.Windows()) WriteLine(out, window);

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <utility>
 
+#include "wine/target/given_memory.h"
 #include "wine/target/messages.h"
 
 namespace pointalk::target {
@@ -111,6 +112,7 @@ LRESULT TargetWindow::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
 
 LRESULT TargetWindow::AnswerStranger(UINT message, WPARAM wParam, LPARAM lParam) {
   mBehaviour->Count(message);
+  const UseOfGivenMemory use(message);
   if (message == EM_GETLINE && mUnicode) RestoreLineCapacity(lParam);
   if (const auto rule = mBehaviour->Find(message)) return AnswerByRule(*rule, message, wParam, lParam);
   return AnswerAsBuilt(message, wParam, lParam);

@@ -84,6 +84,14 @@ void MeasureFiles() {
   TimeOf(200, [&] {
     if (!files.Write(path, u"^SysListView32\r\n")) std::abort();
   }).Print("file written");
+  bool marked = false;
+  TimeOf(200, [&] {
+    marked = !marked;
+    if (!files.WriteLog(path, marked ? u"SysListView32\r\n" : u"^SysListView32\r\n")) std::abort();
+  }).Print("log written");
+  TimeOf(200, [&] {
+    if (!files.WriteLog(path, u"^SysListView32\r\n")) std::abort();
+  }).Print("log that says so already");
   DeleteFileW(L"seam_cost.txt");
 }
 
