@@ -30,7 +30,7 @@ class Desktop {
   // Gives the window with that id, which is there, the values that the fields hold.
   void Change(const WindowFields& fields);
 
-  std::span<const Window> windows() const { return windows_; }
+  std::span<const Window> Windows() const { return windows_; }
 
   // Null when there is none, and for 0.
   const Window* Find(WindowHandle id) const;

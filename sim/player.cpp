@@ -22,7 +22,7 @@ const std::string& Player::Play() {
       throw;
     }
   }
-  return machine_.transcript.text();
+  return machine_.transcript.Lines();
 }
 
 void Player::CarryOut(const Step& step) {
@@ -82,7 +82,7 @@ void Player::Do(const ButtonStep& step) {
 void Player::Do(const HookStep& step) { ReportMessage(step.message); }
 
 void Player::ReportMessage(std::int32_t message) {
-  if (platform_->input.reportsMouse()) Let([&] { mouse_->WinHook1_Message(message); });
+  if (platform_->input.ReportsMouse()) Let([&] { mouse_->WinHook1_Message(message); });
 }
 
 void Player::Do(const ChooseStep& step) {
@@ -133,7 +133,7 @@ void Player::Show(Shown part) {
     case Shown::kRegistry: ShowRegistry(machine_.setup.registry, transcript); break;
     case Shown::kClipboard: transcript.Add("clipboard", machine_.clipboard); break;
     case Shown::kMemory:
-      transcript.Add("memory", platform_ == nullptr ? 0 : platform_->memory.memory().BlockCount());
+      transcript.Add("memory", platform_ == nullptr ? 0 : platform_->memory.Memory().BlockCount());
       break;
   }
 }

@@ -24,7 +24,7 @@ class SimRemoteMemory final : public RemoteMemory {
   void Free(ProcessId process, RemoteAddress block) override;
 
   // As the processes themselves see it.
-  ProcessMemory& memory() { return memory_; }
+  ProcessMemory& Memory() { return memory_; }
 
  private:
   const Machine& machine_;

@@ -31,7 +31,7 @@ class Transcript {
     text_ += '\n';
   }
 
-  const std::string& text() const { return text_; }
+  const std::string& Lines() const { return text_; }
 
   // Forgets the lines so far; the room that they took is kept.
   void Clear() { text_.clear(); }
