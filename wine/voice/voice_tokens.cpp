@@ -44,21 +44,21 @@ HRESULT VoiceList::Call(DISPID member, Access access, const Arguments& arguments
   return outcome;
 }
 
-VoiceToken::VoiceToken(std::size_t index) : LateBound(TokenMembers(), kTokenInterface), mIndex(index) {}
+VoiceToken::VoiceToken(std::size_t index) : LateBound(TokenMembers(), kTokenInterface), index_(index) {}
 
 HRESULT VoiceToken::IndexOf(IDispatch& object, std::size_t& index) {
   void* token = nullptr;
   if (FAILED(object.QueryInterface(kTokenInterface, &token))) return E_INVALIDARG;
   auto* const ours = static_cast<VoiceToken*>(static_cast<IDispatch*>(token));
-  index = ours->mIndex;
+  index = ours->index_;
   ours->Release();
   return S_OK;
 }
 
 HRESULT VoiceToken::Call(DISPID member, Access access, const Arguments&, VARIANT& result) {
   if (access != Access::kGetOrCall || member != kGetDescription) return DISP_E_MEMBERNOTFOUND;
-  HeardLine("sapi5 voice description").Number("index", static_cast<LONG>(mIndex)).Write();
-  const std::u16string_view description = kVoices[mIndex].description;
+  HeardLine("sapi5 voice description").Number("index", static_cast<LONG>(index_)).Write();
+  const std::u16string_view description = kVoices[index_].description;
   const std::wstring units(description.begin(), description.end());
   result.vt = VT_BSTR;
   result.bstrVal = SysAllocStringLen(units.data(), static_cast<UINT>(units.size()));
