@@ -11,7 +11,7 @@
 namespace pointalk::win32 {
 namespace {
 
-constexpr std::size_t kLongestText = 1024 * 1024;
+constexpr std::size_t kLongestComText = 1024 * 1024;
 
 bool IsWhole(double number) {
   return number >= std::numeric_limits<std::int32_t>::min() &&
@@ -28,7 +28,7 @@ ComText MakeComText(TextView text) {
 Text FromComText(const OLECHAR* text) {
   if (text == nullptr) return {};
   const std::size_t length = SysStringLen(const_cast<OLECHAR*>(text));
-  return FromWide({text, std::min(length, kLongestText)});
+  return FromWide({text, std::min(length, kLongestComText)});
 }
 
 Variant::Variant(double number) : Variant() {

@@ -45,7 +45,7 @@ Text FromComText(const OLECHAR* text);
 
 class Variant {
  public:
-  Variant() { VariantInit(&value_); }
+  Variant() = default;  // empty
   explicit Variant(std::int32_t number) : Variant() {
     value_.vt = VT_I4;
     value_.lVal = number;
@@ -65,7 +65,7 @@ class Variant {
   [[nodiscard]] bool Become(VARTYPE type) { return SUCCEEDED(VariantChangeType(&value_, &value_, 0, type)); }
 
  private:
-  VARIANT value_;
+  VARIANT value_{};
 };
 
 }  // namespace pointalk::win32

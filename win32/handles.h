@@ -9,12 +9,12 @@
 namespace pointalk::win32 {
 
 // Gives a resource back by a function of the system's.
-template <auto Give> struct GivenBackBy {
-  template <typename Pointer> void operator()(Pointer* resource) const { Give(resource); }
+template <auto give> struct GivenBackBy {
+  template <typename Pointer> void operator()(Pointer* resource) const { give(resource); }
 };
 
-template <typename Handle, auto Give>
-using Owned = std::unique_ptr<std::remove_pointer_t<Handle>, GivenBackBy<Give>>;
+template <typename Handle, auto give>
+using Owned = std::unique_ptr<std::remove_pointer_t<Handle>, GivenBackBy<give>>;
 
 using OwnedHandle = Owned<HANDLE, CloseHandle>;
 using OwnedFont = Owned<HFONT, DeleteObject>;

@@ -8,7 +8,7 @@
 namespace pointalk::win32 {
 namespace {
 
-constexpr int kLongestItem = 64 * 1024;  // bytes
+constexpr int kLongestMenuText = 64 * 1024;  // bytes
 
 HMENU ToMenu(MenuHandle menu) { return reinterpret_cast<HMENU>(static_cast<std::uintptr_t>(menu)); }
 
@@ -30,7 +30,7 @@ std::int32_t WinMenus::ItemAt(WindowHandle window, MenuHandle menu, Point screen
 
 std::int32_t WinMenus::ItemText(MenuHandle menu, std::int32_t position, Text& buffer, int capacity) {
   if (position < 0 || capacity <= 1) return 0;
-  std::string bytes(static_cast<std::size_t>(std::min(capacity, kLongestItem)), '\0');
+  std::string bytes(static_cast<std::size_t>(std::min(capacity, kLongestMenuText)), '\0');
   const int length = GetMenuStringA(ToMenu(menu), static_cast<UINT>(position), bytes.data(),
                                     static_cast<int>(bytes.size()), MF_BYPOSITION);
   bytes.resize(static_cast<std::size_t>(std::max(length, 0)));

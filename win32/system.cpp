@@ -16,15 +16,15 @@ namespace pointalk::win32 {
 namespace {
 
 constexpr int kClipboardAttempts = 10;
-constexpr DWORD kAttemptPause = 20;  // milliseconds
-constexpr UINT kOwnerLimit = 100;    // milliseconds
+constexpr DWORD kClipboardPause = 20;  // milliseconds
+constexpr UINT kOwnerLimit = 100;      // milliseconds
 constexpr TextView kMailLink = u"mailto:";
 
 // Another program may have the clipboard open for a moment.
 bool OpenClipboardSoon(HWND owner) {
   for (int attempt = 1; !OpenClipboard(owner); ++attempt) {
     if (attempt == kClipboardAttempts) return false;
-    Sleep(kAttemptPause);
+    Sleep(kClipboardPause);
   }
   return true;
 }

@@ -30,7 +30,7 @@ struct WinPlatform {
 
   Patience patience;
   WinPanel panel;
-  WinInput input{panel.window()};
+  WinInput input{panel.Window()};
   WinWindowTree windows;
   WinControlMessages messages{patience};
   WinRemoteMemory memory;
@@ -40,11 +40,11 @@ struct WinPlatform {
   WinMidiOut midi;
   WinSapi5Voice sapi5;
   WinSapi4Control sapi4;
-  WinDialogs dialogs{panel.window()};
+  WinDialogs dialogs{panel.Window()};
   WinFiles files;
   WinRegistry registry;
   WinClock clock;
-  WinSystem system{panel.window()};
+  WinSystem system{panel.Window()};
 };
 
 }  // namespace pointalk::win32
