@@ -27,10 +27,10 @@ LRESULT CALLBACK InboxProcedure(HWND window, UINT message, WPARAM wParam, LPARAM
 UiThread::UiThread() {
   std::promise<HWND> ready;
   auto inbox = ready.get_future();
-  mThread = std::thread([this, &ready] { Loop(ready); });
-  mThread.detach();
-  mInbox = inbox.get();
-  mId = GetWindowThreadProcessId(mInbox, nullptr);
+  thread_ = std::thread([this, &ready] { Loop(ready); });
+  thread_.detach();
+  inbox_ = inbox.get();
+  id_ = GetWindowThreadProcessId(inbox_, nullptr);
 }
 
 void UiThread::Loop(std::promise<HWND>& ready) {
@@ -53,15 +53,15 @@ void UiThread::Loop(std::promise<HWND>& ready) {
 std::future<std::string> UiThread::Post(std::function<std::string()> task) {
   auto packaged = std::make_unique<Task>(std::move(task));
   auto reply = packaged->get_future();
-  if (!PostMessageW(mInbox, kTaskMessage, 0, reinterpret_cast<LPARAM>(packaged.get()))) {
+  if (!PostMessageW(inbox_, kTaskMessage, 0, reinterpret_cast<LPARAM>(packaged.get()))) {
     throw CommandError("the window's thread takes no tasks");
   }
-  packaged.release();
+  std::ignore = packaged.release();  // the inbox owns it now
   return reply;
 }
 
 std::string UiThread::Run(std::function<std::string()> task) {
-  if (GetCurrentThreadId() == mId) return task();
+  if (GetCurrentThreadId() == id_) return task();
   auto reply = Post(std::move(task));
   if (reply.wait_for(kPatience) != std::future_status::ready)
     throw CommandError("the window's thread is busy");
@@ -69,23 +69,23 @@ std::string UiThread::Run(std::function<std::string()> task) {
 }
 
 void UiThread::Hang() {
-  if (mDeaf) throw CommandError("the window's thread hangs already");
+  if (deaf_) throw CommandError("the window's thread hangs already");
   auto started = std::make_shared<std::promise<void>>();
   auto deaf = started->get_future();
   Post([this, started] {
     started->set_value();
-    mMayHear.acquire();
+    mayHear_.acquire();
     return std::string();
   });
   if (deaf.wait_for(kPatience) != std::future_status::ready)
     throw CommandError("the window's thread is busy");
-  mDeaf = true;
+  deaf_ = true;
 }
 
 void UiThread::Wake() {
-  if (!mDeaf) throw CommandError("the window's thread does not hang");
-  mDeaf = false;
-  mMayHear.release();
+  if (!deaf_) throw CommandError("the window's thread does not hang");
+  deaf_ = false;
+  mayHear_.release();
 }
 
 }  // namespace pointalk::target
