@@ -72,7 +72,7 @@ void ObjectDescriber::RememberQuery(const Spot& spot) {
   last_.maccText = spot.texts.maccText;
   last_.mTopWindowName.clear();
   if (Contains(spot.texts.maccRole, u"ditable")) last_.mSpareText.clear();
-  if (!seam_.accessibility.QueryStillOut(spot.window)) parts_.crashLearning.LogClass(spot.className);
+  if (!seam_.accessibility.QueryPending(spot.window)) parts_.crashLearning.LogClass(spot.className);
 }
 
 void ObjectDescriber::AnnounceTopWindow(const Spot& spot, TextView topName) {

@@ -101,8 +101,7 @@ class TreeBuilder final : public nlohmann::json_sax<nlohmann::json> {
     return true;
   }
 
-  // What lies in an open list or object stays where it is until that is closed: nothing is added beside it
-  // before.
+  // The pointer to an open list or object stays valid: no sibling is added before it is closed.
   Json& Add(Json::Kind kind) {
     Json& json = open_.empty() ? root_ : open_.back()->values.emplace_back();
     json.kind = kind;

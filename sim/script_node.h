@@ -13,8 +13,8 @@
 
 namespace pointalk::sim {
 
-// A node refers to the node that it was reached from, which has to outlive it. Whatever does not find the
-// value that it asks for throws ScriptError.
+// A node refers to the node that it was reached from, which has to outlive it. Every question throws
+// ScriptError where the value is not of the kind that is asked for.
 class ScriptNode {
  public:
   explicit ScriptNode(const Json& root) : json_(&root) {}

@@ -24,7 +24,7 @@ struct Bare {
 
 class Transcript {
  public:
-  // A line of parts, parted by blanks.
+  // A line: its parts, separated by spaces.
   template <typename... Parts> void Add(std::string_view what, const Parts&... parts) {
     text_ += what;
     ((text_ += ' ', Write(parts)), ...);

@@ -167,8 +167,8 @@ class ForwardingAccessibility : public Forwarding<Accessibility> {
   std::optional<AccessibleFacts> ObjectAt(Point screen) override {
     return Pass("Accessibility::ObjectAt", &Accessibility::ObjectAt, screen);
   }
-  bool QueryStillOut(WindowHandle window) override {
-    return Pass("Accessibility::QueryStillOut", &Accessibility::QueryStillOut, window);
+  bool QueryPending(WindowHandle window) override {
+    return Pass("Accessibility::QueryPending", &Accessibility::QueryPending, window);
   }
   Text RoleText(std::int32_t role, int capacity) override {
     return Pass("Accessibility::RoleText", &Accessibility::RoleText, role, capacity);

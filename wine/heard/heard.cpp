@@ -20,16 +20,16 @@ HANDLE OpenHeardFile() {
                      nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
 }
 
-// While it lives nobody else has a turn with the file: under Wine, appending first looks for the end and then
-// writes, and two writers may find the same end. The byte that stands for the turn is far behind any line.
-class FileTurn {
+// Locks the file for as long as it lives: under Wine, appending first looks for the end and then writes, and
+// two writers may find the same end. The byte that is locked lies far beyond any line.
+class FileLock {
  public:
-  explicit FileTurn(HANDLE file) : file_(file) {
+  explicit FileLock(HANDLE file) : file_(file) {
     LockFileEx(file_, LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &byte_);
   }
-  ~FileTurn() { UnlockFileEx(file_, 0, 1, 0, &byte_); }
-  FileTurn(const FileTurn&) = delete;
-  FileTurn& operator=(const FileTurn&) = delete;
+  ~FileLock() { UnlockFileEx(file_, 0, 1, 0, &byte_); }
+  FileLock(const FileLock&) = delete;
+  FileLock& operator=(const FileLock&) = delete;
 
  private:
   static OVERLAPPED FarByte() {
@@ -125,7 +125,7 @@ void HeardLine::Write() {
   static const HANDLE file = OpenHeardFile();
   if (file == INVALID_HANDLE_VALUE) return;
   line_ += "}\n";
-  const FileTurn turn(file);
+  const FileLock lock(file);
   DWORD written = 0;
   WriteFile(file, line_.data(), static_cast<DWORD>(line_.size()), &written, nullptr);
 }

@@ -58,7 +58,7 @@ void Serve(const Options& options) {
   for (const std::string& window : commands.Windows()) WriteLine(out, window);
   WriteLine(out, JsonObject().Flag("ready", true).Number("process", GetCurrentProcessId()).Line());
   for (std::string line; !commands.Ended() && ReadLine(line);) WriteLine(out, commands.Run(line));
-  // Threads may be deaf and windows half gone: nothing is taken down in order.
+  // Threads may hang and windows be half destroyed, so there is no orderly shutdown.
   TerminateProcess(GetCurrentProcess(), 0);
 }
 

@@ -1,4 +1,4 @@
-// One named window of the target: the control that it is, watched and bent by its behaviour.
+// One named window of the target: a control whose answers its behaviour counts and may change.
 #pragma once
 
 #include <windows.h>

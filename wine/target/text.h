@@ -28,7 +28,7 @@ std::string JsonRect(const RECT& rect);
 
 // Throws CommandError unless the whole text is one number (decimal, or hexadecimal after 0x).
 std::int64_t ParseNumber(std::wstring_view text);
-// Numbers parted by commas.
+// Numbers separated by commas.
 std::vector<std::int64_t> ParseNumbers(std::wstring_view text);
 RECT ParseRect(std::wstring_view text);
 

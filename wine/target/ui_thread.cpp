@@ -12,7 +12,7 @@ namespace pointalk::target {
 namespace {
 
 constexpr UINT kTaskMessage = WM_APP + 1;
-constexpr auto kPatience = std::chrono::seconds(5);
+constexpr auto kTaskLimit = std::chrono::seconds(5);
 
 LRESULT CALLBACK InboxProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message != kTaskMessage) return DefWindowProcW(window, message, wParam, lParam);
@@ -63,29 +63,29 @@ std::future<std::string> UiThread::Post(std::function<std::string()> task) {
 std::string UiThread::Run(std::function<std::string()> task) {
   if (GetCurrentThreadId() == id_) return task();
   auto reply = Post(std::move(task));
-  if (reply.wait_for(kPatience) != std::future_status::ready)
+  if (reply.wait_for(kTaskLimit) != std::future_status::ready)
     throw CommandError("the window's thread is busy");
   return reply.get();
 }
 
 void UiThread::Hang() {
-  if (deaf_) throw CommandError("the window's thread hangs already");
+  if (hangs_) throw CommandError("the window's thread hangs already");
   auto started = std::make_shared<std::promise<void>>();
-  auto deaf = started->get_future();
+  auto hanging = started->get_future();
   Post([this, started] {
     started->set_value();
-    mayHear_.acquire();
+    mayGoOn_.acquire();
     return std::string();
   });
-  if (deaf.wait_for(kPatience) != std::future_status::ready)
+  if (hanging.wait_for(kTaskLimit) != std::future_status::ready)
     throw CommandError("the window's thread is busy");
-  deaf_ = true;
+  hangs_ = true;
 }
 
 void UiThread::Wake() {
-  if (!deaf_) throw CommandError("the window's thread does not hang");
-  deaf_ = false;
-  mayHear_.release();
+  if (!hangs_) throw CommandError("the window's thread does not hang");
+  hangs_ = false;
+  mayGoOn_.release();
 }
 
 }  // namespace pointalk::target

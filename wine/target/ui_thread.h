@@ -25,10 +25,10 @@ class UiThread {
   // the thread has not got round to it within five seconds; it may still do so later.
   std::string Run(std::function<std::string()> task);
 
-  // Makes the thread deaf, from before this returns. Throws CommandError when it is deaf already.
+  // Makes the thread hang, which it does when this returns. Throws CommandError when it hangs already.
   void Hang();
 
-  // Throws CommandError when it was not deaf.
+  // Ends that. Throws CommandError when it does not hang.
   void Wake();
 
   // How many messages from other threads are being answered right now, one inside the other.
@@ -43,8 +43,8 @@ class UiThread {
   DWORD id_ = 0;
   HWND inbox_ = nullptr;  // takes the tasks, also while a menu is open
   int answerDepth_ = 0;
-  bool deaf_ = false;  // known to those who give commands
-  std::binary_semaphore mayHear_{0};
+  bool hangs_ = false;  // known to those who give commands
+  std::binary_semaphore mayGoOn_{0};
   std::thread thread_;
 };
 

@@ -70,7 +70,7 @@ class LateBound : public IDispatch {
 };
 
 void SetWhole(VARIANT& result, LONG value);
-// Takes over the caller's reference.
+// Takes ownership of the caller's reference.
 void SetObject(VARIANT& result, IDispatch* object);
 
 }  // namespace pointalk::wine

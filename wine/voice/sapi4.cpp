@@ -91,7 +91,7 @@ HRESULT Sapi4Voice::LastWordPosition(Access access, const Arguments& arguments, 
   return RecordedNumber("sapi4 last word position", lastWordPosition_, access, arguments, result);
 }
 
-// The engine's own notices of words are not to be had from a wave: the position follows the time.
+// A wave has no word boundaries, so the position is reckoned from the time.
 void Sapi4Voice::NoticeNewWord() {
   const auto at = utterances_.Position(utterance_);
   if (!at) return;

@@ -9,7 +9,7 @@ namespace {
 
 enum : DISPID { kCount = 1, kItem, kGetDescription };
 
-// Asked for by nobody but IndexOf, so that only a token of this library answers.
+// Only IndexOf asks for it, and only a token of this library answers.
 constexpr IID kTokenInterface = {
     0x6B0F2C71, 0x5C3E, 0x4D0A, {0x8F, 0x21, 0x94, 0x0B, 0x7E, 0x55, 0x13, 0xC8}};
 constexpr IID kListInterface = {0x6B0F2C72, 0x5C3E, 0x4D0A, {0x8F, 0x21, 0x94, 0x0B, 0x7E, 0x55, 0x13, 0xC8}};
