@@ -35,7 +35,7 @@ void CrashReport::mnuTroubleCrashReport_Click() {
 void CrashReport::ReportIfAsked(TextView facts) {
   if (ToLower(clicks_.Pending()) != u"right click" && !keys_.ShiftDown()) return;
   midiPort_.StopPositionTones();
-  // Where the clipboard is not to be had, the message is sent without the facts.
+  // Where the clipboard cannot be set, the message is sent without the facts.
   std::ignore = system_.SetClipboard(facts);
   const Text link = u"mailto:" + Text(kSupportAddress) + u"?subject=CrashReport";
   // Where no program opens it, the facts are on the clipboard.
