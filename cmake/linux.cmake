@@ -1,6 +1,4 @@
 # Native targets: the simulated desktop, the rehearsal player, tests, fuzz targets and benchmarks.
-set(POINTALK_CLANG_TIDY "" CACHE STRING "clang-tidy command to run on the core and the simulated desktop")
-
 find_package(nlohmann_json 3 REQUIRED)
 find_package(Threads REQUIRED)
 

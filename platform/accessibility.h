@@ -29,8 +29,8 @@ class Accessibility {
   // answers.
   virtual std::optional<AccessibleFacts> ObjectAt(Point screen) = 0;
 
-  // True while an earlier question about this window has run over its limit and not yet come back.
-  virtual bool QueryStillOut(WindowHandle window) = 0;
+  // True while an earlier question about this window has timed out and not yet returned.
+  virtual bool QueryPending(WindowHandle window) = 0;
 
   // The platform's text for a role number, as it stands in a buffer of capacity characters: a text that fills
   // the buffer had no room for its end. Empty when there is none.

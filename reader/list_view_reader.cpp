@@ -91,8 +91,8 @@ void ListViewReader::SetHolderAsPrefix(WindowHandle window) {
   WindowHandle holder = window;
   for (int round = 0; round < kMostHolders; ++round) {
     holder = seam_.windows.ParentOf(holder);
-    if (holder == desktop_.mDesktopListView) return;
-    const Text title = titles_.GetWindowTitle(holder);
+    if (holder == desktopWindows_.mDesktopListView) return;
+    const Text title = windowTitle_.GetWindowTitle(holder);
     if (IsBlank(title)) continue;
     return speaker_.SetSpeechPrefix(Text(Trimmed(title)).append(u", "));
   }
@@ -101,9 +101,9 @@ void ListViewReader::SetHolderAsPrefix(WindowHandle window) {
 void ListViewReader::PlayIconSounds(const ListViewHit& hit) {
   const bool onItem = (hit.flags & (kHitIcon | kHitLabel)) != 0;
   if (!onItem) {
-    if (mWasOnIcon) sounds_.PlayEarcon(u"OffIcon");
+    if (mWasOnIcon) eventSounds_.PlayEarcon(u"OffIcon");
   } else if (hit.item != mLastIconItem || !mWasOnIcon) {
-    sounds_.PlayEarcon(u"NewIcon");
+    eventSounds_.PlayEarcon(u"NewIcon");
     mLastIconItem = hit.item;
   }
   mWasOnIcon = onItem;

@@ -28,7 +28,7 @@ class SimRemoteMemory final : public RemoteMemory {
   }
 
   // As the processes themselves see it.
-  ProcessMemory& memory() { return memory_; }
+  ProcessMemory& Memory() { return memory_; }
 
  private:
   const Machine& machine_;

@@ -26,7 +26,7 @@ struct MenuSetup::Item {
   std::optional<MenuSetup> submenu;
 };
 
-// What a script says of a window; what it leaves out keeps its default, or in a change its value.
+// What a script says of a window. What it leaves out has its default; in a change it stays as it is.
 struct WindowFields {
   WindowHandle id = 0;
   std::optional<Text> className;

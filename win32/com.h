@@ -49,7 +49,7 @@ Text FromComText(const OLECHAR* text, std::size_t longest = kLongestComText);
 
 class Variant {
  public:
-  Variant() { VariantInit(&value_); }
+  Variant() = default;  // empty
   explicit Variant(std::int32_t number) : Variant() {
     value_.vt = VT_I4;
     value_.lVal = number;
@@ -69,7 +69,7 @@ class Variant {
   [[nodiscard]] bool Become(VARTYPE type) { return SUCCEEDED(VariantChangeType(&value_, &value_, 0, type)); }
 
  private:
-  VARIANT value_;
+  VARIANT value_{};
 };
 
 }  // namespace pointalk::win32

@@ -20,7 +20,7 @@ class LateBound {
   LateBound() = default;  // no object: every member fails
   explicit LateBound(ComPointer<IDispatch> object) : object_(std::move(object)) {}
 
-  // An object of a class; no value when the class is not there.
+  // An object of a class; no value when the class is not registered.
   static std::optional<LateBound> Create(const CLSID& classId);
 
   // Arguments are in the order in which the member has them.

@@ -10,7 +10,7 @@
 namespace pointalk::win32 {
 namespace {
 
-constexpr int kLongestItem = 64 * 1024;  // characters
+constexpr int kLongestMenuText = 64 * 1024;  // characters
 
 HMENU ToMenu(MenuHandle menu) { return reinterpret_cast<HMENU>(static_cast<std::uintptr_t>(menu)); }
 
@@ -32,7 +32,7 @@ std::int32_t WinMenus::ItemAt(WindowHandle window, MenuHandle menu, Point screen
 
 std::int32_t WinMenus::ItemText(MenuHandle menu, std::int32_t position, Text& buffer, int capacity) {
   if (position < 0 || capacity <= 1) return 0;
-  std::wstring item(static_cast<std::size_t>(std::min(capacity, kLongestItem)), L'\0');
+  std::wstring item(static_cast<std::size_t>(std::min(capacity, kLongestMenuText)), L'\0');
   const int length = GetMenuStringW(ToMenu(menu), static_cast<UINT>(position), item.data(),
                                     static_cast<int>(item.size()), MF_BYPOSITION);
   item.resize(static_cast<std::size_t>(std::max(length, 0)));

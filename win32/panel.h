@@ -21,7 +21,7 @@ class WinPanel final : public Panel {
   WinPanel(const WinPanel&) = delete;
   WinPanel& operator=(const WinPanel&) = delete;
 
-  HWND window() const { return window_; }
+  HWND Window() const { return window_; }
 
   // From now on the form hears what happens; it has to stay for as long as messages are handled.
   void Serve(PanelEvents* events) { events_ = events; }

@@ -19,7 +19,7 @@ namespace pointalk::win32 {
 namespace {
 
 constexpr int kClipboardAttempts = 10;
-constexpr DWORD kAttemptPause = 20;       // milliseconds
+constexpr DWORD kClipboardPause = 20;     // milliseconds
 constexpr UINT kOwnerLimit = 100;         // milliseconds
 constexpr DWORD kLastWordsLimit = 2'000;  // milliseconds
 constexpr TextView kMailLink = u"mailto:";
@@ -28,7 +28,7 @@ constexpr TextView kMailLink = u"mailto:";
 bool OpenClipboardSoon(HWND owner) {
   for (int attempt = 1; !OpenClipboard(owner); ++attempt) {
     if (attempt == kClipboardAttempts) return false;
-    Sleep(kAttemptPause);
+    Sleep(kClipboardPause);
   }
   return true;
 }

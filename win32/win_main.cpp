@@ -38,7 +38,7 @@ class FormEvents final : public PanelEvents {
 void RunPointalk() {
   LeaveSystemFolder();
   DisableProcessWindowsGhosting();  // while a long sentence is spoken the panel is silent, not hung
-  RefuseThrottling();
+  OptOutOfThrottling();
   const ComThread com(COINIT_APARTMENTTHREADED);
   WinPlatform platform;
   ShowToSecondStarts(platform.panel.window());

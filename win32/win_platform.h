@@ -30,21 +30,21 @@ struct WinPlatform {
 
   Patience patience;
   WinPanel panel;
-  WinInput input{panel.window()};
+  WinInput input{panel.Window()};
   WinWindowTree windows;
   WinControlMessages messages{patience};
-  WinRemoteMemory memory{patience, panel.window()};
+  WinRemoteMemory memory{patience, panel.Window()};
   WinAnsi ansi;
   WinMenus menus;
   WinAccessibility accessibility{patience};
   WinMidiOut midi;
   WinSapi5Voice sapi5;
   WinSapi4Control sapi4;
-  WinDialogs dialogs{panel.window()};
+  WinDialogs dialogs{panel.Window()};
   WinFiles files;
   WinRegistry registry;
   WinClock clock;
-  WinSystem system{panel.window(), sapi5, sapi4};
+  WinSystem system{panel.Window(), sapi5, sapi4};
 };
 
 }  // namespace pointalk::win32

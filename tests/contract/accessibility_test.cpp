@@ -92,7 +92,7 @@ TEST_F(AccessibilityContract, AHungProgramTellsNothing) {
 
 TEST_F(AccessibilityContract, NoQueryIsOutThatWasAnswered) {
   EXPECT_TRUE(AskUntilAnswered({150, 130}));
-  EXPECT_FALSE(accessibility_.QueryStillOut(world_->Window("objects")));
+  EXPECT_FALSE(accessibility_.QueryPending(world_->Window("objects")));
 }
 
 }  // namespace

@@ -29,7 +29,7 @@ class Controls : public testing::Test {
   }
 
   RemoteAddress Put(ProcessId process, const std::vector<std::uint32_t>& numbers) {
-    ProcessMemory& memory = simulated_.platform.memory.memory();
+    ProcessMemory& memory = simulated_.platform.memory.Memory();
     const RemoteAddress block = memory.Allocate(process, numbers.size() * 4);
     for (std::size_t i = 0; i < numbers.size(); ++i) {
       EXPECT_TRUE(memory.WriteNumber(process, block + 4 * i, numbers[i]));
@@ -38,7 +38,7 @@ class Controls : public testing::Test {
   }
 
   std::uint32_t Number(RemoteAddress at, ProcessId process = 1) {
-    return simulated_.platform.memory.memory().ReadNumber(process, at).value_or(0xDEADBEEF);
+    return simulated_.platform.memory.Memory().ReadNumber(process, at).value_or(0xDEADBEEF);
   }
 
   // What a list view writes into a buffer of 8 bytes when it is told of a capacity.

@@ -145,7 +145,7 @@ TEST(SimRegistry, IsShownSortedAsItIsSpelt) {
   Simulated simulated(kRegistry);
   Transcript transcript;
   ShowRegistry(simulated.machine.setup.registry, transcript);
-  EXPECT_EQ(transcript.text(),
+  EXPECT_EQ(transcript.Lines(),
             "value \"HKEY_CURRENT_USER\\\\A\" \"B\" 1 \"3\"\n"
             "value \"HKEY_CURRENT_USER\\\\A\" \"a\" 1 \"1\"\n"
             "value \"HKEY_CURRENT_USER\\\\A\" \"b\" 1 \"2\"\n"

@@ -44,10 +44,10 @@ void ConfigureElement(Element& element, const CommandLine& line);
 class AccessibleObject final : public IAccessible {
  public:
   // self is the child identifier of the element that this object is.
-  AccessibleObject(std::shared_ptr<ElementTable> table, LONG self) : mTable(std::move(table)), mSelf(self) {}
+  AccessibleObject(std::shared_ptr<ElementTable> table, LONG self) : table_(std::move(table)), self_(self) {}
 
   STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
-  STDMETHODIMP_(ULONG) AddRef() override { return ++mReferences; }
+  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
   STDMETHODIMP_(ULONG) Release() override;
 
   STDMETHODIMP GetTypeInfoCount(UINT* count) override;
@@ -84,9 +84,9 @@ class AccessibleObject final : public IAccessible {
                        std::optional<std::wstring> Element::*text, BSTR* result);
   HRESULT NoText(BSTR* text);
 
-  std::atomic<ULONG> mReferences = 1;
-  std::shared_ptr<ElementTable> mTable;
-  LONG mSelf;
+  std::atomic<ULONG> references_ = 1;
+  std::shared_ptr<ElementTable> table_;
+  LONG self_;
 };
 
 }  // namespace pointalk::target

@@ -46,7 +46,7 @@ class Commands {
   // The reply to a line; what goes wrong is in it as {"error": ...}. Callable from any thread.
   std::string Run(const std::string& line);
 
-  bool Ended() const { return mEnded; }
+  bool Ended() const { return ended_; }
   // Descriptions of all windows, one JSON object each, in the order of their making.
   std::vector<std::string> Windows();
 
@@ -64,8 +64,8 @@ class Commands {
   std::string Show(TargetWindow& window);
   std::string Counts(const CommandLine& line);
   std::string Reset();
-  std::string Bend(const CommandLine& line);
-  std::string Unbend(const CommandLine& line);
+  std::string AddRule(const CommandLine& line);
+  std::string RemoveRules(const CommandLine& line);
 
   std::string Items(const CommandLine& line, TargetWindow& window);
   std::string Data(const CommandLine& line, TargetWindow& window);
@@ -82,10 +82,10 @@ class Commands {
   std::string Send(const CommandLine& line, TargetWindow& window);
   std::string Where(const CommandLine& line, TargetWindow& window);
 
-  std::mutex mMutex;  // guards the lists; never held while a window's thread is waited for
-  std::vector<WindowPointer> mWindows;
-  std::map<std::wstring, std::unique_ptr<UiThread>> mThreads;
-  std::atomic<bool> mEnded = false;
+  std::mutex mutex_;  // guards the lists; never held while a window's thread is waited for
+  std::vector<WindowPointer> windows_;
+  std::map<std::wstring, std::unique_ptr<UiThread>> threads_;
+  std::atomic<bool> ended_ = false;
 };
 
 }  // namespace pointalk::target

@@ -126,7 +126,7 @@ void LoadControlClasses() {
 }
 
 std::wstring BaseOf(const CommandLine& line) {
-  const std::wstring base = Lower(line.OptionOr(L"base", L""));
+  std::wstring base = Lower(line.OptionOr(L"base", L""));
   if (!base.empty()) return base;
   const std::wstring className = Lower(line.Option(L"class"));
   return IsSystemClass(className) ? className : std::wstring();

@@ -7,8 +7,6 @@
 namespace pointalk::target {
 namespace {
 
-std::string Done() { return JsonObject().Flag("ok", true).Line(); }
-
 void Must(BOOL done, const char* what) {
   if (!done) throw CommandError(std::string(what) + " failed: error " + std::to_string(GetLastError()));
 }

@@ -25,10 +25,10 @@ class Sapi5Voice final : public LateBound {
   HRESULT Speak(const Arguments& arguments, VARIANT& result);
   HRESULT WaitUntilDone(const Arguments& arguments, VARIANT& result);
 
-  LONG mRate = 0;
-  LONG mVolume = 100;
-  std::size_t mVoice = 0;
-  Utterances mUtterances;
+  LONG rate_ = 0;
+  LONG volume_ = 100;
+  std::size_t voice_ = 0;
+  Utterances utterances_;
 };
 
 }  // namespace pointalk::wine

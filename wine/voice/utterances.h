@@ -74,20 +74,20 @@ class Utterances {
   bool IsCut(std::int64_t number);
   bool EnsureHelper();
 
-  std::mutex mMutex;
-  std::condition_variable mChanged;
-  std::deque<Utterance> mQueue;       // the first is the one being said
-  std::int64_t mLastNumber = 0;       // queued last
-  std::int64_t mCutUpTo = 0;          // this one and all before it are to end
-  std::int64_t mOverUpTo = 0;         // this one and all before it have ended
-  std::optional<Sounding> mSounding;  // the part that is sounding
-  bool mStop = false;
-  std::thread mWorker;
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  std::deque<Utterance> queue_;       // the first is the one being said
+  std::int64_t lastNumber_ = 0;       // queued last
+  std::int64_t cutUpTo_ = 0;          // this one and all before it are to end
+  std::int64_t overUpTo_ = 0;         // this one and all before it have ended
+  std::optional<Sounding> sounding_;  // the part that is sounding
+  bool stop_ = false;
+  std::thread worker_;
 
   // The worker's own.
-  std::unique_ptr<LinuxHelper> mHelper;
-  std::int64_t mSounded = 0;  // microseconds of the utterance heard so far
-  int mPartsMade = 0;         // names the files
+  std::unique_ptr<LinuxHelper> helper_;
+  std::int64_t sounded_ = 0;  // microseconds of the utterance heard so far
+  int partsMade_ = 0;         // names the files
 };
 
 }  // namespace pointalk::wine

@@ -128,7 +128,7 @@ class SimWorld final : public World {
 
   void SetLeftButton(bool down) override {
     Key(kKeyLeftButton).down = down;
-    if (platform_.input.reportsMouse()) reports_.push_back(down ? 513 : 514);
+    if (platform_.input.ReportsMouse()) reports_.push_back(down ? 513 : 514);
   }
 
   Point ScreenSizeInPixels() override { return {machine_.setup.screenWidth, machine_.setup.screenHeight}; }
@@ -155,7 +155,7 @@ class SimWorld final : public World {
 
   std::vector<std::string> Heard(std::size_t) override {
     std::vector<std::string> lines;
-    std::istringstream transcript(machine_.transcript.text());
+    std::istringstream transcript(machine_.transcript.Lines());
     for (std::string line; std::getline(transcript, line);) lines.push_back(line);
     return lines;
   }

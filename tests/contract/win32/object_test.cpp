@@ -102,7 +102,7 @@ TEST_F(ObjectTest, AValueIsNotCutWhereADescriptionIs) {
 
 // It lies with the thread that asks, which has to answer meanwhile.
 TEST_F(ObjectTest, OurOwnButtonsAnswerToo) {
-  const HWND panel = world_.platform.panel.window();
+  const HWND panel = world_.platform.panel.Window();
   ShowWindow(panel, SW_SHOWNORMAL);
   SetWindowPos(panel, HWND_TOPMOST, 500, 400, 0, 0, SWP_NOSIZE);
   world_.platform.panel.LetMessagesRun();

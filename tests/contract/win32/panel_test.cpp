@@ -82,7 +82,7 @@ class PanelTest : public testing::Test {
 
   WinWorld world_{{}};
   win32::WinPanel& seam_ = world_.platform.panel;
-  HWND panel_ = seam_.window();
+  HWND panel_ = seam_.Window();
 };
 
 TEST_F(PanelTest, ItShowsTheTablesMenu) {
