@@ -41,7 +41,7 @@ void RunPointalk() {
   OptOutOfThrottling();
   const ComThread com(COINIT_APARTMENTTHREADED);
   WinPlatform platform;
-  ShowToSecondStarts(platform.panel.window());
+  ShowToSecondStarts(platform.panel.Window());
   Mouse form(platform.Seam());
   FormEvents events(form, platform.system);
   platform.panel.Serve(&events);

@@ -18,7 +18,7 @@ constexpr DWORD kPatience = 100'000;  // milliseconds
 class LastWordsTest : public testing::Test {
  protected:
   WinWorld world_{{}};
-  HWND panel_ = world_.platform.panel.window();
+  HWND panel_ = world_.platform.panel.Window();
 };
 
 TEST_F(LastWordsTest, TheyAreOverOnceNothingIsSaid) {
