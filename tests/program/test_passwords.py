@@ -32,7 +32,7 @@ STYLES = {"lines": MULTILINE, "off": DISABLED}  # the others have none of their 
 
 # Fields that become password fields when they are there.
 TURNED = {
-    "lateedit": ("Edit", None, LABEL),
+    "lateedit": ("Edit", None, "It is eigh edit"),  # no label
     "latetextbox": ("HarbourLateTextBox", "Edit", "It is eigh harbour late text box"),
     "lateplank": ("HarbourLatePlank", "Edit", "It is eigh harbour late plank"),
     "laterich20w": ("RichEdit20W", None, "client"),
@@ -62,8 +62,9 @@ def make_harbour(target, style, top=60):
         if name == "combo":
             options["kind"] = "editable"
         target.create(name, class_=class_name, rect=rect(number, top), parent="harbour", title=TITLE, **options)
+        if name == "edit":
+            target.create("label", class_="Static", title=LABEL, rect=(100, top + 340, 300, top + 360), parent="harbour")
     target.ask("title", "combo", TITLE)
-    target.create("label", class_="Static", title=LABEL, rect=(100, top + 340, 300, top + 360), parent="harbour")
 
 
 def make_own(target, state, top=460):
