@@ -6,12 +6,15 @@
 
 # `a|b` is the first of the two that this system has.
 POINTALK_run=(
-  cmake ninja-build g++-mingw-w64-x86-64-posix
+  cmake ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-x86-64-win32
   wine "wine64|wine" xvfb xauth xdotool procps
   espeak-ng fluidsynth fluid-soundfont-gm sox alsa-utils libasound2-plugins
   imagemagick python3 python3-pil
 )
-POINTALK_package=(cmake ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix nsis python3 git)
+POINTALK_package=(
+  cmake ninja-build nsis python3 git
+  g++-mingw-w64-x86-64-posix g++-mingw-w64-x86-64-win32 g++-mingw-w64-i686-posix g++-mingw-w64-i686-win32
+)
 POINTALK_test=(
   "${POINTALK_run[@]}" "${POINTALK_package[@]}"
   build-essential nlohmann-json3-dev libgtest-dev libgmock-dev googletest libbenchmark-dev

@@ -8,8 +8,8 @@ constexpr UINT kCheckInterval = 1000;  // milliseconds
 // The hook is called before the system takes a press into account, which may take so many milliseconds.
 constexpr DWORD kPressSettles = 100;
 
-// A hook is called on the thread that installed it, with no argument that tells for whom.
-thread_local MouseReports* watching = nullptr;
+// A hook is called with no argument that tells for whom. Written and read by the hook's thread alone.
+MouseReports* watching = nullptr;
 
 DoubleClicks::Limits SystemLimits() {
   return {GetDoubleClickTime(), GetSystemMetrics(SM_CXDOUBLECLK), GetSystemMetrics(SM_CYDOUBLECLK)};
