@@ -7,7 +7,7 @@
 namespace pointalk::win32 {
 namespace {
 
-constexpr ULONGLONG kLookInterval = 1000;  // milliseconds
+constexpr ULONGLONG kRefreshInterval = 1000;  // milliseconds
 constexpr std::size_t kMostThreads = 64;
 
 BOOL CALLBACK TakeFirst(HWND window, LPARAM first) {
@@ -71,7 +71,7 @@ bool UnresponsiveThreads::MayAsk(HWND window) {
     askedThread_ = GetWindowThreadProcessId(window, nullptr);
   }
   if (AllAnswer()) return true;
-  if (GetTickCount64() >= lastLook_ + kLookInterval) Refresh();
+  if (GetTickCount64() >= lastLook_ + kRefreshInterval) Refresh();
   const auto found = probes_.find(GetWindowThreadProcessId(window, nullptr));
   if (found == probes_.end()) return true;
   const std::shared_ptr<Probe>& probe = found->second;
