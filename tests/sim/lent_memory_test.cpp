@@ -32,56 +32,55 @@ struct Blocks {
 // One of the messages that carry a block's address is not answered.
 class LateMessages final : public testing::ForwardingControlMessages {
  public:
-  LateMessages(ControlMessages& messages, Blocks& theBlocks, int& theCount, int theLate)
-      : ForwardingControlMessages(messages), blocks(theBlocks), count(theCount), late(theLate) {}
+  LateMessages(ControlMessages& messages, Blocks& blocks, int& count, int late)
+      : ForwardingControlMessages(messages), blocks_(blocks), count_(count), late_(late) {}
 
   std::optional<std::int32_t> Send(WindowHandle window, std::uint32_t message, std::uint64_t wParam,
                                    std::uint64_t lParam) override {
-    if (!blocks.had.contains(lParam) || ++count != late)
+    if (!blocks_.had.contains(lParam) || ++count_ != late_)
       return ForwardingControlMessages::Send(window, message, wParam, lParam);
-    blocks.lent = blocks.had;  // a record may hold the address of another block
+    blocks_.lent = blocks_.had;  // a record may hold the address of another block
     return std::nullopt;
   }
 
  private:
-  Blocks& blocks;
-  int& count;
-  int late;
+  Blocks& blocks_;
+  int& count_;
+  int late_;
 };
 
 class WatchedMemory final : public testing::ForwardingRemoteMemory {
  public:
-  WatchedMemory(RemoteMemory& memory, Blocks& theBlocks)
-      : ForwardingRemoteMemory(memory), blocks(theBlocks) {}
+  WatchedMemory(RemoteMemory& memory, Blocks& blocks) : ForwardingRemoteMemory(memory), blocks_(blocks) {}
 
   RemoteAddress Allocate(ProcessId process, std::size_t bytes) override {
     const RemoteAddress block = ForwardingRemoteMemory::Allocate(process, bytes);
-    if (block != 0) blocks.had.insert(block);
+    if (block != 0) blocks_.had.insert(block);
     return block;
   }
   bool Write(ProcessId process, RemoteAddress to, std::span<const std::byte> from) override {
-    Note("written", to);
+    Record("written", to);
     return ForwardingRemoteMemory::Write(process, to, from);
   }
   bool Read(ProcessId process, RemoteAddress from, std::span<std::byte> to) override {
-    Note("read", from);
+    Record("read", from);
     return ForwardingRemoteMemory::Read(process, from, to);
   }
   void Free(ProcessId process, RemoteAddress block) override {
-    Note("freed", block);
-    blocks.had.erase(block);
+    Record("freed", block);
+    blocks_.had.erase(block);
     ForwardingRemoteMemory::Free(process, block);
   }
   void FreeOnceAnswered(ProcessId, RemoteAddress block, WindowHandle) override {
-    blocks.had.erase(block);  // stays where it is, so that no other block has its address
+    blocks_.had.erase(block);  // stays where it is, so that no other block has its address
   }
 
  private:
-  void Note(const char* deed, RemoteAddress block) {
-    if (blocks.lent.contains(block)) blocks.wrongs.emplace_back(deed);
+  void Record(const char* action, RemoteAddress block) {
+    if (blocks_.lent.contains(block)) blocks_.wrongs.emplace_back(action);
   }
 
-  Blocks& blocks;
+  Blocks& blocks_;
 };
 
 struct Fronts {
