@@ -56,10 +56,7 @@ void RunPointalk() {
 }  // namespace
 }  // namespace pointalk::win32
 
-// A voice or another library that asks for one of its own by name alone must not be given what lies in the
-// current folder.
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
-  SetDllDirectoryW(L"");
   if (pointalk::win32::BecomeTheOne()) pointalk::win32::RunPointalk();
   return 0;
 }
