@@ -1,8 +1,8 @@
 // Memory in a program that has not answered a message yet, and threads that are known not to answer.
 #include <gtest/gtest.h>
 
+#include <future>
 #include <memory>
-#include <semaphore>
 #include <string>
 #include <thread>
 #include <vector>
@@ -136,41 +136,41 @@ TEST_F(PatienceTest, AsksAnotherWindowOfTheThreadWhenTheOneThatWasAskedHasGone) 
   EXPECT_TRUE(world_.RunUntil([&] { return probe->IsOver(); }, kPatience));
 }
 
-// A thread of our own that answers nothing, with a window.
-class DeafThread {
+// A thread of our own that hangs, with a window.
+class HangingThread {
  public:
-  DeafThread() { ready_.acquire(); }
-  ~DeafThread() {
-    mayEnd_.release();
+  HangingThread() : window_(made_.get_future().get()) {}
+  ~HangingThread() {
+    mayEnd_.set_value();
     thread_.join();
   }
-  DeafThread(const DeafThread&) = delete;
-  DeafThread& operator=(const DeafThread&) = delete;
+  HangingThread(const HangingThread&) = delete;
+  HangingThread& operator=(const HangingThread&) = delete;
 
-  HWND window() const { return window_; }
+  HWND Window() const { return window_; }
 
  private:
   void Run() {
-    window_ = CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
-    ready_.release();
-    mayEnd_.acquire();
+    made_.set_value(
+        CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr));
+    mayEnd_.get_future().wait();
   }
 
-  HWND window_ = nullptr;
-  std::binary_semaphore ready_{0};
-  std::binary_semaphore mayEnd_{0};
-  std::thread thread_{&DeafThread::Run, this};
+  std::promise<HWND> made_;
+  std::promise<void> mayEnd_;
+  std::thread thread_{&HangingThread::Run, this};
+  HWND window_;
 };
 
 TEST_F(PatienceTest, KnowsNoMoreThan64Threads) {
-  std::vector<std::unique_ptr<DeafThread>> threads(65);
+  std::vector<std::unique_ptr<HangingThread>> threads(65);
   for (auto& thread : threads) {
-    thread = std::make_unique<DeafThread>();
-    unresponsiveThreads_.TimedOut(thread->window());
+    thread = std::make_unique<HangingThread>();
+    unresponsiveThreads_.TimedOut(thread->Window());
   }
-  EXPECT_TRUE(unresponsiveThreads_.MayAsk(threads.front()->window()));
-  EXPECT_FALSE(unresponsiveThreads_.MayAsk(threads[1]->window()));
-  EXPECT_FALSE(unresponsiveThreads_.MayAsk(threads.back()->window()));
+  EXPECT_TRUE(unresponsiveThreads_.MayAsk(threads.front()->Window()));
+  EXPECT_FALSE(unresponsiveThreads_.MayAsk(threads[1]->Window()));
+  EXPECT_FALSE(unresponsiveThreads_.MayAsk(threads.back()->Window()));
 }
 
 }  // namespace
