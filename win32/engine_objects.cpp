@@ -2,7 +2,9 @@
 
 #include <utility>
 
+#include "platform/speech_engines.h"
 #include "win32/ansi.h"
+#include "win32/voice_output.h"
 
 namespace pointalk::win32 {
 namespace {
@@ -89,6 +91,7 @@ bool Sapi5Object::SetVoice(std::int32_t index) {
 
 bool Sapi5Object::Speak(TextView text, std::optional<int> flags) {
   const Variant words(text);
+  if ((flags.value_or(0) & kSpeakPurgeFirst) != 0) StopOutput(voice_);
   if (LooksLikeMarkup(text)) flags = flags.value_or(0) | kNotMarkup;
   if (!flags) return voice_.Call(L"Speak", {words.Get()});
   return voice_.Call(L"Speak", {words.Get(), Variant(std::int32_t{*flags}).Get()});

@@ -4,6 +4,7 @@
 #include <chrono>
 
 #include "wine/heard/heard.h"
+#include "wine/voice/output.h"
 #include "wine/voice/recorded.h"
 #include "wine/voice/voice_tokens.h"
 #include "wine/voice/voices.h"
@@ -38,6 +39,13 @@ Sapi5Voice::Sapi5Voice() : LateBound(Sapi5Members(), kSapi5Interface) {
 }
 
 Sapi5Voice::~Sapi5Voice() { HeardLine("released").Ascii("class", "sapi5").Write(); }
+
+// The voice by interface is an object of its own, which is all that its clients notice.
+HRESULT Sapi5Voice::QueryInterface(REFIID id, void** object) {
+  if (!object || id != __uuidof(ISpVoice)) return LateBound::QueryInterface(id, object);
+  *object = VoiceByInterface();
+  return *object ? S_OK : E_NOINTERFACE;
+}
 
 HRESULT Sapi5Voice::Call(DISPID member, Access access, const Arguments& arguments, VARIANT& result) {
   if (member == kRate) return RecordedNumber("sapi5 rate", rate_, access, arguments, result);

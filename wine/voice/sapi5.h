@@ -18,6 +18,8 @@ class Sapi5Voice final : public LateBound {
   Sapi5Voice();
   ~Sapi5Voice() override;
 
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
+
  protected:
   HRESULT Call(DISPID member, Access access, const Arguments& arguments, VARIANT& result) override;
 
