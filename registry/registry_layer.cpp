@@ -19,15 +19,15 @@ constexpr std::uint32_t Capacity(std::uint32_t longestName) { return longestName
 
 class OpenedKey {
  public:
-  OpenedKey(RegistryApi& api, RegistryKey key) : api_(api), key_(key) {}
-  ~OpenedKey() { std::ignore = api_.CloseKey(key_); }  // one that does not close is lost all the same
+  OpenedKey(RegistryApi& registry, RegistryKey key) : registry_(registry), key_(key) {}
+  ~OpenedKey() { std::ignore = registry_.CloseKey(key_); }  // one that does not close is lost all the same
   OpenedKey(const OpenedKey&) = delete;
   OpenedKey& operator=(const OpenedKey&) = delete;
 
   operator RegistryKey() const { return key_; }
 
  private:
-  RegistryApi& api_;
+  RegistryApi& registry_;
   RegistryKey key_;
 };
 
@@ -35,22 +35,22 @@ class OpenedKey {
 
 void RegistryLayer::WriteRegistry(TextView path, TextView name, const Variant& value, std::uint32_t type) {
   const RegistryKey root = RootKeyFromPath(path, error_);
-  const OpenedKey key(api_, Described(api_.CreateKey(root, SubKeyFromPath(path))));
+  const OpenedKey key(registry_, Described(registry_.CreateKey(root, SubKeyFromPath(path))));
   if (type == kChooseType) type = TypeForVariant(value);
   const auto data = DataFromVariant(value, type, ansi_, error_);
-  if (data) DescribeApiError(error_, api_.SetValue(key, name, type, *data));
+  if (data) DescribeApiError(error_, registry_.SetValue(key, name, type, *data));
 }
 
 Variant RegistryLayer::ReadRegistry(TextView path, TextView name) {
-  const OpenedKey key(api_, OpenPath(path));
-  const RegistryValueSize size = api_.QueryValueSize(key, name);
-  const RegistryValueData read = api_.QueryValue(key, name, size.bytes);
+  const OpenedKey key(registry_, OpenPath(path));
+  const RegistryValueSize size = registry_.QueryValueSize(key, name);
+  const RegistryValueData read = registry_.QueryValue(key, name, size.bytes);
   return VariantFromData(read.data, read.type, ansi_);
 }
 
 void RegistryLayer::DeleteRegistry(TextView path, TextView name) {
-  const OpenedKey key(api_, OpenPath(path));
-  DescribeApiError(error_, api_.DeleteValue(key, name));
+  const OpenedKey key(registry_, OpenPath(path));
+  DescribeApiError(error_, registry_.DeleteValue(key, name));
 }
 
 void RegistryLayer::DeleteRegistry(TextView path) {
@@ -61,23 +61,23 @@ void RegistryLayer::DeleteRegistry(TextView path) {
 // False when it came too deep: then no more keys are opened. Each key is opened from the one that it is in,
 // for the whole path may be longer than the platform takes.
 bool RegistryLayer::DeleteTree(RegistryKey parent, TextView subKey, int level) {
-  const OpenedKey key(api_, Described(api_.OpenKey(parent, subKey)));
+  const OpenedKey key(registry_, Described(registry_.OpenKey(parent, subKey)));
   const std::vector<Text> names = SubKeyNames(key);
   bool goOn = names.empty() || level < kDeepestLevel;
   for (auto name = names.begin(); goOn && name != names.end(); ++name) {
     goOn = DeleteTree(key, *name, level + 1);
   }
-  DescribeApiError(error_, api_.DeleteKey(key, {}));
+  DescribeApiError(error_, registry_.DeleteKey(key, {}));
   return goOn;
 }
 
 std::vector<NamedRegistryValue> RegistryLayer::EnumerateRegistryValues(TextView path) {
   std::vector<NamedRegistryValue> values;
-  const OpenedKey key(api_, OpenPath(path));
-  const RegistryKeyInfo info = api_.QueryKey(key);
+  const OpenedKey key(registry_, OpenPath(path));
+  const RegistryKeyInfo info = registry_.QueryKey(key);
   DescribeApiError(error_, info.code);
   for (std::uint32_t index = 0; index < info.values; ++index) {
-    RegistryEnumeratedValue found = api_.ValueAt(key, index, Capacity(info.longestValueName));
+    RegistryEnumeratedValue found = registry_.ValueAt(key, index, Capacity(info.longestValueName));
     if (found.code != 0) continue;
     values.push_back({std::move(found.name), found.type, VariantFromData(found.data, found.type, ansi_)});
   }
@@ -86,7 +86,7 @@ std::vector<NamedRegistryValue> RegistryLayer::EnumerateRegistryValues(TextView 
 
 RegistryKey RegistryLayer::OpenPath(TextView path) {
   const RegistryKey root = RootKeyFromPath(path, error_);
-  return Described(api_.OpenKey(root, SubKeyFromPath(path)));
+  return Described(registry_.OpenKey(root, SubKeyFromPath(path)));
 }
 
 RegistryKey RegistryLayer::Described(RegistryOpening opening) {
@@ -97,10 +97,10 @@ RegistryKey RegistryLayer::Described(RegistryOpening opening) {
 // All of them before the first is deleted, which moves those behind it forward. An empty name would open the
 // key itself again.
 std::vector<Text> RegistryLayer::SubKeyNames(RegistryKey key) {
-  const RegistryKeyInfo info = api_.QueryKey(key);
+  const RegistryKeyInfo info = registry_.QueryKey(key);
   std::vector<Text> names;
   for (std::uint32_t index = 0; index < info.subKeys; ++index) {
-    RegistryName found = api_.SubKeyName(key, index, Capacity(info.longestSubKeyName));
+    RegistryName found = registry_.SubKeyName(key, index, Capacity(info.longestSubKeyName));
     if (found.code == 0 && !found.name.empty()) names.push_back(std::move(found.name));
   }
   return names;

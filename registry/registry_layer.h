@@ -22,7 +22,7 @@ struct NamedRegistryValue {
 
 class RegistryLayer {
  public:
-  RegistryLayer(RegistryApi& api, AnsiCodePage& ansi) : api_(api), ansi_(ansi) {}
+  RegistryLayer(RegistryApi& registry, AnsiCodePage& ansi) : registry_(registry), ansi_(ansi) {}
 
   // Makes the key where it is missing. A value that does not fit the type is not written.
   void WriteRegistry(TextView path, TextView name, const Variant& value, std::uint32_t type = kChooseType);
@@ -45,7 +45,7 @@ class RegistryLayer {
   void ClearError() { error_.Clear(); }
 
  private:
-  RegistryApi& api_;
+  RegistryApi& registry_;
   AnsiCodePage& ansi_;
 
   RegistryError error_;

@@ -57,7 +57,7 @@ def preset(name, *targets, step=None):
 
 def tidy():
     """clang-tidy over the program, the simulated desktop, and what Wine needs, each target compiled as one file."""
-    presets = ("tidy", "tidy-windows")
+    presets = ("tidy", "tidy-windows", "tidy-program")
     configure = " && ".join(f"cmake --preset {name}" for name in presets)
     builds = " ".join(f"'{BUILD / name}'" for name in presets)
     return Step("check-tidy", "sh", "-c", f"{configure} && exec '{sys.executable}' '{TOOLS}/check_tidy.py' {builds}",

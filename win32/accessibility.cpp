@@ -44,17 +44,17 @@ std::optional<AccessibleFacts> WinAccessibility::ObjectAt(Point screen) {
   const HWND window = WindowFromPoint({screen.x, screen.y});
   const DWORD thread = GetWindowThreadProcessId(window, nullptr);
   if (PumpWhilePointedAt(thread, worker_->AnswerEvent())) return worker_->TakeAnswer();
-  patience_.RanOver(window);
+  unresponsiveThreads_.TimedOut(window);
   abandoned_.push_back({std::move(worker_), window, thread});
   return std::nullopt;
 }
 
 // A thread may answer messages and still never answer the earlier question, so it must have answered both.
 bool WinAccessibility::MayAsk(Point screen) {
-  if (abandoned_.empty() && patience_.AllAnswer()) return true;
+  if (abandoned_.empty() && unresponsiveThreads_.AllAnswer()) return true;
   const HWND window = WindowFromPoint({screen.x, screen.y});
   const DWORD thread = GetWindowThreadProcessId(window, nullptr);
-  return patience_.MayAsk(window) &&
+  return unresponsiveThreads_.MayAsk(window) &&
          std::none_of(abandoned_.begin(), abandoned_.end(),
                       [thread](const Abandoned& left) { return left.thread == thread; });
 }

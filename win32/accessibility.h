@@ -8,13 +8,14 @@
 
 #include "platform/accessibility.h"
 #include "win32/object_worker.h"
-#include "win32/patience.h"
+#include "win32/unresponsive_threads.h"
 
 namespace pointalk::win32 {
 
 class WinAccessibility final : public Accessibility {
  public:
-  explicit WinAccessibility(Patience& patience) : patience_(patience) {}
+  explicit WinAccessibility(UnresponsiveThreads& unresponsiveThreads)
+      : unresponsiveThreads_(unresponsiveThreads) {}
 
   std::optional<AccessibleFacts> ObjectAt(Point screen) override;
   bool QueryPending(WindowHandle window) override;
@@ -32,7 +33,7 @@ class WinAccessibility final : public Accessibility {
   bool HaveWorker();
   void ForgetReturned();
 
-  Patience& patience_;
+  UnresponsiveThreads& unresponsiveThreads_;
   std::unique_ptr<ObjectWorker> worker_;  // idle between questions; null while there is none
   std::vector<Abandoned> abandoned_;
 };

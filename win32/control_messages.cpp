@@ -53,29 +53,29 @@ std::optional<std::int32_t> WinControlMessages::Ask(HWND window, UINT message, W
 
 std::optional<std::int32_t> WinControlMessages::AskOpenly(HWND window, UINT message, WPARAM wParam,
                                                           LPARAM lParam) {
-  if (!patience_.MayAsk(window)) return std::nullopt;
+  if (!unresponsiveThreads_.MayAsk(window)) return std::nullopt;
   DWORD_PTR result = 0;
   const ULONGLONG begin = GetTickCount64();
   SetLastError(0);
   if (SendMessageTimeoutW(window, message, wParam, lParam, kHowToWait, kLimit, &result) != 0) {
-    NoteTaken(window, begin, GetTickCount64());
+    CountTime(window, begin, GetTickCount64());
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(result));
   }
   const DWORD error = GetLastError();
-  if (error == 0 || error == ERROR_TIMEOUT) patience_.RanOver(window);
+  if (error == 0 || error == ERROR_TIMEOUT) unresponsiveThreads_.TimedOut(window);
   return std::nullopt;
 }
 
-// A slow control that the pointer has left is not asked the rest: where the pointer is now waits. The clock
-// goes on in steps of several milliseconds, so most answers take no time by it and cost no look at the
-// pointer.
-void WinControlMessages::NoteTaken(HWND window, ULONGLONG begin, ULONGLONG end) {
+// A slow control that the pointer has left is not asked the rest: what is under the pointer now waits to be
+// named. The clock advances in steps of several milliseconds, so most answers take 0 by it and cost no look
+// at the pointer.
+void WinControlMessages::CountTime(HWND window, ULONGLONG begin, ULONGLONG end) {
   if (begin == end) return;
   if (begin > lastSlowAnswer_ + kLimit) takenSinceLeft_ = 0;  // an earlier control's
   lastSlowAnswer_ = end;
   if (ThreadUnderPointer() == GetWindowThreadProcessId(window, nullptr)) return;
   takenSinceLeft_ += end - begin;
-  if (takenSinceLeft_ >= kLeftLimit) patience_.RanOver(window);
+  if (takenSinceLeft_ >= kLeftLimit) unresponsiveThreads_.TimedOut(window);
 }
 
 std::optional<std::int32_t> WinControlMessages::Send(WindowHandle window, std::uint32_t message,

@@ -2,10 +2,12 @@
 
 namespace pointalk::win32 {
 
-// A window that is not painted asks for it again and again.
+// A window that is not painted asks for it again and again; and whoever posts without end must not keep the
+// program from ending.
 void HandleWithoutForm(HWND form) {
+  constexpr int kMost = 1000;
   MSG message;
-  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+  for (int count = 0; count < kMost && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE); ++count) {
     if (GetAncestor(message.hwnd, GA_ROOT) != form || message.message == WM_PAINT) DispatchMessageW(&message);
   }
 }

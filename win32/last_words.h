@@ -5,7 +5,8 @@
 
 namespace pointalk::win32 {
 
-// Handles the messages that wait, but drops what was posted to the form's window: its events come too late.
+// Handles messages that wait, a thousand at most, but drops what was posted to the form's window: its events
+// come too late.
 void HandleWithoutForm(HWND form);
 
 // Returns once nothing is said any more, or after so many milliseconds. Messages are handled meanwhile, since

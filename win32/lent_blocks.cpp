@@ -51,7 +51,7 @@ bool LentBlocks::IsDone(Lent& lent) {
 }
 
 void LentBlocks::Look() {
-  patience_.LookAfterAll();
+  unresponsiveThreads_.Refresh();
   std::erase_if(lent_, &IsDone);
   if (lent_.empty()) KillTimer(form_, reinterpret_cast<UINT_PTR>(this));
 }

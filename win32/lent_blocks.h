@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-#include "win32/patience.h"
+#include "win32/unresponsive_threads.h"
 
 namespace pointalk::win32 {
 
@@ -14,7 +14,8 @@ namespace pointalk::win32 {
 // the program ends stay for as long as their processes.
 class LentBlocks {
  public:
-  LentBlocks(Patience& patience, HWND form) : patience_(patience), form_(form) {}
+  LentBlocks(UnresponsiveThreads& unresponsiveThreads, HWND form)
+      : unresponsiveThreads_(unresponsiveThreads), form_(form) {}
   ~LentBlocks();
   LentBlocks(const LentBlocks&) = delete;
   LentBlocks& operator=(const LentBlocks&) = delete;
@@ -38,7 +39,7 @@ class LentBlocks {
   static bool IsDone(Lent& lent);
   void Look();
 
-  Patience& patience_;
+  UnresponsiveThreads& unresponsiveThreads_;
   HWND form_;
   std::vector<Lent> lent_;
 };

@@ -23,6 +23,7 @@ bool MouseReports::Start() {
   if (thread_) return hook_ != nullptr;
   ready_.reset(CreateEventW(nullptr, TRUE, FALSE, nullptr));
   if (!ready_) return false;
+  stops_ = false;
   thread_.reset(CreateThread(nullptr, 0, &ThreadMain, this, 0, &threadId_));
   if (!thread_) return false;
   // The pointer must not stutter because something else keeps the processors busy.
@@ -33,7 +34,8 @@ bool MouseReports::Start() {
 
 void MouseReports::Stop() {
   if (!thread_) return;
-  PostThreadMessageW(threadId_, WM_QUIT, 0, 0);
+  stops_ = true;
+  PostThreadMessageW(threadId_, WM_NULL, 0, 0);  // where it has no room, the timer wakes the thread
   WaitForSingleObject(thread_.get(), INFINITE);
   thread_.reset();
 }
@@ -46,11 +48,13 @@ DWORD WINAPI MouseReports::ThreadMain(void* reports) {
 void MouseReports::Watch() {
   watching = this;
   MSG message;
-  PeekMessageW(&message, nullptr, WM_USER, WM_USER, PM_NOREMOVE);  // makes the queue that WM_QUIT will go to
+  PeekMessageW(&message, nullptr, WM_USER, WM_USER,
+               PM_NOREMOVE);  // makes the queue that Stop's message will go to
   Install();
   SetEvent(ready_.get());
   const UINT_PTR timer = SetTimer(nullptr, 0, kCheckInterval, nullptr);
-  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+  while (!stops_) {
+    GetMessageW(&message, nullptr, 0, 0);
     if (message.message != WM_TIMER) continue;
     CheckHook();
     CheckButton();

@@ -34,6 +34,7 @@ class MouseReports {
   static DWORD WINAPI ThreadMain(void* reports);
   static LRESULT CALLBACK OnMouse(int code, WPARAM message, LPARAM details);
 
+  // Ends when Stop says so, and not for a message that any program may post.
   void Watch();
   bool Install();
   void Remove();
@@ -47,6 +48,7 @@ class MouseReports {
   DWORD threadId_ = 0;
 
   std::atomic<HHOOK> hook_ = nullptr;
+  std::atomic<bool> stops_ = false;
 
   // Of the thread alone.
   DoubleClicks clicks_;

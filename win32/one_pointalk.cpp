@@ -8,8 +8,8 @@ namespace {
 
 constexpr wchar_t kOne[] = L"Local\\Pointalk.One";  // a session has names of its own
 constexpr wchar_t kMark[] = L"Pointalk.Panel";      // of the panel's window
-constexpr ULONGLONG kLimit = 10'000;                // milliseconds, for all that a second start waits for
-constexpr DWORD kLook = 50;                         // milliseconds
+constexpr ULONGLONG kSecondStartLimit = 10'000;     // milliseconds, for all that a second start waits for
+constexpr DWORD kPollInterval = 50;                 // milliseconds
 constexpr LRESULT kComesForward = 0x50544B;
 
 // Whether the name was free; then it is ours. The system frees it when the process is gone, killed or not.
@@ -47,13 +47,13 @@ bool AskToComeForward(HWND panel, UINT limit) {
 // The panel is not there yet when both were started at once, and not any more when the other one ends. It
 // does not say that it comes while a text is spoken that the program waits for.
 bool BecomeTheOne() {
-  const ULONGLONG end = GetTickCount64() + kLimit;
+  const ULONGLONG end = GetTickCount64() + kSecondStartLimit;
   while (!TakeName()) {
     const ULONGLONG now = GetTickCount64();
     if (now >= end) return false;
     const HWND panel = FindPanel();
     if (panel != nullptr && AskToComeForward(panel, static_cast<UINT>(end - now))) return false;
-    Sleep(kLook);
+    Sleep(kPollInterval);
   }
   return true;
 }

@@ -1,5 +1,7 @@
 #include "win32/panel.h"
 
+#include <dbt.h>
+
 #include <climits>
 #include <utility>
 
@@ -14,6 +16,9 @@ namespace pointalk::win32 {
 namespace {
 
 constexpr UINT_PTR kPollTimer = 1;
+constexpr UINT_PTR kDevicesTimer = 2;
+constexpr UINT kDevicesSettle = 1000;  // milliseconds after the last change, of which there are many at once
+constexpr UINT kDevicesAgain = 100;    // milliseconds: the tones are silent for moments only
 constexpr DWORD kStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
 constexpr UINT kUsualDpi = 96;
 
@@ -88,6 +93,11 @@ HWND OpenBox() {
   return open;
 }
 
+bool TellsOfDevices(UINT message, WPARAM wParam) {
+  return (message == WM_POWERBROADCAST && wParam == PBT_APMRESUMEAUTOMATIC) ||
+         (message == WM_DEVICECHANGE && wParam == DBT_DEVNODES_CHANGED);
+}
+
 bool MayTakeLong(UINT message) {
   return message == WM_COMMAND || message == WM_LBUTTONUP || message == WM_CLOSE ||
          message == WM_SYSCOMMAND || message == ComeForwardMessage();
@@ -146,8 +156,15 @@ LRESULT WinPanel::HandleLater(UINT message, WPARAM wParam, LPARAM lParam) {
 
 std::optional<LRESULT> WinPanel::HandleEvent(UINT message, WPARAM wParam) {
   if (events_ == nullptr) return std::nullopt;
+  if (TellsOfDevices(message, wParam)) SetTimer(window_, kDevicesTimer, kDevicesSettle, nullptr);
   switch (message) {
-    case WM_TIMER: TellTick(); return 0;
+    case WM_TIMER:
+      if (wParam == kDevicesTimer) {
+        TellDevices();
+      } else {
+        TellTick();
+      }
+      return 0;
     case kMouseReport: events_->OnMouse(static_cast<std::int32_t>(wParam)); return 0;
     case WM_COMMAND: TellCommand(LOWORD(wParam)); return 0;
     case WM_LBUTTONUP: events_->OnClick(); return 0;
@@ -228,7 +245,7 @@ void WinPanel::LetMessagesRun() {
   while (TakeMessage(message)) {
     if (message.message == WM_QUIT) return PostQuitMessage(static_cast<int>(message.wParam));  // for Run
     HandOn(message);
-    if (message.message == WM_TIMER) return;
+    if (message.message == WM_TIMER && message.wParam == kPollTimer) return;
   }
 }
 
@@ -262,6 +279,14 @@ void WinPanel::TellTick() {
   if (timerEnabled_) return events_->OnTick();
   KillTimer(window_, kPollTimer);
   timerArmed_ = false;
+}
+
+void WinPanel::TellDevices() {
+  if (events_->OnDevices()) {
+    KillTimer(window_, kDevicesTimer);
+  } else {
+    SetTimer(window_, kDevicesTimer, kDevicesAgain, nullptr);
+  }
 }
 
 bool WinPanel::MenuChecked(TextView name) {

@@ -49,6 +49,7 @@ class WinPanel final : public Panel {
   void ComeForward();
   void KeepFocus();
   void TellTick();
+  void TellDevices();
   void TellCommand(UINT command);
   void Fit(POINT place);
 

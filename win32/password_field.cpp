@@ -5,10 +5,10 @@
 #include <iterator>
 #include <string_view>
 
+#include "win32/window_handles.h"
+
 namespace pointalk::win32 {
 namespace {
-
-constexpr int kLongestClassName = 256;  // characters, which the system allows no more of
 
 // Classes of the system whose windows are asked for their texts often, and are no text fields.
 constexpr std::wstring_view kNoFields[] = {

@@ -36,8 +36,8 @@ HANDLE WinRemoteMemory::Open(ProcessId process) {
   return handle_.get();
 }
 
-// Looked into only when something failed: a process that lives is not asked about it every time.
-bool WinRemoteMemory::Noted(bool success) {
+// Only a failure costs a look at the process.
+bool WinRemoteMemory::Checked(bool success) {
   if (!success && WaitForSingleObject(handle_.get(), 0) == WAIT_OBJECT_0) handle_.reset();
   return success;
 }
@@ -48,9 +48,9 @@ RemoteAddress WinRemoteMemory::Allocate(ProcessId process, std::size_t bytes) {
   const HANDLE handle = Open(process);
   if (handle == nullptr || bytes == 0 || lent_.IsFull(process)) return 0;
   void* const block = VirtualAllocEx(handle, nullptr, bytes, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE);
-  if (!Noted(block != nullptr)) return 0;
+  if (!Checked(block != nullptr)) return 0;
   const auto address = reinterpret_cast<std::uintptr_t>(block);
-  out_[address] = patience_.ProbesSent();
+  out_[address] = unresponsiveThreads_.ProbesSent();
   return address;
 }
 
@@ -58,23 +58,23 @@ bool WinRemoteMemory::Write(ProcessId process, RemoteAddress to, std::span<const
   const HANDLE handle = Open(process);
   if (handle == nullptr || to == 0) return false;
   SIZE_T count = 0;
-  return Noted(WriteProcessMemory(handle, ToPointer(to), from.data(), from.size(), &count) &&
-               count == from.size());
+  return Checked(WriteProcessMemory(handle, ToPointer(to), from.data(), from.size(), &count) &&
+                 count == from.size());
 }
 
 bool WinRemoteMemory::Read(ProcessId process, RemoteAddress from, std::span<std::byte> to) {
   const HANDLE handle = Open(process);
   if (handle == nullptr || from == 0) return false;
   SIZE_T count = 0;
-  return Noted(ReadProcessMemory(handle, ToPointer(from), to.data(), to.size(), &count) &&
-               count == to.size());
+  return Checked(ReadProcessMemory(handle, ToPointer(from), to.data(), to.size(), &count) &&
+                 count == to.size());
 }
 
 void WinRemoteMemory::Free(ProcessId process, RemoteAddress block) {
   const HANDLE handle = Open(process);
   if (handle == nullptr || block == 0) return;
   out_.erase(block);
-  Noted(VirtualFreeEx(handle, ToPointer(block), 0, MEM_RELEASE));
+  Checked(VirtualFreeEx(handle, ToPointer(block), 0, MEM_RELEASE));
 }
 
 // A block that was had when the window's thread was known not to answer was in no message to it: a tick over
@@ -82,7 +82,7 @@ void WinRemoteMemory::Free(ProcessId process, RemoteAddress block) {
 void WinRemoteMemory::FreeOnceAnswered(ProcessId process, RemoteAddress block, WindowHandle window) {
   const HANDLE handle = Open(process);
   if (handle == nullptr || block == 0) return;
-  const std::shared_ptr<Probe> probe = patience_.ProbeOf(ToWindow(window));
+  const std::shared_ptr<Probe> probe = unresponsiveThreads_.ProbeOf(ToWindow(window));
   const auto found = out_.find(block);
   const unsigned before = found == out_.end() ? 0 : found->second;
   if (!probe || probe->Number() <= before) return Free(process, block);

@@ -6,14 +6,15 @@
 
 #include "platform/remote_memory.h"
 #include "win32/lent_blocks.h"
-#include "win32/patience.h"
+#include "win32/unresponsive_threads.h"
 
 namespace pointalk::win32 {
 
 class WinRemoteMemory final : public RemoteMemory {
  public:
   // The form's window gives the timer with which lent blocks are looked after.
-  WinRemoteMemory(Patience& patience, HWND form) : patience_(patience), lent_(patience, form) {}
+  WinRemoteMemory(UnresponsiveThreads& unresponsiveThreads, HWND form)
+      : unresponsiveThreads_(unresponsiveThreads), lent_(unresponsiveThreads, form) {}
 
   int PointerBytes(ProcessId process) override;
   RemoteAddress Allocate(ProcessId process, std::size_t bytes) override;
@@ -26,8 +27,8 @@ class WinRemoteMemory final : public RemoteMemory {
   // The open process; null for one that is gone or will not be opened.
   HANDLE Open(ProcessId process);
 
-  // Whether a call succeeded; after one that did not, a process that has ended is let go.
-  bool Noted(bool success);
+  // Gives back whether a call succeeded; after a failure the handle of a process that has ended is closed.
+  bool Checked(bool success);
 
   // A reading takes several of these calls, so the process asked last stays open until another one is asked.
   std::shared_ptr<void> handle_;
@@ -38,7 +39,7 @@ class WinRemoteMemory final : public RemoteMemory {
   // each was had.
   std::map<RemoteAddress, unsigned> out_;
 
-  Patience& patience_;
+  UnresponsiveThreads& unresponsiveThreads_;
   LentBlocks lent_;
 };
 

@@ -15,12 +15,13 @@ namespace {
 
 class FormEvents final : public PanelEvents {
  public:
-  FormEvents(Mouse& form, WinSystem& system) : form_(form), system_(system) {}
+  FormEvents(Mouse& form, WinSystem& system, WinMidiOut& midi) : form_(form), system_(system), midi_(midi) {}
 
   void OnTick() override { form_.Timer1_Timer(); }
   void OnMouse(std::int32_t message) override { form_.WinHook1_Message(message); }
   void OnClick() override { form_.Form_Click(); }
   void OnCommand(Handler handler) override { (form_.*handler)(); }
+  bool OnDevices() override { return midi_.FollowDevices(); }
   void OnUnload() override {
     form_.Form_Terminate();
     system_.EndProgram();
@@ -33,6 +34,7 @@ class FormEvents final : public PanelEvents {
  private:
   Mouse& form_;
   WinSystem& system_;
+  WinMidiOut& midi_;
 };
 
 void RunPointalk() {
@@ -43,7 +45,7 @@ void RunPointalk() {
   const ComThread com(COINIT_APARTMENTTHREADED);
   ShowToSecondStarts(platform.panel.Window());
   Mouse form(platform.Seam());
-  FormEvents events(form, platform.system);
+  FormEvents events(form, platform.system, platform.midi);
   platform.panel.Serve(&events);
   platform.clock.BeginSecond();
   form.Form_Load();

@@ -12,11 +12,11 @@
 #include "win32/menus.h"
 #include "win32/midi_out.h"
 #include "win32/panel.h"
-#include "win32/patience.h"
 #include "win32/registry_api.h"
 #include "win32/remote_memory.h"
 #include "win32/speech_engines.h"
 #include "win32/system.h"
+#include "win32/unresponsive_threads.h"
 #include "win32/voice_thread.h"
 #include "win32/window_tree.h"
 
@@ -31,16 +31,16 @@ struct WinPlatform {
             sapi5, sapi4,   dialogs,  panel,  files, registry, clock,         system};
   }
 
-  Patience patience;
+  UnresponsiveThreads unresponsiveThreads;
   VoiceThread voice;
   WinPanel panel{voice};
   WinInput input{panel.Window()};
   WinWindowTree windows;
-  WinControlMessages messages{patience};
-  WinRemoteMemory memory{patience, panel.Window()};
+  WinControlMessages messages{unresponsiveThreads};
+  WinRemoteMemory memory{unresponsiveThreads, panel.Window()};
   WinAnsi ansi;
   WinMenus menus;
-  WinAccessibility accessibility{patience};
+  WinAccessibility accessibility{unresponsiveThreads};
   WinMidiOut midi;
   WinSapi5Voice sapi5{voice};
   WinSapi4Control sapi4{voice};

@@ -11,7 +11,6 @@
 namespace pointalk::win32 {
 namespace {
 
-constexpr int kLongestClassName = 256;        // characters, which the system allows no more of
 constexpr int kLongestCaption = 1024 * 1024;  // characters
 
 }  // namespace

@@ -37,59 +37,59 @@ class RecordedRegistry final : public RegistryApi {
   std::string calls;                            // parted by "; "
 
   RegistryOpening CreateKey(RegistryKey root, TextView subKey) override {
-    Note("create", root, Shown(subKey));
+    Record("create", root, Shown(subKey));
     return Opened(root, codes.create);
   }
   RegistryOpening OpenKey(RegistryKey root, TextView subKey) override {
-    Note("open", root, Shown(subKey));
+    Record("open", root, Shown(subKey));
     return Opened(root, lastKey_ == 0 ? codes.open : codes.subOpen);
   }
   std::int32_t CloseKey(RegistryKey key) override {
-    Note("close", key);
+    Record("close", key);
     return Answer(key, codes.close);
   }
   std::int32_t SetValue(RegistryKey key, TextView name, std::uint32_t type,
                         const std::vector<std::byte>& data) override {
-    Note("set", key, Shown(name) + " " + std::to_string(type) + " " + Shown(data));
+    Record("set", key, Shown(name) + " " + std::to_string(type) + " " + Shown(data));
     return Answer(key, codes.set);
   }
   RegistryValueSize QueryValueSize(RegistryKey key, TextView name) override {
-    Note("size", key, Shown(name));
+    Record("size", key, Shown(name));
     const std::int32_t code = Answer(key, codes.size);
     if (code != 0) return {code, 0, 0};
     return {0, values[0].type, static_cast<std::uint32_t>(values[0].data.size())};
   }
   RegistryValueData QueryValue(RegistryKey key, TextView name, std::uint32_t bytes) override {
-    Note("data", key, Shown(name) + " " + std::to_string(bytes));
+    Record("data", key, Shown(name) + " " + std::to_string(bytes));
     const std::int32_t code = Answer(key, codes.data);
     if (code != 0) return {code, 0, {}};
     return {0, values[0].type, values[0].data};
   }
   std::int32_t DeleteValue(RegistryKey key, TextView name) override {
-    Note("delete value", key, Shown(name));
+    Record("delete value", key, Shown(name));
     return Answer(key, codes.deleteValue);
   }
   RegistryKeyInfo QueryKey(RegistryKey key) override {
-    Note("info", key);
+    Record("info", key);
     const std::int32_t code = Answer(key, codes.info);
     if (code != 0) return {code, 0, 0, 0, 0};
     const std::size_t subKeyCount = key == kFirstKey ? subKeys.size() : 0;
     return {0, static_cast<std::uint32_t>(subKeyCount), 20, static_cast<std::uint32_t>(values.size()), 30};
   }
   RegistryName SubKeyName(RegistryKey key, std::uint32_t index, std::uint32_t capacity) override {
-    Note("name", key, std::to_string(index) + " " + std::to_string(capacity));
+    Record("name", key, std::to_string(index) + " " + std::to_string(capacity));
     const std::int32_t code = Answer(key, index == 0 ? codes.name : 0);
     if (code != 0) return {code, {}};
     return {0, Text(subKeys[index].begin(), subKeys[index].end())};
   }
   RegistryEnumeratedValue ValueAt(RegistryKey key, std::uint32_t index, std::uint32_t capacity) override {
-    Note("value", key, std::to_string(index) + " " + std::to_string(capacity));
+    Record("value", key, std::to_string(index) + " " + std::to_string(capacity));
     const std::int32_t code = Answer(key, index == 0 ? codes.name : 0);
     if (code != 0) return {code, {}, 0, {}};
     return values[index];
   }
   std::int32_t DeleteKey(RegistryKey key, TextView subKey) override {
-    Note("delete key", key, Shown(subKey));
+    Record("delete key", key, Shown(subKey));
     return Answer(key, key == kFirstKey ? codes.deleteKey : codes.subDelete);
   }
 
@@ -116,7 +116,7 @@ class RecordedRegistry final : public RegistryApi {
   }
 
   // Root keys are shown by the last digit of their numbers.
-  void Note(const char* what, RegistryKey key, const std::string& more = {}) {
+  void Record(const char* what, RegistryKey key, const std::string& more = {}) {
     if (!calls.empty()) calls += "; ";
     calls += what;
     calls += key >= 0x80000000 ? " root " + std::to_string(key - 0x80000000) : " " + std::to_string(key);

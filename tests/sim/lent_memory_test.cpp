@@ -59,15 +59,15 @@ class WatchedMemory final : public testing::ForwardingRemoteMemory {
     return block;
   }
   bool Write(ProcessId process, RemoteAddress to, std::span<const std::byte> from) override {
-    Look("written", to);
+    Record("written", to);
     return ForwardingRemoteMemory::Write(process, to, from);
   }
   bool Read(ProcessId process, RemoteAddress from, std::span<std::byte> to) override {
-    Look("read", from);
+    Record("read", from);
     return ForwardingRemoteMemory::Read(process, from, to);
   }
   void Free(ProcessId process, RemoteAddress block) override {
-    Look("freed", block);
+    Record("freed", block);
     blocks_.had.erase(block);
     ForwardingRemoteMemory::Free(process, block);
   }
@@ -76,8 +76,8 @@ class WatchedMemory final : public testing::ForwardingRemoteMemory {
   }
 
  private:
-  void Look(const char* deed, RemoteAddress block) {
-    if (blocks_.lent.contains(block)) blocks_.wrongs.emplace_back(deed);
+  void Record(const char* action, RemoteAddress block) {
+    if (blocks_.lent.contains(block)) blocks_.wrongs.emplace_back(action);
   }
 
   Blocks& blocks_;

@@ -9,8 +9,8 @@
 #include <mmsystem.h>
 
 #include <atomic>
+#include <map>
 #include <mutex>
-#include <set>
 
 #include "wine/heard/heard.h"
 #include "wine/synth/player.h"
@@ -27,8 +27,8 @@ struct Ports {
   }
 
   std::mutex mutex;
-  std::set<std::uintptr_t> open;
-  std::uintptr_t lastHandle = 0;
+  std::map<std::uintptr_t, unsigned> open;  // by handle, how many messages it was sent
+  std::uintptr_t lastHandle = 0;            // they count from 1
   std::size_t openCalls = 0;
   DWORD volume = 0xFFFFFFFF;
 };
@@ -51,6 +51,16 @@ bool IsOpen(HMIDIOUT port) {
 }
 
 MMRESULT OpenOr(HMIDIOUT port) { return IsOpen(port) ? MMSYSERR_NOERROR : MMSYSERR_INVALHANDLE; }
+
+MMRESULT ResultOfMessage(HMIDIOUT port) {
+  Ports& ports = Ports::Only();
+  const std::lock_guard lock(ports.mutex);
+  const auto open = ports.open.find(reinterpret_cast<std::uintptr_t>(port));
+  if (open == ports.open.end()) return MMSYSERR_INVALHANDLE;
+  const SynthSettings& settings = Settings();
+  const bool lost = open->first <= settings.losingPorts && open->second++ >= settings.taken;
+  return lost ? settings.refusal : MMSYSERR_NOERROR;
+}
 
 // A name below 0x10000, and any name with one of these flags, is a number and no text.
 bool IsText(const void* name, DWORD flags) {
@@ -107,7 +117,7 @@ MMRESULT WINAPI midiOutOpen(HMIDIOUT* port, UINT device, DWORD_PTR callback, DWO
   MMRESULT result = ResultOfOpen(ports.openCalls++, device);
   if (!port && result == MMSYSERR_NOERROR) result = MMSYSERR_INVALPARAM;
   if (result == MMSYSERR_NOERROR) {
-    ports.open.insert(++ports.lastHandle);
+    ports.open.emplace(++ports.lastHandle, 0);
     *port = reinterpret_cast<HMIDIOUT>(ports.lastHandle);
   }
   lock.unlock();
@@ -119,7 +129,7 @@ MMRESULT WINAPI midiOutOpen(HMIDIOUT* port, UINT device, DWORD_PTR callback, DWO
 
 MMRESULT WINAPI midiOutShortMsg(HMIDIOUT port, DWORD message) {
   HeardLine line("midi");
-  const MMRESULT result = OpenOr(port);
+  const MMRESULT result = ResultOfMessage(port);
   line.Hex("value", message).Number("result", result).Write();
   if (Settings().delayMilliseconds > 0) Sleep(Settings().delayMilliseconds);
   if (result == MMSYSERR_NOERROR) Player::Only().Play(message);

@@ -97,8 +97,8 @@ void MeasureFiles() {
 
 void MeasureObjects(Point place) {
   constexpr int kTurns = 200;
-  pointalk::win32::Patience patience;
-  pointalk::win32::WinAccessibility accessibility(patience);
+  pointalk::win32::UnresponsiveThreads unresponsiveThreads;
+  pointalk::win32::WinAccessibility accessibility(unresponsiveThreads);
   std::vector<std::int64_t> direct, limited;
   for (int turn = 0; turn < kTurns; ++turn) {
     direct.push_back(Time([&] { std::ignore = pointalk::win32::AskObjectAt(place); }));

@@ -57,6 +57,24 @@ TEST_F(LastWordsTest, EventsOfTheFormComeTooLate) {
   EXPECT_EQ(world_.ticks, 0);
 }
 
+LRESULT CALLBACK PostAgain(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_APP) PostMessageW(window, WM_APP, 0, 0);
+  return DefWindowProcW(window, message, wParam, lParam);
+}
+
+TEST_F(LastWordsTest, MessagesWithoutEndDoNotKeepTheProgram) {
+  const HWND busy =
+      CreateWindowExW(0, L"Static", L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
+  ASSERT_NE(busy, nullptr);
+  SetWindowLongPtrW(busy, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&PostAgain));
+  PostMessageW(busy, WM_APP, 0, 0);
+  int asked = 0;
+  win32::HearOut(
+      panel_, [&] { return ++asked < 4; }, kPatience);
+  EXPECT_EQ(asked, 4);
+  DestroyWindow(busy);
+}
+
 // A control may learn by messages to a window of its own that it is done.
 TEST_F(LastWordsTest, MessagesToOtherWindowsAreHandled) {
   const HWND other =

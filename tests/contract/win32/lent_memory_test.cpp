@@ -101,33 +101,37 @@ TEST_F(LentMemoryTest, AProgramIsGivenNoMoreBlocksThanMayWait) {
 
 class PatienceTest : public LentMemoryTest {
  protected:
-  win32::Patience patience_;
+  win32::UnresponsiveThreads unresponsiveThreads_;
   HWND slow_ = win32::ToWindow(window_);
 };
 
 TEST_F(PatienceTest, ForgetsAThreadThatIsGone) {
   world_.Tell("hang slow");
-  patience_.RanOver(slow_);
-  EXPECT_FALSE(patience_.MayAsk(slow_));
+  unresponsiveThreads_.TimedOut(slow_);
+  EXPECT_FALSE(unresponsiveThreads_.MayAsk(slow_));
   world_.Tell("quit");
-  const auto forgotten = [&] { return patience_.MayAsk(GetDesktopWindow()) && patience_.AllAnswer(); };
+  const auto forgotten = [&] {
+    return unresponsiveThreads_.MayAsk(GetDesktopWindow()) && unresponsiveThreads_.AllAnswer();
+  };
   EXPECT_TRUE(world_.RunUntil(forgotten, kPatience));
 }
 
 TEST_F(PatienceTest, ForgetsAThreadThatAnsweredAlthoughThePointerNeverComesBack) {
   world_.Tell("hang slow");
-  patience_.RanOver(slow_);
+  unresponsiveThreads_.TimedOut(slow_);
   world_.Tell("wake slow");
-  const auto forgotten = [&] { return patience_.MayAsk(GetDesktopWindow()) && patience_.AllAnswer(); };
+  const auto forgotten = [&] {
+    return unresponsiveThreads_.MayAsk(GetDesktopWindow()) && unresponsiveThreads_.AllAnswer();
+  };
   EXPECT_TRUE(world_.RunUntil(forgotten, kPatience));
 }
 
 TEST_F(PatienceTest, AsksAnotherWindowOfTheThreadWhenTheOneThatWasAskedHasGone) {
   world_.Tell("create sister class=ContractSister title=Sister rect=400,400,600,600");
-  EXPECT_TRUE(patience_.MayAsk(slow_));
+  EXPECT_TRUE(unresponsiveThreads_.MayAsk(slow_));
   world_.Tell("destroy slow");
-  patience_.RanOver(slow_);
-  const std::shared_ptr<win32::Probe> probe = patience_.ProbeOf(slow_);
+  unresponsiveThreads_.TimedOut(slow_);
+  const std::shared_ptr<win32::Probe> probe = unresponsiveThreads_.ProbeOf(slow_);
   ASSERT_TRUE(probe);
   EXPECT_TRUE(world_.RunUntil([&] { return probe->IsOver(); }, kPatience));
 }
@@ -162,11 +166,11 @@ TEST_F(PatienceTest, KnowsNoMoreThan64Threads) {
   std::vector<std::unique_ptr<DeafThread>> threads(65);
   for (auto& thread : threads) {
     thread = std::make_unique<DeafThread>();
-    patience_.RanOver(thread->window());
+    unresponsiveThreads_.TimedOut(thread->window());
   }
-  EXPECT_TRUE(patience_.MayAsk(threads.front()->window()));
-  EXPECT_FALSE(patience_.MayAsk(threads[1]->window()));
-  EXPECT_FALSE(patience_.MayAsk(threads.back()->window()));
+  EXPECT_TRUE(unresponsiveThreads_.MayAsk(threads.front()->window()));
+  EXPECT_FALSE(unresponsiveThreads_.MayAsk(threads[1]->window()));
+  EXPECT_FALSE(unresponsiveThreads_.MayAsk(threads.back()->window()));
 }
 
 }  // namespace

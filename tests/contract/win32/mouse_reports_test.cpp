@@ -1,8 +1,12 @@
 // Mouse reports as the hook makes them.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <windows.h>
+
+#include <tlhelp32.h>
 
 #include "tests/contract/win32/win_world.h"
+#include "win32/handles.h"
 
 namespace pointalk::contract {
 namespace {
@@ -56,6 +60,33 @@ TEST_F(MouseReportsTest, SwitchingThemOnTwiceReportsOnce) {
   world_.MovePointer({300, 300});
   Click();
   EXPECT_THAT(world_.MouseReports(4), ElementsAre(513, 514, 513, 514));
+}
+
+// As any program with the user's rights may do it.
+void EndMessageLoopsOfOtherThreads() {
+  const win32::OwnedHandle threads(CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0));
+  THREADENTRY32 thread{};
+  thread.dwSize = sizeof thread;
+  for (BOOL found = Thread32First(threads.get(), &thread); found;
+       found = Thread32Next(threads.get(), &thread)) {
+    const bool ours = thread.th32OwnerProcessID == GetCurrentProcessId();
+    if (ours && thread.th32ThreadID != GetCurrentThreadId())
+      PostThreadMessageW(thread.th32ThreadID, WM_QUIT, 0, 0);
+  }
+}
+
+TEST_F(MouseReportsTest, TheyGoOnWhenAnotherProgramEndsTheMessageLoopOfTheirThread) {
+  EndMessageLoopsOfOtherThreads();
+  world_.RunUntil([] { return false; }, kAWhile);
+  Click();
+  EXPECT_THAT(world_.MouseReports(2), ElementsAre(513, 514));
+}
+
+TEST_F(MouseReportsTest, TheyCanBeSwitchedOffAndOnAgain) {
+  EXPECT_TRUE(world_.platform.input.ReportMouse(false));
+  EXPECT_TRUE(world_.platform.input.ReportMouse(true));
+  Click();
+  EXPECT_THAT(world_.MouseReports(2), ElementsAre(513, 514));
 }
 
 // A release over a window of more rights than ours is told to nobody who listens. Here a hook that comes

@@ -65,9 +65,13 @@ class WinWorld final : public World, private win32::PanelEvents {
   int sessionEnds = 0;
   std::vector<Handler> commands;
   std::vector<int> mouseReports;
+  int devices = 0;
 
   // What else a tick does, where a test wants it.
   std::function<void()> duringTick;
+
+  // What the form answers when it is told of devices.
+  bool followsDevices = true;
 
  private:
   void OnTick() override {
@@ -77,6 +81,10 @@ class WinWorld final : public World, private win32::PanelEvents {
   void OnMouse(std::int32_t message) override { mouseReports.push_back(message); }
   void OnClick() override { ++clicks; }
   void OnCommand(Handler handler) override { commands.push_back(handler); }
+  bool OnDevices() override {
+    ++devices;
+    return followsDevices;
+  }
   void OnUnload() override { ++unloads; }
   void OnSessionEnd() override { ++sessionEnds; }
 

@@ -1,5 +1,5 @@
-// Which threads of other programs are worth asking. A thread that ran over a limit is left alone until it
-// answers again, so that a hung window costs one limit and not one a tick.
+// The threads of other programs that are unresponsive. One that timed out is not asked again until it
+// answers, so that a hung window costs one limit and not one a tick.
 #pragma once
 
 #include <windows.h>
@@ -14,10 +14,11 @@ namespace pointalk::win32 {
 // The thread of the window that the pointer is over now; 0 over none.
 DWORD ThreadUnderPointer();
 
-// A question that nobody waits for, under way to a thread that ran over a limit.
+// A message that is sent, without waiting, to a thread that timed out: once it is answered the thread
+// responds again.
 class Probe {
  public:
-  // The number counts the probes of one Patience.
+  // The number counts the probes of its UnresponsiveThreads.
   Probe(DWORD thread, unsigned number);
 
   // The thread has looked at its messages since, or has ended.
@@ -26,7 +27,7 @@ class Probe {
   unsigned Number() const { return number_; }
 
  private:
-  friend class Patience;
+  friend class UnresponsiveThreads;
 
   // Sends the question, which the window's thread answers when it next looks at its messages; the answer
   // comes in with ours. False when the window takes none.
@@ -34,38 +35,38 @@ class Probe {
   static void CALLBACK OnAnswer(HWND window, UINT message, ULONG_PTR probe, LRESULT result);
 
   // The window that was asked is there still and can answer.
-  bool IsUnderWay() const;
+  bool IsPending() const;
 
   DWORD thread_;
-  OwnedHandle
-      handle_;  // of the thread, whose number is not given to another one meanwhile; null when refused
+  // Of the thread, so that its number is given to no other one meanwhile; null when refused.
+  OwnedHandle handle_;
   HWND window_ = nullptr;
   unsigned number_;
   bool over_ = false;
 };
 
-class Patience {
+class UnresponsiveThreads {
  public:
-  // No thread is known not to answer.
+  // No thread is known to be unresponsive.
   bool AllAnswer() const { return probes_.empty(); }
 
-  // False while the window's thread is known not to answer. Waits for nobody.
+  // False while the window's thread is known to be unresponsive. Never waits.
   bool MayAsk(HWND window);
 
-  // The window's thread ran over a limit, or is not worth its answers. The window may have gone meanwhile if
-  // it is the one that MayAsk was asked for last.
-  void RanOver(HWND window);
+  // The window's thread timed out, or takes too long for what it answers. The window may have gone meanwhile
+  // if it is the one that MayAsk was asked for last.
+  void TimedOut(HWND window);
 
-  // What is under way to the window's thread; null while that is not known not to answer. Says the same of a
-  // window that has gone as RanOver does.
+  // The probe of the window's thread; null while that is not known to be unresponsive. The window may have
+  // gone as TimedOut says.
   std::shared_ptr<Probe> ProbeOf(HWND window) const;
 
   // How many probes there have been. What was not there yet when a probe was sent is in no message before it.
   unsigned ProbesSent() const { return probesSent_; }
 
-  // Lets go of the threads that have answered, have ended or have no window any more, and sends what is under
-  // way to a window that has gone to another one of its thread.
-  void LookAfterAll();
+  // Forgets the threads that have answered, have ended or have no window any more. Where a probe's window has
+  // gone, the probe is sent to another window of its thread.
+  void Refresh();
 
  private:
   DWORD ThreadOf(HWND window) const;

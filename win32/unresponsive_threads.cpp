@@ -1,4 +1,4 @@
-#include "win32/patience.h"
+#include "win32/unresponsive_threads.h"
 
 #include <algorithm>
 #include <tuple>
@@ -7,7 +7,7 @@
 namespace pointalk::win32 {
 namespace {
 
-constexpr ULONGLONG kLookInterval = 1000;  // milliseconds
+constexpr ULONGLONG kRefreshInterval = 1000;  // milliseconds
 constexpr std::size_t kMostThreads = 64;
 
 BOOL CALLBACK TakeFirst(HWND window, LPARAM first) {
@@ -41,7 +41,7 @@ bool Probe::IsOver() {
   return over_;
 }
 
-bool Probe::IsUnderWay() const {
+bool Probe::IsPending() const {
   return window_ != nullptr && GetWindowThreadProcessId(window_, nullptr) == thread_;
 }
 
@@ -60,27 +60,27 @@ void CALLBACK Probe::OnAnswer(HWND, UINT, ULONG_PTR probe, LRESULT) {
 }
 
 // The window's own thread, also where the window went while it was asked.
-DWORD Patience::ThreadOf(HWND window) const {
+DWORD UnresponsiveThreads::ThreadOf(HWND window) const {
   const DWORD thread = GetWindowThreadProcessId(window, nullptr);
   return thread == 0 && window == asked_ ? askedThread_ : thread;
 }
 
-bool Patience::MayAsk(HWND window) {
+bool UnresponsiveThreads::MayAsk(HWND window) {
   if (window != asked_) {
     asked_ = window;
     askedThread_ = GetWindowThreadProcessId(window, nullptr);
   }
   if (AllAnswer()) return true;
-  if (GetTickCount64() >= lastLook_ + kLookInterval) LookAfterAll();
+  if (GetTickCount64() >= lastLook_ + kRefreshInterval) Refresh();
   const auto found = probes_.find(GetWindowThreadProcessId(window, nullptr));
   if (found == probes_.end()) return true;
   const std::shared_ptr<Probe>& probe = found->second;
-  if (!probe->IsOver() && (probe->IsUnderWay() || Probe::Send(probe, window))) return false;
+  if (!probe->IsOver() && (probe->IsPending() || Probe::Send(probe, window))) return false;
   probes_.erase(found);
   return true;
 }
 
-void Patience::RanOver(HWND window) {
+void UnresponsiveThreads::TimedOut(HWND window) {
   const DWORD thread = ThreadOf(window);
   if (thread == 0) return;
   auto probe = std::make_shared<Probe>(thread, ++probesSent_);
@@ -92,16 +92,16 @@ void Patience::RanOver(HWND window) {
   }));
 }
 
-std::shared_ptr<Probe> Patience::ProbeOf(HWND window) const {
+std::shared_ptr<Probe> UnresponsiveThreads::ProbeOf(HWND window) const {
   const auto found = probes_.find(ThreadOf(window));
   return found == probes_.end() ? nullptr : found->second;
 }
 
-void Patience::LookAfterAll() {
+void UnresponsiveThreads::Refresh() {
   lastLook_ = GetTickCount64();
   std::erase_if(probes_, [](const auto& entry) {
     const std::shared_ptr<Probe>& probe = entry.second;
-    return probe->IsOver() || (!probe->IsUnderWay() && !Probe::Send(probe, AnyWindowOf(entry.first)));
+    return probe->IsOver() || (!probe->IsPending() && !Probe::Send(probe, AnyWindowOf(entry.first)));
   });
 }
 
