@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "win32/ansi.h"
+#include "win32/sent_messages.h"
 #include "win32/wide_text.h"
 #include "win32/window_handles.h"
 
@@ -23,24 +24,11 @@ constexpr DWORD kWaitAfterLeaving = 90;      // milliseconds that are waited alt
 constexpr std::size_t kMostAbandoned = 4;
 constexpr UINT kLongestRole = 1024;  // characters
 
-// Waits for an event and handles sent messages meanwhile; false on timeout.
-bool PumpUntil(HANDLE event, DWORD limit) {
-  const ULONGLONG end = GetTickCount64() + limit;
-  for (;;) {
-    const ULONGLONG now = GetTickCount64();
-    const DWORD left = now < end ? static_cast<DWORD>(end - now) : 0;
-    const DWORD outcome = MsgWaitForMultipleObjects(1, &event, FALSE, left, QS_SENDMESSAGE);
-    if (outcome != WAIT_OBJECT_0 + 1) return outcome == WAIT_OBJECT_0;
-    MSG unused;
-    PeekMessageW(&unused, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
-  }
-}
-
-// The same, ended early when the pointer has left the thread's windows, since what is under it now waits to
-// be named. Not at once: on a busy machine healthy objects are slow as well.
+// Waits for an event, but ends early when the pointer has left the thread's windows, since what is under it
+// now waits to be named. Not at once: on a busy machine healthy objects are slow as well.
 bool PumpWhilePointedAt(DWORD thread, HANDLE event) {
   for (DWORD waited = kPointerCheckInterval; waited <= kPumpingWait; waited += kPointerCheckInterval) {
-    if (PumpUntil(event, kPointerCheckInterval)) return true;
+    if (AwaitServingSent(event, kPointerCheckInterval)) return true;
     if (waited >= kWaitAfterLeaving && ThreadUnderPointer() != thread) return false;
   }
   return false;

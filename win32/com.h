@@ -19,6 +19,13 @@ struct ReleasedByItself {
 
 template <typename Interface> using ComPointer = std::unique_ptr<Interface, ReleasedByItself>;
 
+// The object by another interface; null where it has none of that kind.
+template <typename Interface> ComPointer<Interface> InterfaceOf(IUnknown& object) {
+  void* found = nullptr;
+  if (FAILED(object.QueryInterface(__uuidof(Interface), &found))) return nullptr;
+  return ComPointer<Interface>(static_cast<Interface*>(found));
+}
+
 // COM on this thread for as long as it lives.
 class ComThread {
  public:

@@ -31,6 +31,11 @@ class LateBound {
   [[nodiscard]] bool Put(const wchar_t* member, const Variant& value);
   [[nodiscard]] bool PutReference(const wchar_t* member, const LateBound& value);
 
+  // The object by an interface of another kind; null where it lacks that.
+  template <typename Interface> ComPointer<Interface> As() const {
+    return object_ ? InterfaceOf<Interface>(*object_) : nullptr;
+  }
+
  private:
   struct Member {
     std::wstring name;

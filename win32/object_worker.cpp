@@ -6,23 +6,10 @@
 
 #include "win32/com.h"
 #include "win32/handles.h"
+#include "win32/locked.h"
 #include "win32/object_question.h"
 
 namespace pointalk::win32 {
-namespace {
-
-class Locked {
- public:
-  explicit Locked(SRWLOCK& lock) : lock_(lock) { AcquireSRWLockExclusive(&lock_); }
-  ~Locked() { ReleaseSRWLockExclusive(&lock_); }
-  Locked(const Locked&) = delete;
-  Locked& operator=(const Locked&) = delete;
-
- private:
-  SRWLOCK& lock_;
-};
-
-}  // namespace
 
 struct ObjectWorker::Shared {
   SRWLOCK lock = SRWLOCK_INIT;

@@ -45,7 +45,7 @@ bool AskToComeForward(HWND panel, UINT limit) {
 }  // namespace
 
 // The panel is not there yet when both were started at once, and not any more when the other one ends. It
-// does not answer while a text is spoken that the program waits for.
+// does not say that it comes while a text is spoken that the program waits for.
 bool BecomeTheOne() {
   const ULONGLONG end = GetTickCount64() + kSecondStartLimit;
   while (!TakeName()) {

@@ -3,6 +3,7 @@
 #include <dbt.h>
 
 #include <climits>
+#include <utility>
 
 #include "win32/foreground.h"
 #include "win32/late_procedure.h"
@@ -104,7 +105,7 @@ bool MayTakeLong(UINT message) {
 
 }  // namespace
 
-WinPanel::WinPanel() : keys_(MakePanelAccelerators()) {
+WinPanel::WinPanel(const VoiceThread& voice) : voice_(voice), keys_(MakePanelAccelerators()) {
   RegisterPanelClass(&OnMessage);
   menu_ = MakePanelMenu();
   window_ = CreateWindowExW(0, kPanelClass, Wide(kPanelCaption).c_str(), kStyle, CW_USEDEFAULT, CW_USEDEFAULT,
@@ -135,10 +136,7 @@ LRESULT CALLBACK WinPanel::OnMessage(HWND window, UINT message, WPARAM wParam, L
   if (panel == nullptr) return DefWindowProcW(window, message, wParam, lParam);
   // Another program that presses a button waits until the press is handled, and a command may ask the user
   // and speak for minutes, or a menu stay open: it becomes an event of its own.
-  if (MayTakeLong(message) && InSendMessage()) {
-    PostMessageW(window, message, wParam, lParam);
-    return message == ComeForwardMessage() ? AnswerToSecondStart(window) : 0;
-  }
+  if (MayTakeLong(message) && InSendMessage()) return panel->HandleLater(message, wParam, lParam);
   if (message == ComeForwardMessage()) {
     panel->ComeForward();
     return 0;
@@ -146,6 +144,14 @@ LRESULT CALLBACK WinPanel::OnMessage(HWND window, UINT message, WPARAM wParam, L
   auto result = panel->HandleEvent(message, wParam);
   if (!result) result = panel->HandleWindow(message, wParam, lParam);
   return result ? *result : DefWindowProcW(window, message, wParam, lParam);
+}
+
+// While a text is spoken that the form waits for, it is not known whether the program ends after it: a second
+// start gets no promise then, and asks again.
+LRESULT WinPanel::HandleLater(UINT message, WPARAM wParam, LPARAM lParam) {
+  const bool comesForward = message == ComeForwardMessage();
+  if (!comesForward || !std::exchange(toComeForward_, true)) PostMessageW(window_, message, wParam, lParam);
+  return comesForward && !voice_.IsWaitedFor() ? AnswerToSecondStart(window_) : 0;
 }
 
 std::optional<LRESULT> WinPanel::HandleEvent(UINT message, WPARAM wParam) {
@@ -197,6 +203,7 @@ std::optional<LRESULT> WinPanel::HandleWindow(UINT message, WPARAM wParam, LPARA
 
 // An open box is what the user has to answer first.
 void WinPanel::ComeForward() {
+  toComeForward_ = false;
   askedFor_ = !runs_;
   if (runs_) ShowWindow(window_, SW_RESTORE);
   const HWND box = OpenBox();

@@ -8,6 +8,7 @@
 #include "platform/panel.h"
 #include "win32/panel_controls.h"
 #include "win32/panel_events.h"
+#include "win32/voice_thread.h"
 
 namespace pointalk::win32 {
 
@@ -16,7 +17,7 @@ inline constexpr wchar_t kPanelClass[] = L"PointalkPanel";
 class WinPanel final : public Panel {
  public:
   // The window is made hidden, and tells nobody anything before Serve.
-  WinPanel();
+  explicit WinPanel(const VoiceThread& voice);
   ~WinPanel() override;
   WinPanel(const WinPanel&) = delete;
   WinPanel& operator=(const WinPanel&) = delete;
@@ -43,6 +44,7 @@ class WinPanel final : public Panel {
 
   std::optional<LRESULT> HandleEvent(UINT message, WPARAM wParam);
   std::optional<LRESULT> HandleWindow(UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT HandleLater(UINT message, WPARAM wParam, LPARAM lParam);
   void HandOn(MSG& message);
   void ComeForward();
   void KeepFocus();
@@ -53,6 +55,7 @@ class WinPanel final : public Panel {
 
   void ArmTimer();
 
+  const VoiceThread& voice_;
   HWND window_ = nullptr;
   HMENU menu_ = nullptr;  // the window's
   OwnedAccelerators keys_;
@@ -60,8 +63,9 @@ class WinPanel final : public Panel {
   UINT dpi_ = 0;          // that it was laid out for
   HWND focus_ = nullptr;  // the control that had the keyboard when the window last lost it
   PanelEvents* events_ = nullptr;
-  bool runs_ = false;      // start-up, which minimises the panel, is over
-  bool askedFor_ = false;  // by a second start, before that
+  bool runs_ = false;           // start-up, which minimises the panel, is over
+  bool askedFor_ = false;       // by a second start, before that
+  bool toComeForward_ = false;  // a second start's message, which it sends again and again, is posted
 
   bool timerEnabled_ = false;
   bool timerArmed_ = false;  // the system's timer runs, which may be so a moment longer than it is enabled

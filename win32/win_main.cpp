@@ -39,10 +39,10 @@ class FormEvents final : public PanelEvents {
 
 void RunPointalk() {
   LeaveSystemFolder();
-  DisableProcessWindowsGhosting();  // while a long sentence is spoken the panel is silent, not hung
+  DisableProcessWindowsGhosting();  // while a long sentence is spoken the panel waits, but does not hang
   OptOutOfThrottling();
-  const ComThread com(COINIT_APARTMENTTHREADED);
   WinPlatform platform;
+  const ComThread com(COINIT_APARTMENTTHREADED);
   ShowToSecondStarts(platform.panel.Window());
   Mouse form(platform.Seam());
   FormEvents events(form, platform.system, platform.midi);

@@ -17,11 +17,14 @@
 #include "win32/speech_engines.h"
 #include "win32/system.h"
 #include "win32/unresponsive_threads.h"
+#include "win32/voice_thread.h"
 #include "win32/window_tree.h"
 
 namespace pointalk::win32 {
 
-// Belongs to the thread that made it, which handles its messages and has COM.
+// Belongs to the thread that made it, which handles its messages. That thread has COM too, but later than the
+// voice's: an engine of no apartment's kind lives in the first one, and were that the thread that waits for
+// it, neither would go on.
 struct WinPlatform {
   Platform Seam() {
     return {input, windows, messages, memory, ansi,  menus,    accessibility, midi,
@@ -29,7 +32,8 @@ struct WinPlatform {
   }
 
   UnresponsiveThreads unresponsiveThreads;
-  WinPanel panel;
+  VoiceThread voice;
+  WinPanel panel{voice};
   WinInput input{panel.Window()};
   WinWindowTree windows;
   WinControlMessages messages{unresponsiveThreads};
@@ -38,8 +42,8 @@ struct WinPlatform {
   WinMenus menus;
   WinAccessibility accessibility{unresponsiveThreads};
   WinMidiOut midi;
-  WinSapi5Voice sapi5;
-  WinSapi4Control sapi4;
+  WinSapi5Voice sapi5{voice};
+  WinSapi4Control sapi4{voice};
   WinDialogs dialogs{panel.Window()};
   WinFiles files;
   WinRegistry registry;

@@ -4,6 +4,7 @@
 #include <chrono>
 
 #include "wine/heard/heard.h"
+#include "wine/voice/output.h"
 #include "wine/voice/recorded.h"
 #include "wine/voice/voice_tokens.h"
 #include "wine/voice/voices.h"
@@ -24,6 +25,13 @@ const std::vector<Member>& Sapi5Members() {
 constexpr LONG kAsynchronous = 1;
 constexpr LONG kPurge = 2;
 
+// Whether the environment names this text as the one that the engine never comes back from.
+bool Hangs(const std::u16string& text) {
+  wchar_t word[64];
+  const DWORD length = GetEnvironmentVariableW(L"POINTALK_SAPI5_HANGS", word, 64);
+  return length > 0 && length < 64 && text.find(std::u16string(word, word + length)) != std::u16string::npos;
+}
+
 }  // namespace
 
 Sapi5Voice::Sapi5Voice() : LateBound(Sapi5Members(), kSapi5Interface) {
@@ -31,6 +39,13 @@ Sapi5Voice::Sapi5Voice() : LateBound(Sapi5Members(), kSapi5Interface) {
 }
 
 Sapi5Voice::~Sapi5Voice() { HeardLine("released").Ascii("class", "sapi5").Write(); }
+
+// The voice by interface is an object of its own, which is all that its clients notice.
+HRESULT Sapi5Voice::QueryInterface(REFIID id, void** object) {
+  if (!object || id != __uuidof(ISpVoice)) return LateBound::QueryInterface(id, object);
+  *object = VoiceByInterface();
+  return *object ? S_OK : E_NOINTERFACE;
+}
 
 HRESULT Sapi5Voice::Call(DISPID member, Access access, const Arguments& arguments, VARIANT& result) {
   if (member == kRate) return RecordedNumber("sapi5 rate", rate_, access, arguments, result);
@@ -71,6 +86,10 @@ HRESULT Sapi5Voice::Speak(const Arguments& arguments, VARIANT& result) {
   if (FAILED(outcome)) {
     line.Number("result", outcome).Write();
     return outcome;
+  }
+  if (Hangs(text)) {
+    line.Write();
+    Sleep(INFINITE);
   }
   if (flags & kPurge) utterances_.CutAll();
   const std::int64_t number = utterances_.Say(text, SoundOf(voice_, WordsPerMinuteOfRate(rate_), volume_));
