@@ -25,7 +25,7 @@ class Accessibility {
 
   // Asks the object at the pointer's place on the screen, with a time limit of 250 ms over all; a slow one is
   // abandoned sooner when the pointer leaves its program. No value when there is no object, it failed, or it
-  // did not answer in time; a program that ran over the limit is not asked again until it shows that it
+  // told nothing in time; a program that ran over the limit is not asked again until it shows that it
   // answers.
   virtual std::optional<AccessibleFacts> ObjectAt(Point screen) = 0;
 

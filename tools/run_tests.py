@@ -97,8 +97,8 @@ def whole_program(name, *files, **more):
 
 # What runs under Wine, which comes first so that the tests there begin soon.
 PROGRAMS = [
-    preset("mingw-x86_64-release", "Pointalk", "pointalk_voice", "pointalk_winmm", "pointalk_target", "pointalk_probe",
-           "pointalk_saver", "voice_probe", "midi_probe", step="build-programs"),
+    preset("mingw-x86_64-release", "Pointalk", "pointalk_voice", "pointalk_automation", "pointalk_winmm", "pointalk_target",
+           "pointalk_probe", "pointalk_saver", "voice_probe", "midi_probe", step="build-programs"),
     Step("prefix", "sh", "-c", f"rm -rf '{PREFIX}' && wine/prefix.sh make '{PREFIX}'", seconds=600),
 ]
 # These two lists go on beside one another and beside the native steps.

@@ -45,8 +45,9 @@ std::optional<AccessibleFacts> WinAccessibility::ObjectAt(Point screen) {
   const DWORD thread = GetWindowThreadProcessId(window, nullptr);
   if (PumpWhilePointedAt(thread, worker_->AnswerEvent())) return worker_->TakeAnswer();
   unresponsiveThreads_.TimedOut(window);
+  std::optional<AccessibleFacts> soFar = worker_->TakeAnswer();
   abandoned_.push_back({std::move(worker_), window, thread});
-  return std::nullopt;
+  return soFar;
 }
 
 // A thread may answer messages and still never answer the earlier question, so it must have answered both.

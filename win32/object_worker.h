@@ -32,6 +32,7 @@ class ObjectWorker {
   HANDLE AnswerEvent();
 
   bool IsBack() { return AnswersWithin(0); }
+  // While the question is under way, what there is of its answer.
   std::optional<AccessibleFacts> TakeAnswer();
 
  private:
