@@ -72,21 +72,6 @@ std::optional<RECT> RectangleAt(LPARAM address) {
   return place;
 }
 
-bool IsBox(HWND window) { return GetClassLongW(window, GCW_ATOM) == LOWORD(WC_DIALOG); }
-
-BOOL CALLBACK TakeOpenBox(HWND window, LPARAM found) {
-  if (!IsBox(window) || !IsWindowVisible(window) || !IsWindowEnabled(window)) return TRUE;
-  *reinterpret_cast<HWND*>(found) = window;
-  return FALSE;
-}
-
-// The box that waits for the user's answer; null where none is open.
-HWND OpenBox() {
-  HWND open = nullptr;
-  EnumThreadWindows(GetCurrentThreadId(), &TakeOpenBox, reinterpret_cast<LPARAM>(&open));
-  return open;
-}
-
 bool MayTakeLong(UINT message) {
   return message == WM_COMMAND || message == WM_LBUTTONUP || message == WM_CLOSE ||
          message == WM_SYSCOMMAND || message == ComeForwardMessage();
