@@ -2,6 +2,7 @@
 
 #include <climits>
 
+#include "win32/exact_timer.h"
 #include "win32/foreground.h"
 #include "win32/late_procedure.h"
 #include "win32/mouse_reports.h"
@@ -233,7 +234,7 @@ void WinPanel::SetTimerInterval(int milliseconds) {
 }
 
 void WinPanel::ArmTimer() {
-  timerArmed_ = SetTimer(window_, kPollTimer, static_cast<UINT>(timerInterval_), nullptr) != 0;
+  timerArmed_ = SetExactTimer(window_, kPollTimer, static_cast<UINT>(timerInterval_));
 }
 
 void WinPanel::TellTick() {
