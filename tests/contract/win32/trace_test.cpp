@@ -94,7 +94,7 @@ TEST_F(TraceTest, AnEventThatDoesNothingHasNoLine) {
   const std::string content = Content(path_);
   EXPECT_THAT(content, Not(HasSubstr("empty")));
   EXPECT_THAT(content, HasSubstr("inner: within "));
-  EXPECT_THAT(content, ::testing::ContainsRegex("outer: before [0-9]+ ms, after [0-9]+ ms, done "));
+  EXPECT_THAT(content, ::testing::ContainsRegex("outer: before \\d+ ms, after \\d+ ms, done "));
 }
 
 TEST_F(TraceTest, AnEventThatDoesNotEndIsTold) {
