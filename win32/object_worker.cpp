@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "win32/com.h"
+#include "win32/counter.h"
 #include "win32/handles.h"
 #include "win32/locked.h"
 #include "win32/object_question.h"
@@ -82,12 +83,12 @@ void ObjectWorker::Ask(Point screen) {
 }
 
 bool ObjectWorker::AnswersWithin(DWORD milliseconds) {
-  const ULONGLONG end = GetTickCount64() + milliseconds;
+  const Deadline deadline(milliseconds);
   const Locked locked(shared_->lock);
   while (shared_->question) {
-    const ULONGLONG now = GetTickCount64();
-    if (now >= end) return false;
-    SleepConditionVariableSRW(&shared_->answered, &shared_->lock, static_cast<DWORD>(end - now), 0);
+    const DWORD left = deadline.Left();
+    if (left == 0) return false;
+    SleepConditionVariableSRW(&shared_->answered, &shared_->lock, left, 0);
   }
   return true;
 }

@@ -5,6 +5,7 @@
 #include <climits>
 #include <utility>
 
+#include "win32/exact_timer.h"
 #include "win32/foreground.h"
 #include "win32/late_procedure.h"
 #include "win32/mouse_reports.h"
@@ -76,21 +77,6 @@ std::optional<RECT> RectangleAt(LPARAM address) {
       count != sizeof place)
     return std::nullopt;
   return place;
-}
-
-bool IsBox(HWND window) { return GetClassLongW(window, GCW_ATOM) == LOWORD(WC_DIALOG); }
-
-BOOL CALLBACK TakeOpenBox(HWND window, LPARAM found) {
-  if (!IsBox(window) || !IsWindowVisible(window) || !IsWindowEnabled(window)) return TRUE;
-  *reinterpret_cast<HWND*>(found) = window;
-  return FALSE;
-}
-
-// The box that waits for the user's answer; null where none is open.
-HWND OpenBox() {
-  HWND open = nullptr;
-  EnumThreadWindows(GetCurrentThreadId(), &TakeOpenBox, reinterpret_cast<LPARAM>(&open));
-  return open;
 }
 
 bool TellsOfDevices(UINT message, WPARAM wParam) {
@@ -272,7 +258,7 @@ void WinPanel::SetTimerInterval(int milliseconds) {
 }
 
 void WinPanel::ArmTimer() {
-  timerArmed_ = SetTimer(window_, kPollTimer, static_cast<UINT>(timerInterval_), nullptr) != 0;
+  timerArmed_ = SetExactTimer(window_, kPollTimer, static_cast<UINT>(timerInterval_));
 }
 
 void WinPanel::TellTick() {
