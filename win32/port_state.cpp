@@ -10,7 +10,6 @@ namespace pointalk::win32 {
 namespace {
 
 constexpr std::uint32_t kNoteOff = 0x80;
-constexpr std::uint32_t kNoteOn = 0x90;
 constexpr std::chrono::seconds kBetweenReopenings{1};  // opening may take long, and the tick waits for it
 
 }  // namespace

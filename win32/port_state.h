@@ -9,6 +9,9 @@
 
 namespace pointalk::win32 {
 
+// The status of a message that begins a note, without its channel.
+inline constexpr std::uint32_t kNoteOn = 0x90;
+
 class PortState {
  public:
   using Time = std::chrono::steady_clock::time_point;

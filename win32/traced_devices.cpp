@@ -2,10 +2,10 @@
 
 #include <string>
 
+#include "win32/port_state.h"
+
 namespace pointalk::win32 {
 namespace {
-
-constexpr std::uint32_t kNoteOn = 0x90;
 
 bool Told(Trace& trace, const std::string& what, bool done) {
   trace.State(what + (done ? "" : " refused"));

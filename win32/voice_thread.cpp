@@ -11,10 +11,10 @@ namespace {
 
 // A healthy engine takes a text in less than one. A thread that has nothing to do begins at once, but a busy
 // machine may let it wait.
-constexpr DWORD kBeginsWithin = 100;  // milliseconds
-constexpr DWORD kTakesWithin = 20;    // milliseconds
+constexpr DWORD kTakenWithin = 100;  // milliseconds
+constexpr DWORD kTakesWithin = 20;   // milliseconds
 
-constexpr std::size_t kMostWaiting = 64;  // calls that nobody waits for
+constexpr std::size_t kMostCallsWaiting = 64;  // calls that nobody waits for
 
 void HandleMessages() {
   MSG message;
@@ -128,7 +128,7 @@ void VoiceThread::Hand(Call call, bool cutsOff) {
   if (!thread_) return;
   const Locked locked(lock_);
   const bool idle = !atWork_ && orders_.empty();
-  if (cutsOff && orders_.size() >= kMostWaiting)
+  if (cutsOff && orders_.size() >= kMostCallsWaiting)
     std::erase_if(orders_, [](const std::shared_ptr<Order>& waiting) { return !waiting->over; });
   Give(order);
   if (idle) AwaitTaken(*order);
@@ -149,7 +149,7 @@ void VoiceThread::AwaitTaken(const Order& order) {
       SleepConditionVariableSRW(&moved_, &lock_, static_cast<DWORD>(end - now), 0);
     }
   };
-  leaves(State::kWaits, kBeginsWithin);
+  leaves(State::kWaits, kTakenWithin);
   leaves(State::kIsMade, kTakesWithin);
 }
 

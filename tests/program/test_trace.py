@@ -3,7 +3,7 @@
 import unittest
 
 from harness import Desktop, Panel, wait_until
-from listening import GREETING, QUICK, SETTINGS, SOON, start
+from listening import GREETING, QUICK, SETTINGS, SOON
 
 NAME, TITLE, CLASS, VALUE = "Kelpfin", "Quillback", "Harbourmaster", "Sandtrap"
 HUNG_NAME, HUNG_CLASS = "Wolfeel", "Lumpsucker"
