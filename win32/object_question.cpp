@@ -59,9 +59,9 @@ bool IsNamedByText(std::optional<std::int32_t> role) {
 
 // Within the limit of any message; that of the whole question goes on meanwhile.
 std::optional<std::int32_t> AskWindow(HWND window, UINT message) {
-  constexpr UINT kLimit = 100;  // milliseconds
+  constexpr UINT kFieldLimit = 100;  // milliseconds
   DWORD_PTR result = 0;
-  if (SendMessageTimeoutW(window, message, 0, 0, SMTO_NORMAL | SMTO_ABORTIFHUNG, kLimit, &result) == 0)
+  if (SendMessageTimeoutW(window, message, 0, 0, SMTO_NORMAL | SMTO_ABORTIFHUNG, kFieldLimit, &result) == 0)
     return std::nullopt;
   return static_cast<std::int32_t>(static_cast<std::uint32_t>(result));
 }

@@ -15,9 +15,9 @@ constexpr DWORD kLastWriteLimit = 2'000;                // milliseconds
 constexpr int kLooksUntilStuck = 2;                     // at the same line, one each interval
 
 OwnedHandle OpenToAppend(const std::wstring& path) {
-  constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-  const HANDLE file = CreateFileW(path.c_str(), FILE_APPEND_DATA | FILE_READ_ATTRIBUTES, kShareAll, nullptr,
-                                  OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+  constexpr DWORD kShareWithAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  const HANDLE file = CreateFileW(path.c_str(), FILE_APPEND_DATA | FILE_READ_ATTRIBUTES, kShareWithAll,
+                                  nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
   return OwnedHandle(file == INVALID_HANDLE_VALUE ? nullptr : file);
 }
 

@@ -7,12 +7,12 @@
 #include <thread>
 
 #include "reader/messages.h"
+#include "tests/contract/win32/patience.h"
 #include "tests/contract/win32/win_world.h"
 
 namespace pointalk::contract {
 namespace {
 
-constexpr ULONGLONG kPatience = 10'000;  // milliseconds
 constexpr Point kHungPlace{150, 150};
 constexpr Point kOtherPlace{450, 150};
 

@@ -4,6 +4,7 @@
 
 #include <thread>
 
+#include "tests/contract/win32/patience.h"
 #include "tests/contract/win32/win_world.h"
 #include "win32/last_words.h"
 #include "win32/panel_commands.h"
@@ -12,8 +13,6 @@ namespace pointalk::contract {
 namespace {
 
 using testing::IsEmpty;
-
-constexpr DWORD kPatience = 100'000;  // milliseconds
 
 class LastWordsTest : public testing::Test {
  protected:

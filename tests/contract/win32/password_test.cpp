@@ -18,7 +18,7 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-constexpr const char* kPlace = " rect=110,110,300,140";
+constexpr const char* kFieldRect = " rect=110,110,300,140";
 constexpr Point kOnField{150, 120};
 
 // What a field is made of, as the target's command `create` takes it.
@@ -42,7 +42,7 @@ class PasswordTest : public testing::Test {
   // Makes a field with something in it that must not be told.
   WindowHandle Make(const std::string& what, const std::string& name = "field") {
     const std::string reply =
-        world_.Tell("create " + name + ' ' + what + " parent=frame title=marlin" + kPlace);
+        world_.Tell("create " + name + ' ' + what + " parent=frame title=marlin" + kFieldRect);
     return std::stoull(std::string(RawField(reply, "hwnd")));
   }
 

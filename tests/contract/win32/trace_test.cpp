@@ -14,7 +14,7 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-constexpr Point kPlace{150, 150};
+constexpr Point kTracedPlace{150, 150};
 
 class TraceTest : public testing::Test {
  protected:
@@ -61,10 +61,10 @@ TEST_F(TraceTest, TellsOfLimitsAndRefusalsAndNoText) {
     const win32::TracedPlatform traced(world.Seam(), world.platform.unresponsiveThreads, trace);
     const Platform seam = traced.Seam();
     const win32::Trace::Event event(&trace, "tick");
-    world.MovePointer(kPlace);
+    world.MovePointer(kTracedPlace);
     seam.input.PointerPosition();
     EXPECT_FALSE(seam.midi.Send(0, 0x90));
-    EXPECT_TRUE(seam.accessibility.ObjectAt(kPlace));
+    EXPECT_TRUE(seam.accessibility.ObjectAt(kTracedPlace));
     EXPECT_EQ(seam.messages.WindowText(world.Window("hung"), 100), u"Hung");
     world.Hang("hung");
     EXPECT_FALSE(seam.messages.WindowText(world.Window("hung"), 100));

@@ -14,6 +14,7 @@
 #include <utility>
 #include <vector>
 
+#include "tests/contract/win32/patience.h"
 #include "tests/contract/win32/win_world.h"
 #include "win32/panel_commands.h"
 #include "win32/voice_thread.h"
@@ -25,8 +26,7 @@ using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr auto kPatience = std::chrono::seconds(100);
-constexpr DWORD kPatienceInMilliseconds = 100'000;
+constexpr auto kLongWait = std::chrono::milliseconds(kPatience);
 
 class VoiceThreadTest : public testing::Test {
  protected:
@@ -34,7 +34,7 @@ class VoiceThreadTest : public testing::Test {
 
   // The engines are at work on a call until Free.
   void Occupy() {
-    voice_.Hand([this](win32::Engines&) { std::ignore = free_.try_acquire_for(kPatience); }, false);
+    voice_.Hand([this](win32::Engines&) { std::ignore = free_.try_acquire_for(kLongWait); }, false);
     occupied_ = true;
   }
   void Free() {
@@ -91,7 +91,7 @@ TEST_F(VoiceThreadTest, AWindowOfTheEnginesGetsItsMessages) {
   });
   ASSERT_TRUE(window && *window);
   PostMessageW(*window, WM_CLOSE, 0, 0);
-  EXPECT_TRUE(world_.RunUntil([&] { return !IsWindow(*window); }, kPatienceInMilliseconds));
+  EXPECT_TRUE(world_.RunUntil([&] { return !IsWindow(*window); }, kPatience));
 }
 
 // On a busy machine the caller may go on earlier at times.
@@ -126,10 +126,9 @@ TEST_F(VoiceThreadTest, SentMessagesAreAnsweredDuringACallThatIsWaitedFor) {
   std::binary_semaphore answered(0);
   std::thread other([&] {
     DWORD_PTR unused = 0;
-    if (SendMessageTimeoutW(panel_, WM_NULL, 0, 0, SMTO_NORMAL, kPatienceInMilliseconds, &unused) != 0)
-      answered.release();
+    if (SendMessageTimeoutW(panel_, WM_NULL, 0, 0, SMTO_NORMAL, kPatience, &unused) != 0) answered.release();
   });
-  EXPECT_EQ(voice_.Ask([&](win32::Engines&) { return answered.try_acquire_for(kPatience); }), true);
+  EXPECT_EQ(voice_.Ask([&](win32::Engines&) { return answered.try_acquire_for(kLongWait); }), true);
   other.join();
 }
 
@@ -154,8 +153,7 @@ TEST_F(VoiceThreadTest, NoEventOfTheFormComesInDuringACallThatIsWaitedFor) {
     return world_.ticks + world_.clicks + world_.unloads + static_cast<int>(world_.commands.size());
   });
   EXPECT_EQ(seen, 0);
-  EXPECT_TRUE(
-      world_.RunUntil([this] { return world_.unloads == 1 && world_.ticks > 0; }, kPatienceInMilliseconds));
+  EXPECT_TRUE(world_.RunUntil([this] { return world_.unloads == 1 && world_.ticks > 0; }, kPatience));
   EXPECT_EQ(world_.clicks, 1);
   EXPECT_EQ(world_.commands.size(), 1U);
 }
