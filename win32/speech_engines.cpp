@@ -4,12 +4,6 @@
 #include <utility>
 
 namespace pointalk::win32 {
-namespace {
-
-constexpr DWORD kLastWordsAnswer = 500;  // milliseconds
-
-}  // namespace
-
 bool WinSapi5Voice::Create() {
   created_ = thread_.Ask([](Engines& engines) { return engines.sapi5.Create(); }).value_or(false);
   return created_;
@@ -53,9 +47,9 @@ bool WinSapi5Voice::Speak(TextView text, std::optional<int> flags) {
   return created_;
 }
 
-bool WinSapi5Voice::IsSpeaking() {
+bool WinSapi5Voice::IsSpeaking(DWORD limit) {
   return created_ &&
-         thread_.Ask([](Engines& engines) { return engines.sapi5.IsSpeaking(); }, kLastWordsAnswer)
+         thread_.Ask([](Engines& engines) { return engines.sapi5.IsSpeaking(); }, limit)
              .value_or(true);
 }
 
@@ -120,9 +114,9 @@ bool WinSapi4Control::SetLastWordPosition(double position) {
       .value_or(false);
 }
 
-bool WinSapi4Control::IsSpeaking() {
+bool WinSapi4Control::IsSpeaking(DWORD limit) {
   return created_ &&
-         thread_.Ask([](Engines& engines) { return engines.sapi4.IsSpeaking(); }, kLastWordsAnswer)
+         thread_.Ask([](Engines& engines) { return engines.sapi4.IsSpeaking(); }, limit)
              .value_or(true);
 }
 
