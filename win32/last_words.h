@@ -13,9 +13,9 @@ namespace pointalk::win32 {
 // come too late.
 void HandleWithoutForm(HWND form);
 
-// Returns once nothing is said any more, or after so many milliseconds. `isSpeaking` is given the milliseconds
-// that are left, and must not take longer. Messages are handled meanwhile, so that the end of the session is
-// told.
+// Returns once nothing is said any more, or after so many milliseconds. `isSpeaking` is given the
+// milliseconds that are left, and must not take longer. Messages are handled meanwhile, so that the end of
+// the session is told.
 template <typename Question> void HearOut(HWND form, Question isSpeaking, DWORD limit) {
   constexpr DWORD kBetweenLooks = 20;  // milliseconds
   const Deadline deadline(limit);

@@ -46,8 +46,8 @@ class WinSapi4Control final : public Sapi4Control {
   std::optional<double> LastWordPosition() override;
   bool SetLastWordPosition(double position) override;
 
-  // Also true for a control that does not tell, from a text on until it is reset, or does not answer within so
-  // many milliseconds.
+  // Also true for a control that does not tell, from a text on until it is reset, or does not answer within
+  // so many milliseconds.
   bool IsSpeaking(DWORD limit);
 
  private:

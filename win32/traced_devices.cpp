@@ -12,6 +12,12 @@ bool Told(Trace& trace, const std::string& what, bool done) {
   return done;
 }
 
+// What became of a text by now. A voice that is behind with its calls may be slow, or hang.
+std::string Outcome(bool taken, const VoiceThread& voice) {
+  if (!taken) return "voice refused";
+  return voice.IsBehind() ? "not yet taken" : "taken";
+}
+
 std::string Whole(double number) { return std::to_string(static_cast<int>(number)); }
 
 }  // namespace
@@ -72,7 +78,7 @@ bool TracedSapi5Voice::Speak(TextView text, std::optional<int> flags) {
   trace_.Step("handed to the voice (" + trace_.Shown(text) + ", flags " +
               (flags ? std::to_string(*flags) : "none") + ")");
   const bool taken = base_.Speak(text, flags);
-  trace_.Step(taken ? "taken" : "voice refused");
+  trace_.Step(Outcome(taken, voice_));
   return taken;
 }
 
@@ -103,7 +109,7 @@ bool TracedSapi4Control::AudioReset() {
 bool TracedSapi4Control::Speak(TextView text) {
   trace_.Step("handed to the voice (" + trace_.Shown(text) + ")");
   const bool taken = base_.Speak(text);
-  trace_.Step(taken ? "taken" : "voice refused");
+  trace_.Step(Outcome(taken, voice_));
   return taken;
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <semaphore>
 #include <thread>
 #include <vector>
@@ -59,7 +60,8 @@ TEST_F(LastWordsTest, AVoiceThatHangsIsLeft) {
   std::binary_semaphore free(0);
   Sapi5Voice& voice = world_.platform.sapi5;
   ASSERT_TRUE(voice.Create());
-  world_.platform.voice.Hand([&](win32::Engines&) { free.acquire(); }, false);
+  world_.platform.voice.Hand([&](win32::Engines&) { return free.try_acquire_for(std::chrono::minutes(2)); },
+                             false);
   EXPECT_TRUE(world_.platform.sapi5.IsSpeaking(10));
   int asked = 0;
   win32::HearOut(

@@ -4,6 +4,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <semaphore>
+
+#include "tests/contract/asking.h"
 #include "tests/contract/win32/win_world.h"
 #include "win32/program_folder.h"
 #include "win32/traced_platform.h"
@@ -14,11 +18,16 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-constexpr Point kTracedPlace{150, 150};
+constexpr Point kPlace{150, 150};
+constexpr auto kPatience = std::chrono::seconds(100);
 
 class TraceTest : public testing::Test {
  protected:
   ~TraceTest() override { Remove(); }
+
+  static win32::TracedPlatform::Shared Shared(const WinWorld& world) {
+    return {world.platform.unresponsiveThreads, world.platform.voice};
+  }
 
   void Remove() const {
     DeleteFileW(path_.c_str());
@@ -58,14 +67,14 @@ TEST_F(TraceTest, TellsOfLimitsAndRefusalsAndNoText) {
                   {{"hung", {100, 100, 300, 300}, u"Kelpfin", kPushButton}}});
   {
     win32::Trace trace({path_, false});
-    const win32::TracedPlatform traced(world.Seam(), world.platform.unresponsiveThreads, trace);
+    const win32::TracedPlatform traced(world.Seam(), Shared(world), trace);
     const Platform seam = traced.Seam();
     const win32::Trace::Event event(&trace, "tick");
     world.MovePointer(kTracedPlace);
     seam.input.PointerPosition();
     EXPECT_FALSE(seam.midi.Send(0, 0x90));
-    EXPECT_TRUE(seam.accessibility.ObjectAt(kTracedPlace));
-    EXPECT_EQ(seam.messages.WindowText(world.Window("hung"), 100), u"Hung");
+    EXPECT_TRUE(Answered([&] { return seam.accessibility.ObjectAt(kPlace); }));
+    EXPECT_EQ(Answered([&] { return seam.messages.WindowText(world.Window("hung"), 100); }), u"Hung");
     world.Hang("hung");
     EXPECT_FALSE(seam.messages.WindowText(world.Window("hung"), 100));
     EXPECT_FALSE(seam.messages.WindowText(world.Window("hung"), 100));
@@ -77,6 +86,26 @@ TEST_F(TraceTest, TellsOfLimitsAndRefusalsAndNoText) {
         "window text not answered, while some program does not answer", " done "})
     EXPECT_THAT(content, HasSubstr(part));
   for (const char* text : {"Kelpfin", "Hung"}) EXPECT_THAT(content, Not(HasSubstr(text)));
+}
+
+TEST_F(TraceTest, ATextThatTheVoiceHasNotTakenIsTold) {
+  WinWorld world({});
+  std::binary_semaphore free(0);
+  {
+    win32::Trace trace({path_, false});
+    const win32::TracedPlatform traced(world.Seam(), Shared(world), trace);
+    Sapi5Voice& voice = traced.Seam().sapi5;
+    EXPECT_FALSE(voice.Speak(u"one", kSpeakAsync));  // there is no voice
+    ASSERT_TRUE(voice.Create());
+    world.platform.voice.Hand([&](win32::Engines&) { return free.try_acquire_for(kPatience); }, false);
+    EXPECT_TRUE(voice.Speak(u"three", kSpeakAsync));
+    free.release();
+    EXPECT_TRUE(voice.Speak(u"four", std::nullopt));
+    voice.Release();
+  }
+  EXPECT_THAT(Content(path_), ::testing::ContainsRegex(R"(3 characters, flags 1\).*\n.*voice refused)"));
+  EXPECT_THAT(Content(path_), ::testing::ContainsRegex(R"(5 characters, flags 1\).*\n.*not yet taken)"));
+  EXPECT_THAT(Content(path_), ::testing::ContainsRegex(R"(4 characters, flags none\).*\n\d+.\d+ taken)"));
 }
 
 TEST_F(TraceTest, AnEventThatDoesNothingHasNoLine) {
