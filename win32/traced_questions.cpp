@@ -66,10 +66,9 @@ std::optional<AccessibleFacts> TracedAccessibility::ObjectAt(Point screen) {
   trace_.Step(asked);
   const unsigned probes = unresponsiveThreads_.ProbesSent();
   auto facts = base_.ObjectAt(screen);
-  if (!facts) {
-    trace_.Step(Failure(unresponsiveThreads_, probes));
-    return facts;
-  }
+  const bool ranOver = unresponsiveThreads_.ProbesSent() != probes;  // and told some of it at most
+  if (!facts || ranOver) trace_.Step(Failure(unresponsiveThreads_, probes));
+  if (!facts) return facts;
   const auto shown = [this](const std::optional<Text>& text) { return text ? trace_.Shown(*text) : "none"; };
   trace_.Step("answered (name " + shown(facts->name) + ", role " +
               (facts->role ? std::to_string(*facts->role) : "none") + ", description " +

@@ -11,6 +11,7 @@
 #include "tests/contract/win32/win_world.h"
 #include "win32/program_folder.h"
 #include "win32/traced_platform.h"
+#include "win32/traced_questions.h"
 
 namespace pointalk::contract {
 namespace {
@@ -106,6 +107,33 @@ TEST_F(TraceTest, ATextThatTheVoiceHasNotTakenIsTold) {
   EXPECT_THAT(Content(path_), ::testing::ContainsRegex(R"(3 characters, flags 1\).*\n.*voice refused)"));
   EXPECT_THAT(Content(path_), ::testing::ContainsRegex(R"(5 characters, flags 1\).*\n.*not yet taken)"));
   EXPECT_THAT(Content(path_), ::testing::ContainsRegex(R"(4 characters, flags none\).*\n\d+.\d+ taken)"));
+}
+
+// The object answered, but UI Automation did not.
+TEST_F(TraceTest, ALimitThatRanOutIsToldBesideWhatWasAnsweredInTime) {
+  class Late final : public Accessibility {
+   public:
+    explicit Late(WinWorld& world) : world_(world) {}
+    std::optional<AccessibleFacts> ObjectAt(Point) override {
+      world_.platform.unresponsiveThreads.TimedOut(world_.platform.panel.Window());
+      return AccessibleFacts{u"Kelpfin", std::nullopt, std::nullopt, std::nullopt};
+    }
+    bool QueryPending(WindowHandle) override { return false; }
+    Text RoleText(std::int32_t, int) override { return {}; }
+
+   private:
+    WinWorld& world_;
+  };
+  WinWorld world({});
+  Late late(world);
+  {
+    win32::Trace trace({path_, false});
+    win32::TracedAccessibility traced(late, world.platform.unresponsiveThreads, trace);
+    const win32::Trace::Event event(&trace, "tick");
+    EXPECT_TRUE(traced.ObjectAt(kPlace));
+  }
+  EXPECT_THAT(Content(path_),
+              ::testing::ContainsRegex("tick: asked \\d+ ms, timed out \\d+ ms, answered .name 7 "));
 }
 
 TEST_F(TraceTest, AnEventThatDoesNothingHasNoLine) {
