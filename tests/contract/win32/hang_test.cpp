@@ -138,6 +138,21 @@ TEST_F(HangTest, FourQueriesMayBeOutAndNoMore) {
   EXPECT_TRUE(world_.RunUntil([&] { return Ask(kOtherPlace).has_value(); }, kPatience));
 }
 
+TEST_F(HangTest, EveryFailureButThatOfAWindowThatTakesNoMessageShowsAThreadThatDoesNotAnswer) {
+  for (const DWORD error : {DWORD{ERROR_SUCCESS}, DWORD{ERROR_TIMEOUT}, DWORD{ERROR_NOT_ENOUGH_QUOTA},
+                            DWORD{ERROR_NOT_ENOUGH_MEMORY}, DWORD{ERROR_NO_SYSTEM_RESOURCES}})
+    EXPECT_TRUE(win32::ShowsUnresponsive(error)) << error;
+  for (const DWORD error : {DWORD{ERROR_ACCESS_DENIED}, DWORD{ERROR_INVALID_WINDOW_HANDLE}})
+    EXPECT_FALSE(win32::ShowsUnresponsive(error)) << error;
+}
+
+// Else a thread that no window belongs to would count as one that does not answer.
+TEST_F(HangTest, AWindowThatHasGoneIsNoThreadThatDoesNotAnswer) {
+  world_.Tell("destroy other");
+  EXPECT_EQ(Length(other_), std::nullopt);
+  EXPECT_TRUE(world_.platform.unresponsiveThreads.AllAnswer());
+}
+
 TEST_F(HangTest, AProgramMayDieInAMessage) {
   world_.Tell("rule hung WM_GETTEXT die");
   EXPECT_EQ(messages_.WindowText(hung_, 100), std::nullopt);
