@@ -43,14 +43,22 @@ std::optional<AccessibleFacts> WinAccessibility::ObjectAt(Point screen) {
   if (!MayAsk(screen) || !HaveWorker()) return std::nullopt;
   const Deadline deadline(kQuestionLimit);
   worker_->Ask(screen);
-  if (worker_->AnswersWithin(kQuickWait)) return worker_->TakeAnswer();
+  if (worker_->AnswersWithin(kQuickWait)) return TakeAnswer();
   const HWND window = WindowFromPoint({screen.x, screen.y});
   const DWORD thread = GetWindowThreadProcessId(window, nullptr);
-  if (PumpWhilePointedAt(thread, worker_->AnswerEvent(), deadline)) return worker_->TakeAnswer();
+  if (PumpWhilePointedAt(thread, worker_->AnswerEvent(), deadline)) return TakeAnswer();
   unresponsiveThreads_.TimedOut(window);
-  std::optional<AccessibleFacts> soFar = worker_->TakeAnswer();
+  std::optional<AccessibleFacts> soFar = worker_->TakeAnswer().facts;
   abandoned_.push_back({std::move(worker_), window, thread});
   return soFar;
+}
+
+// What the worker noticed is remembered here, so that the messages to the same window do not cost another
+// limit.
+std::optional<AccessibleFacts> WinAccessibility::TakeAnswer() {
+  ObjectAnswer answer = worker_->TakeAnswer();
+  if (answer.unresponsive != nullptr) unresponsiveThreads_.TimedOut(answer.unresponsive);
+  return std::move(answer.facts);
 }
 
 // A thread may answer messages and still never answer the earlier question, so it must have answered both.

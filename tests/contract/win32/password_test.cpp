@@ -165,6 +165,21 @@ TEST_F(PasswordTest, AFieldThatDoesNotSayWhatItIsCountsAsAPasswordFieldAndIsAske
   EXPECT_TRUE(world_.RunUntil([&] { return messages_.WindowText(field, 100) == u"marlin"; }, 100'000));
 }
 
+TEST_F(PasswordTest, AFieldThatDoesNotAnswerTheObjectsQuestionIsAskedNoMore) {
+  const WindowHandle field = Make("class=OddTextBox base=Edit");
+  world_.Tell("element field 0 value=marlin role=42");
+  world_.Tell("rule field EM_GETPASSWORDCHAR hold");
+  world_.Tell("reset");
+  world_.MovePointer(kOnField);
+  const auto facts = world_.platform.accessibility.ObjectAt(kOnField);
+  EXPECT_EQ(facts.value_or(AccessibleFacts()).value, std::nullopt);
+  EXPECT_FALSE(world_.platform.unresponsiveThreads.AllAnswer());
+  EXPECT_EQ(messages_.WindowText(field, 100), std::nullopt);
+  world_.Tell("unrule field EM_GETPASSWORDCHAR");
+  EXPECT_THAT(Counts("field"), HasSubstr("\"EM_GETPASSWORDCHAR\":1"));
+  EXPECT_TRUE(world_.RunUntil([&] { return messages_.WindowText(field, 100) == u"marlin"; }, 100'000));
+}
+
 TEST_F(PasswordTest, NobodyIsAskedWhereClassAndStyleTell) {
   for (const char* what : {"class=Button", "class=Static", "class=Edit kind=password"}) {
     SCOPED_TRACE(what);
