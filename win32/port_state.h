@@ -16,8 +16,9 @@ class PortState {
  public:
   using Time = std::chrono::steady_clock::time_point;
 
-  // A message went out, and the port took it.
-  void Took(std::uint32_t message);
+  // A message went out, and the port took or refused it. A note whose end was refused counts as silent: its
+  // end is not sent again.
+  void Sent(std::uint32_t message, bool taken);
 
   bool NoteSounds() const;
 
