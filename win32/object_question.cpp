@@ -83,6 +83,7 @@ class PasswordQuestion {
   // Within the limit of any message; that of the whole question goes on meanwhile.
   std::optional<std::int32_t> Ask(HWND window, UINT message) {
     constexpr UINT kAnswerLimit = 100;  // milliseconds
+    if (window == unresponsive_) return std::nullopt;
     DWORD_PTR result = 0;
     SetLastError(0);
     if (SendMessageTimeoutW(window, message, 0, 0, SMTO_NORMAL | SMTO_ABORTIFHUNG, kAnswerLimit, &result) !=

@@ -146,7 +146,6 @@ TEST_F(HangTest, EveryFailureButThatOfAWindowThatTakesNoMessageShowsAThreadThatD
     EXPECT_FALSE(win32::ShowsUnresponsive(error)) << error;
 }
 
-// Else a thread that no window belongs to would count as one that does not answer.
 TEST_F(HangTest, AWindowThatHasGoneIsNoThreadThatDoesNotAnswer) {
   world_.Tell("destroy other");
   EXPECT_EQ(Length(other_), std::nullopt);
