@@ -1,5 +1,5 @@
 """Windows that tell of what is in them by UI Automation only, as the task bar and the programs of today do; its client is a
-stand-in, since Wine's knows no elements at a point."""
+companion, since Wine's knows no elements at a point."""
 
 import pathlib
 import tempfile

@@ -1,4 +1,4 @@
-// A stand-in for UI Automation's client, which Wine has in parts only. It knows what the program asks and
+// The companion in place of UI Automation's client, which Wine has in parts only. It knows what the program asks and
 // refuses everything else: an element has only what was asked for along with it, and the program is asked
 // only once.
 //

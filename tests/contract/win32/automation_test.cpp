@@ -1,4 +1,4 @@
-// Windows that tell of themselves by UI Automation only. Its client is the stand-in of wine/automation/.
+// Windows that tell of themselves by UI Automation only. Its client is the companion of wine/automation/.
 #include <gtest/gtest.h>
 
 #include <filesystem>
