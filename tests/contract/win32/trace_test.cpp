@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <semaphore>
+#include <tuple>
 
 #include "tests/contract/asking.h"
 #include "tests/contract/win32/win_world.h"
@@ -134,6 +135,25 @@ TEST_F(TraceTest, ALimitThatRanOutIsToldBesideWhatWasAnsweredInTime) {
   }
   EXPECT_THAT(Content(path_),
               ::testing::ContainsRegex("tick: asked \\d+ ms, timed out \\d+ ms, answered .name 7 "));
+}
+
+TEST_F(TraceTest, AMovementWhoseTimeMakesNoSenseIsTakenForOneOfNow) {
+  WinWorld world({});
+  constexpr DWORD kAnHour = 3'600'000;  // milliseconds
+  {
+    win32::Trace trace({path_, false});
+    const win32::TracedPlatform traced(world.Seam(), Shared(world), trace);
+    const win32::Trace::Event event(&trace, "tick");
+    for (const DWORD time : {GetTickCount() - kAnHour, GetTickCount() + kAnHour}) {
+      INPUT input{};
+      input.type = INPUT_MOUSE;
+      input.mi = {20, 20, 0, MOUSEEVENTF_MOVE, time, 0};
+      SendInput(1, &input, sizeof input);
+      std::ignore = traced.Seam().input.PointerPosition();
+    }
+  }
+  EXPECT_THAT(Content(path_), ::testing::ContainsRegex("noticed \\d+ ms, noticed \\d+ ms,"));
+  EXPECT_THAT(Content(path_), Not(::testing::ContainsRegex("noticed \\d\\d\\d\\d\\d\\d")));
 }
 
 TEST_F(TraceTest, AnEventThatDoesNothingHasNoLine) {
