@@ -56,7 +56,7 @@ class SpeakReturns(CompanionTest):
         self.environment["POINTALK_SAPI5_HANGS"] = "never"
         hung = self.start_voice([create("v"), speak("Yes.", ASYNCHRONOUS), speak("It never ends.", ASYNCHRONOUS)])
         poll(lambda: len(self.heard("sapi5 speak")) == 2, 100, "second text")
-        self.voice(create("w"), speak(" ", ASYNCHRONOUS))  # in which the other would have come back
+        self.voice(create("v"), speak(" ", ASYNCHRONOUS))  # in which the other would have come back
         self.assertIsNone(hung.poll())
         self.end(hung)
         self.assertEqual(len(hung.stdout.read().splitlines()), 2)
