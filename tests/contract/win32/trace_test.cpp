@@ -9,6 +9,7 @@
 #include <tuple>
 
 #include "tests/contract/asking.h"
+#include "tests/contract/win32/patience.h"
 #include "tests/contract/win32/win_world.h"
 #include "win32/program_folder.h"
 #include "win32/traced_platform.h"
@@ -20,8 +21,8 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-constexpr Point kPlace{150, 150};
-constexpr auto kPatience = std::chrono::seconds(100);
+constexpr Point kTracedPlace{150, 150};
+constexpr auto kTraceWait = std::chrono::milliseconds(kPatience);
 
 class TraceTest : public testing::Test {
  protected:
@@ -75,7 +76,7 @@ TEST_F(TraceTest, TellsOfLimitsAndRefusalsAndNoText) {
     world.MovePointer(kTracedPlace);
     seam.input.PointerPosition();
     EXPECT_FALSE(seam.midi.Send(0, 0x90));
-    EXPECT_TRUE(Answered([&] { return seam.accessibility.ObjectAt(kPlace); }));
+    EXPECT_TRUE(Answered([&] { return seam.accessibility.ObjectAt(kTracedPlace); }));
     EXPECT_EQ(Answered([&] { return seam.messages.WindowText(world.Window("hung"), 100); }), u"Hung");
     world.Hang("hung");
     EXPECT_FALSE(seam.messages.WindowText(world.Window("hung"), 100));
@@ -99,7 +100,7 @@ TEST_F(TraceTest, ATextThatTheVoiceHasNotTakenIsTold) {
     Sapi5Voice& voice = traced.Seam().sapi5;
     EXPECT_FALSE(voice.Speak(u"one", kSpeakAsync));  // there is no voice
     ASSERT_TRUE(voice.Create());
-    world.platform.voice.Hand([&](win32::Engines&) { return free.try_acquire_for(kPatience); }, false);
+    world.platform.voice.Hand([&](win32::Engines&) { return free.try_acquire_for(kTraceWait); }, false);
     EXPECT_TRUE(voice.Speak(u"three", kSpeakAsync));
     free.release();
     EXPECT_TRUE(voice.Speak(u"four", std::nullopt));
@@ -131,7 +132,7 @@ TEST_F(TraceTest, ALimitThatRanOutIsToldBesideWhatWasAnsweredInTime) {
     win32::Trace trace({path_, false});
     win32::TracedAccessibility traced(late, world.platform.unresponsiveThreads, trace);
     const win32::Trace::Event event(&trace, "tick");
-    EXPECT_TRUE(traced.ObjectAt(kPlace));
+    EXPECT_TRUE(traced.ObjectAt(kTracedPlace));
   }
   EXPECT_THAT(Content(path_),
               ::testing::ContainsRegex("tick: asked \\d+ ms, timed out \\d+ ms, answered .name 7 "));

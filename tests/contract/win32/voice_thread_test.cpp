@@ -33,7 +33,7 @@ class VoiceThreadTest : public testing::Test {
 
   // The engines are at work on a call until Free.
   void Occupy() {
-    voice_.Hand([this](win32::Engines&) { return free_.try_acquire_for(kPatience); }, false);
+    voice_.Hand([this](win32::Engines&) { return free_.try_acquire_for(kLongWait); }, false);
     occupied_ = true;
   }
   void Free() {
@@ -117,7 +117,7 @@ TEST_F(VoiceThreadTest, AnEngineThatIsAtWorkIsNotWaitedFor) {
 // On a busy machine it may take a few attempts.
 TEST_F(VoiceThreadTest, ACallThatAnIdleEngineRefusesIsKnownToBe) {
   const auto refuse = [](win32::Engines&) { return false; };
-  EXPECT_TRUE(world_.RunUntil([&] { return !voice_.Hand(refuse, false); }, kPatienceInMilliseconds));
+  EXPECT_TRUE(world_.RunUntil([&] { return !voice_.Hand(refuse, false); }, kPatience));
   Occupy();
   EXPECT_TRUE(voice_.Hand(refuse, false));  // as far as anybody knows
   Free();
@@ -128,7 +128,7 @@ TEST_F(VoiceThreadTest, ItIsKnownWhetherCallsAreNotOver) {
   EXPECT_TRUE(voice_.IsBehind());
   HandNumber(1);
   Free();
-  EXPECT_TRUE(world_.RunUntil([&] { return !voice_.IsBehind(); }, kPatienceInMilliseconds));
+  EXPECT_TRUE(world_.RunUntil([&] { return !voice_.IsBehind(); }, kPatience));
   EXPECT_THAT(Made(), ElementsAre(1));
 }
 
