@@ -1,4 +1,4 @@
-// Windows whose programs count in other pixels than the screen's.
+// The scale of the screen, and windows whose programs count in other pixels than the screen's.
 #pragma once
 
 #include <windows.h>
@@ -7,7 +7,11 @@
 
 namespace pointalk::win32 {
 
-// What systems offer for it; null where one lacks it.
+// The scale of the screen that one of our own windows is on, in dots per inch.
+UINT ScaleOf(HWND window);
+using ScaleQuestion = UINT (*)(HWND window);
+
+// What systems offer for windows of other programs; null where one lacks it.
 struct ScaleCalls {
   using Convert = BOOL(WINAPI*)(HWND, POINT*);
 
