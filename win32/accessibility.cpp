@@ -17,7 +17,7 @@ namespace {
 // Most objects answer within the first wait, which is cheap. After that the messages are handled that other
 // threads send to this one's windows: the object asked may be one of our own, or its program may need an
 // answer of ours first. No event of the form comes in.
-constexpr DWORD kLimit = 250;                // milliseconds, for all of a question
+constexpr DWORD kQuestionLimit = 250;        // milliseconds, for all of a question
 constexpr DWORD kQuickWait = 10;             // milliseconds
 constexpr DWORD kPointerCheckInterval = 30;  // milliseconds between two looks at the pointer
 constexpr DWORD kWaitAfterLeaving = 100;     // milliseconds of the limit, although the pointer has left
@@ -30,7 +30,7 @@ constexpr UINT kLongestRole = 1024;  // characters
 bool PumpWhilePointedAt(DWORD thread, HANDLE event, const Deadline& deadline) {
   do {
     if (AwaitServingSent(event, std::min(deadline.Left(), kPointerCheckInterval))) return true;
-    const bool mayLeave = deadline.Left() <= kLimit - kWaitAfterLeaving;
+    const bool mayLeave = deadline.Left() <= kQuestionLimit - kWaitAfterLeaving;
     if (mayLeave && ThreadUnderPointer() != thread) return false;
   } while (deadline.Left() > 0);
   return false;
@@ -41,16 +41,24 @@ bool PumpWhilePointedAt(DWORD thread, HANDLE event, const Deadline& deadline) {
 std::optional<AccessibleFacts> WinAccessibility::ObjectAt(Point screen) {
   ForgetReturned();
   if (!MayAsk(screen) || !HaveWorker()) return std::nullopt;
-  const Deadline deadline(kLimit);
+  const Deadline deadline(kQuestionLimit);
   worker_->Ask(screen);
-  if (worker_->AnswersWithin(kQuickWait)) return worker_->TakeAnswer();
+  if (worker_->AnswersWithin(kQuickWait)) return TakeAnswer();
   const HWND window = WindowFromPoint({screen.x, screen.y});
   const DWORD thread = GetWindowThreadProcessId(window, nullptr);
-  if (PumpWhilePointedAt(thread, worker_->AnswerEvent(), deadline)) return worker_->TakeAnswer();
+  if (PumpWhilePointedAt(thread, worker_->AnswerEvent(), deadline)) return TakeAnswer();
   unresponsiveThreads_.TimedOut(window);
-  std::optional<AccessibleFacts> soFar = worker_->TakeAnswer();
+  std::optional<AccessibleFacts> soFar = worker_->TakeAnswer().facts;
   abandoned_.push_back({std::move(worker_), window, thread});
   return soFar;
+}
+
+// What the worker noticed is remembered here, so that the messages to the same window do not cost another
+// limit.
+std::optional<AccessibleFacts> WinAccessibility::TakeAnswer() {
+  ObjectAnswer answer = worker_->TakeAnswer();
+  if (answer.unresponsive != nullptr) unresponsiveThreads_.TimedOut(answer.unresponsive);
+  return std::move(answer.facts);
 }
 
 // A thread may answer messages and still never answer the earlier question, so it must have answered both.

@@ -5,7 +5,7 @@
 namespace pointalk::win32 {
 namespace {
 
-constexpr UINT kLookInterval = 250;  // milliseconds
+constexpr UINT kBoxLookInterval = 250;  // milliseconds
 constexpr int kMostLooks = 4;
 
 // A key that no keyboard has and no program knows.
@@ -41,7 +41,7 @@ HWND OpenBox() {
 
 BoxInFront::BoxInFront(HWND form) : form_(form), looksLeft_(kMostLooks) {
   ClaimForeground();
-  SetTimer(form_, Timer(), kLookInterval, &OnTimer);
+  SetTimer(form_, Timer(), kBoxLookInterval, &OnTimer);
 }
 
 BoxInFront::~BoxInFront() { StopLooking(); }

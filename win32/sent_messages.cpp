@@ -19,8 +19,8 @@ bool AwaitServingSent(HANDLE event, DWORD limit) {
   for (;;) {
     const DWORD left = deadline ? deadline->Left() : INFINITE;
     const DWORD outcome = MsgWaitForMultipleObjects(1, &event, FALSE, std::min(left, kLook), QS_SENDMESSAGE);
-    const bool goesOn = outcome == WAIT_OBJECT_0 + 1 || (outcome == WAIT_TIMEOUT && left > kLook);
-    if (!goesOn) return outcome == WAIT_OBJECT_0;
+    const bool goesOn = outcome == WAIT_OBJECT_0 + 1 || outcome == WAIT_TIMEOUT;
+    if (!goesOn || left == 0) return outcome == WAIT_OBJECT_0;
     MSG unused;
     PeekMessageW(&unused, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
   }

@@ -14,8 +14,8 @@ namespace {
 
 constexpr wchar_t kTrace[] = L"--trace";
 constexpr wchar_t kTexts[] = L"--trace-texts";
-constexpr std::size_t kLongestShown = 200;  // characters
-constexpr std::size_t kLongestLine = 4000;  // characters; an event may go on for hours
+constexpr std::size_t kLongestShown = 200;       // characters
+constexpr std::size_t kLongestEventLine = 4000;  // characters; an event may go on for hours
 
 std::int64_t MillisecondsSince(std::int64_t begin) {
   return (CounterNow() - begin) * 1000 / CounterFrequency();
@@ -63,7 +63,7 @@ void Trace::State(std::string_view what) { file_.Add(Stamp().append(what)); }
 
 void Trace::Step(std::string_view what) {
   if (event_ == nullptr) return State(what);
-  if (event_->line_.size() > kLongestLine) return;
+  if (event_->line_.size() > kLongestEventLine) return;
   event_->line_.append(" ").append(what).append(" ");
   event_->line_.append(std::to_string(MillisecondsSince(event_->begin_))).append(" ms,");
   file_.SetUnderWay(event_->line_);

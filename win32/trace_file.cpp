@@ -4,29 +4,20 @@
 #include <tuple>
 #include <utility>
 
+#include "win32/locked.h"
+
 namespace pointalk::win32 {
 namespace {
 
-constexpr std::size_t kMostWaiting = 1024 * 1024;  // bytes that are kept for the disk
-constexpr DWORD kWriteInterval = 500;              // milliseconds
-constexpr DWORD kLastWriteLimit = 2'000;           // milliseconds
-constexpr int kLooksUntilStuck = 2;                // at the same line, one each interval
-
-class Locked {
- public:
-  explicit Locked(SRWLOCK& lock) : lock_(lock) { AcquireSRWLockExclusive(&lock_); }
-  ~Locked() { ReleaseSRWLockExclusive(&lock_); }
-  Locked(const Locked&) = delete;
-  Locked& operator=(const Locked&) = delete;
-
- private:
-  SRWLOCK& lock_;
-};
+constexpr std::size_t kMostBytesWaiting = 1024 * 1024;  // bytes that are kept for the disk
+constexpr DWORD kWriteInterval = 500;                   // milliseconds
+constexpr DWORD kLastWriteLimit = 2'000;                // milliseconds
+constexpr int kLooksUntilStuck = 2;                     // at the same line, one each interval
 
 OwnedHandle OpenToAppend(const std::wstring& path) {
-  constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-  const HANDLE file = CreateFileW(path.c_str(), FILE_APPEND_DATA | FILE_READ_ATTRIBUTES, kShareAll, nullptr,
-                                  OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+  constexpr DWORD kShareWithAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  const HANDLE file = CreateFileW(path.c_str(), FILE_APPEND_DATA | FILE_READ_ATTRIBUTES, kShareWithAll,
+                                  nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
   return OwnedHandle(file == INVALID_HANDLE_VALUE ? nullptr : file);
 }
 
@@ -104,7 +95,7 @@ void TraceFile::Finish() {
 
 void TraceFile::Add(std::string_view line) {
   const Locked locked(shared_->lock);
-  if (shared_->waiting.size() + line.size() > kMostWaiting) {
+  if (shared_->waiting.size() + line.size() > kMostBytesWaiting) {
     ++shared_->lost;
     return;
   }

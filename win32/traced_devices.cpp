@@ -2,14 +2,20 @@
 
 #include <string>
 
+#include "win32/port_state.h"
+
 namespace pointalk::win32 {
 namespace {
-
-constexpr std::uint32_t kNoteOn = 0x90;
 
 bool Told(Trace& trace, const std::string& what, bool done) {
   trace.State(what + (done ? "" : " refused"));
   return done;
+}
+
+// What became of a text by now. A voice that is behind with its calls may be slow, or hang.
+std::string Outcome(bool taken, const VoiceThread& voice) {
+  if (!taken) return "voice refused";
+  return voice.IsBehind() ? "not yet taken" : "taken";
 }
 
 std::string Whole(double number) { return std::to_string(static_cast<int>(number)); }
@@ -72,7 +78,7 @@ bool TracedSapi5Voice::Speak(TextView text, std::optional<int> flags) {
   trace_.Step("handed to the voice (" + trace_.Shown(text) + ", flags " +
               (flags ? std::to_string(*flags) : "none") + ")");
   const bool taken = base_.Speak(text, flags);
-  trace_.Step(taken ? "taken" : "voice refused");
+  trace_.Step(Outcome(taken, voice_));
   return taken;
 }
 
@@ -103,7 +109,7 @@ bool TracedSapi4Control::AudioReset() {
 bool TracedSapi4Control::Speak(TextView text) {
   trace_.Step("handed to the voice (" + trace_.Shown(text) + ")");
   const bool taken = base_.Speak(text);
-  trace_.Step(taken ? "taken" : "voice refused");
+  trace_.Step(Outcome(taken, voice_));
   return taken;
 }
 

@@ -4,6 +4,7 @@
 #include "platform/midi_out.h"
 #include "platform/speech_engines.h"
 #include "win32/trace.h"
+#include "win32/voice_thread.h"
 
 namespace pointalk::win32 {
 
@@ -24,7 +25,8 @@ class TracedMidiOut final : public MidiOut {
 
 class TracedSapi5Voice final : public Sapi5Voice {
  public:
-  TracedSapi5Voice(Sapi5Voice& base, Trace& trace) : base_(base), trace_(trace) {}
+  TracedSapi5Voice(Sapi5Voice& base, const VoiceThread& voice, Trace& trace)
+      : base_(base), voice_(voice), trace_(trace) {}
 
   bool Create() override;
   void Release() override { base_.Release(); }
@@ -38,12 +40,14 @@ class TracedSapi5Voice final : public Sapi5Voice {
 
  private:
   Sapi5Voice& base_;
+  const VoiceThread& voice_;
   Trace& trace_;
 };
 
 class TracedSapi4Control final : public Sapi4Control {
  public:
-  TracedSapi4Control(Sapi4Control& base, Trace& trace) : base_(base), trace_(trace) {}
+  TracedSapi4Control(Sapi4Control& base, const VoiceThread& voice, Trace& trace)
+      : base_(base), voice_(voice), trace_(trace) {}
 
   bool Create() override;
   void Release() override { base_.Release(); }
@@ -60,6 +64,7 @@ class TracedSapi4Control final : public Sapi4Control {
 
  private:
   Sapi4Control& base_;
+  const VoiceThread& voice_;
   Trace& trace_;
 };
 

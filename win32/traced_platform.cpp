@@ -11,13 +11,13 @@
 namespace pointalk::win32 {
 
 struct TracedPlatform::Parts {
-  Parts(const Platform& base, const UnresponsiveThreads& unresponsiveThreads, Trace& trace)
+  Parts(const Platform& base, const Shared& shared, Trace& trace)
       : input(base.input, trace),
-        messages(base.messages, unresponsiveThreads, trace),
-        accessibility(base.accessibility, unresponsiveThreads, trace),
+        messages(base.messages, shared.unresponsiveThreads, trace),
+        accessibility(base.accessibility, shared.unresponsiveThreads, trace),
         midi(base.midi, trace),
-        sapi5(base.sapi5, trace),
-        sapi4(base.sapi4, trace),
+        sapi5(base.sapi5, shared.voice, trace),
+        sapi4(base.sapi4, shared.voice, trace),
         dialogs(base.dialogs, trace),
         panel(base.panel, trace),
         system(base.system, trace) {}
@@ -33,9 +33,8 @@ struct TracedPlatform::Parts {
   TracedSystem system;
 };
 
-TracedPlatform::TracedPlatform(const Platform& base, const UnresponsiveThreads& unresponsiveThreads,
-                               Trace& trace)
-    : base_(base), parts_(std::make_unique<Parts>(base, unresponsiveThreads, trace)) {}
+TracedPlatform::TracedPlatform(const Platform& base, const Shared& shared, Trace& trace)
+    : base_(base), parts_(std::make_unique<Parts>(base, shared, trace)) {}
 
 TracedPlatform::~TracedPlatform() = default;
 

@@ -9,13 +9,20 @@
 #include "win32/panel_events.h"
 #include "win32/trace.h"
 #include "win32/unresponsive_threads.h"
+#include "win32/voice_thread.h"
 
 namespace pointalk::win32 {
 
 class TracedPlatform {
  public:
-  // Keep these alive longer than this. The unresponsive threads are those that the seam's objects share.
-  TracedPlatform(const Platform& base, const UnresponsiveThreads& unresponsiveThreads, Trace& trace);
+  // What the objects of the seam share, and the trace shows.
+  struct Shared {
+    const UnresponsiveThreads& unresponsiveThreads;
+    const VoiceThread& voice;
+  };
+
+  // Keep all that is given alive longer than this.
+  TracedPlatform(const Platform& base, const Shared& shared, Trace& trace);
   ~TracedPlatform();
   TracedPlatform(const TracedPlatform&) = delete;
   TracedPlatform& operator=(const TracedPlatform&) = delete;

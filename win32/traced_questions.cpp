@@ -10,9 +10,11 @@
 namespace pointalk::win32 {
 namespace {
 
-// When the pointer came to a place, by the system's own list of its movements; 0 where that does not tell.
+// When the pointer came to a place, by the system's own list of its movements; 0 where that does not tell. It
+// may have been there before, and whoever moves it by a program gives the time that he likes.
 DWORD MillisecondsAt(Point place) {
   constexpr int kOfSignedPlace = 0xFFFF;  // the list holds places as 16 bits
+  constexpr DWORD kLongestDelay = 10'000;
   MOUSEMOVEPOINT at{};
   at.x = place.x & kOfSignedPlace;
   at.y = place.y & kOfSignedPlace;
@@ -20,7 +22,8 @@ DWORD MillisecondsAt(Point place) {
   if (GetMouseMovePointsEx(sizeof at, &at, found, static_cast<int>(std::size(found)),
                            GMMP_USE_DISPLAY_POINTS) < 1)
     return 0;
-  return GetTickCount() - found[0].time;
+  const DWORD passed = GetTickCount() - found[0].time;
+  return passed <= kLongestDelay ? passed : 0;
 }
 
 // Why there is no answer.
@@ -66,10 +69,9 @@ std::optional<AccessibleFacts> TracedAccessibility::ObjectAt(Point screen) {
   trace_.Step(asked);
   const unsigned probes = unresponsiveThreads_.ProbesSent();
   auto facts = base_.ObjectAt(screen);
-  if (!facts) {
-    trace_.Step(Failure(unresponsiveThreads_, probes));
-    return facts;
-  }
+  const bool ranOver = unresponsiveThreads_.ProbesSent() != probes;  // and told some of it at most
+  if (!facts || ranOver) trace_.Step(Failure(unresponsiveThreads_, probes));
+  if (!facts) return facts;
   const auto shown = [this](const std::optional<Text>& text) { return text ? trace_.Shown(*text) : "none"; };
   trace_.Step("answered (name " + shown(facts->name) + ", role " +
               (facts->role ? std::to_string(*facts->role) : "none") + ", description " +

@@ -66,7 +66,7 @@ void RunPointalk() {
   const auto options = TraceOptionsOf(GetCommandLineW());
   if (!options) return RunForm(platform, platform.Seam(), nullptr);
   Trace trace(*options);
-  const TracedPlatform traced(platform.Seam(), platform.unresponsiveThreads, trace);
+  const TracedPlatform traced(platform.Seam(), {platform.unresponsiveThreads, platform.voice}, trace);
   TraceSystem(trace, platform.system, {POINTALK_MAJOR, POINTALK_MINOR, POINTALK_PATCH});
   RunForm(platform, traced.Seam(), &trace);
 }

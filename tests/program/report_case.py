@@ -14,6 +14,7 @@ DONE = ("I have asked your browser to create an email message that you can send.
         "to your windows clipboard. \r\nPlease paste it into the email message, and then add your description \r\nof the "
         "troublesome object, and what program it is part of, including \r\nthe version number and Home Web Page U R L, if you "
         "have it.")
+MOVES_UNTIL_LOST = 300  # of a pointer, after which a key that is held must have gone astray
 LINK = "mailto:support@pointalk.example?subject=CrashReport"
 
 
@@ -41,10 +42,14 @@ class ReportCase(DesktopCase):
         moves = iter(range(1_000_000))
 
         def said():
-            self.hand.move(x + next(moves) % 2, y)
+            move = next(moves)
+            self.hand.move(x + move % 2, y)
+            if move % MOVES_UNTIL_LOST == MOVES_UNTIL_LOST - 1:
+                self.hand.press_again()
             return any(line.get("text") == text for line in self.pointalk.heard.lines(since))
 
-        wait_until(said, SOON, lambda: f"{text}; heard {self.pointalk.heard.words(since)}", pause=0.02)
+        wait_until(said, SOON, lambda: f"{text}; heard {self.pointalk.heard.words(since)}; "
+                   f"keys go to {self.hand.where_keys_go()}", pause=0.02)
 
     def go(self, name):
         self.hand_at = self.target.centre(name)

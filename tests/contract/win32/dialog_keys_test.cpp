@@ -3,14 +3,14 @@
 
 #include <thread>
 
+#include "tests/contract/win32/patience.h"
 #include "tests/contract/win32/win_world.h"
 #include "win32/foreground.h"
 
 namespace pointalk::contract {
 namespace {
 
-constexpr ULONGLONG kPatience = 10'000;  // milliseconds
-constexpr int kMostTicks = 320;          // as long
+constexpr int kTicksBesideABox = 320;  // of 30 ms: about ten seconds
 
 template <typename Condition> bool WaitFor(Condition condition, ULONGLONG limit = kPatience) {
   for (const ULONGLONG end = GetTickCount64() + limit; GetTickCount64() < end; Sleep(2))
@@ -112,7 +112,7 @@ TEST_F(DialogKeysTest, TheFormHearsTheMouseWhileABoxIsOpen) {
     world_.SetLeftButton(false);
   });
   world_.duringTick = [&] {
-    if (world_.mouseReports.size() >= 2 || world_.ticks >= kMostTicks)
+    if (world_.mouseReports.size() >= 2 || world_.ticks >= kTicksBesideABox)
       PostMessageW(OwnDialog(), WM_COMMAND, IDOK, 0);
   };
   world_.platform.panel.SetTimerEnabled(true);

@@ -4,9 +4,16 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <semaphore>
+#include <tuple>
+
+#include "tests/contract/asking.h"
+#include "tests/contract/win32/patience.h"
 #include "tests/contract/win32/win_world.h"
 #include "win32/program_folder.h"
 #include "win32/traced_platform.h"
+#include "win32/traced_questions.h"
 
 namespace pointalk::contract {
 namespace {
@@ -14,11 +21,16 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-constexpr Point kPlace{150, 150};
+constexpr Point kTracedPlace{150, 150};
+constexpr auto kTraceWait = std::chrono::milliseconds(kPatience);
 
 class TraceTest : public testing::Test {
  protected:
   ~TraceTest() override { Remove(); }
+
+  static win32::TracedPlatform::Shared Shared(const WinWorld& world) {
+    return {world.platform.unresponsiveThreads, world.platform.voice};
+  }
 
   void Remove() const {
     DeleteFileW(path_.c_str());
@@ -58,14 +70,14 @@ TEST_F(TraceTest, TellsOfLimitsAndRefusalsAndNoText) {
                   {{"hung", {100, 100, 300, 300}, u"Kelpfin", kPushButton}}});
   {
     win32::Trace trace({path_, false});
-    const win32::TracedPlatform traced(world.Seam(), world.platform.unresponsiveThreads, trace);
+    const win32::TracedPlatform traced(world.Seam(), Shared(world), trace);
     const Platform seam = traced.Seam();
     const win32::Trace::Event event(&trace, "tick");
-    world.MovePointer(kPlace);
+    world.MovePointer(kTracedPlace);
     seam.input.PointerPosition();
     EXPECT_FALSE(seam.midi.Send(0, 0x90));
-    EXPECT_TRUE(seam.accessibility.ObjectAt(kPlace));
-    EXPECT_EQ(seam.messages.WindowText(world.Window("hung"), 100), u"Hung");
+    EXPECT_TRUE(Answered([&] { return seam.accessibility.ObjectAt(kTracedPlace); }));
+    EXPECT_EQ(Answered([&] { return seam.messages.WindowText(world.Window("hung"), 100); }), u"Hung");
     world.Hang("hung");
     EXPECT_FALSE(seam.messages.WindowText(world.Window("hung"), 100));
     EXPECT_FALSE(seam.messages.WindowText(world.Window("hung"), 100));
@@ -77,6 +89,72 @@ TEST_F(TraceTest, TellsOfLimitsAndRefusalsAndNoText) {
         "window text not answered, while some program does not answer", " done "})
     EXPECT_THAT(content, HasSubstr(part));
   for (const char* text : {"Kelpfin", "Hung"}) EXPECT_THAT(content, Not(HasSubstr(text)));
+}
+
+TEST_F(TraceTest, ATextThatTheVoiceHasNotTakenIsTold) {
+  WinWorld world({});
+  std::binary_semaphore free(0);
+  {
+    win32::Trace trace({path_, false});
+    const win32::TracedPlatform traced(world.Seam(), Shared(world), trace);
+    Sapi5Voice& voice = traced.Seam().sapi5;
+    EXPECT_FALSE(voice.Speak(u"one", kSpeakAsync));  // there is no voice
+    ASSERT_TRUE(voice.Create());
+    world.platform.voice.Hand([&](win32::Engines&) { return free.try_acquire_for(kTraceWait); }, false);
+    EXPECT_TRUE(voice.Speak(u"three", kSpeakAsync));
+    free.release();
+    EXPECT_TRUE(voice.Speak(u"four", std::nullopt));
+    voice.Release();
+  }
+  EXPECT_THAT(Content(path_), ::testing::ContainsRegex(R"(3 characters, flags 1\).*\n.*voice refused)"));
+  EXPECT_THAT(Content(path_), ::testing::ContainsRegex(R"(5 characters, flags 1\).*\n.*not yet taken)"));
+  EXPECT_THAT(Content(path_), ::testing::ContainsRegex(R"(4 characters, flags none\).*\n\d+.\d+ taken)"));
+}
+
+// The object answered, but UI Automation did not.
+TEST_F(TraceTest, ALimitThatRanOutIsToldBesideWhatWasAnsweredInTime) {
+  class Late final : public Accessibility {
+   public:
+    explicit Late(WinWorld& world) : world_(world) {}
+    std::optional<AccessibleFacts> ObjectAt(Point) override {
+      world_.platform.unresponsiveThreads.TimedOut(world_.platform.panel.Window());
+      return AccessibleFacts{u"Kelpfin", std::nullopt, std::nullopt, std::nullopt};
+    }
+    bool QueryPending(WindowHandle) override { return false; }
+    Text RoleText(std::int32_t, int) override { return {}; }
+
+   private:
+    WinWorld& world_;
+  };
+  WinWorld world({});
+  Late late(world);
+  {
+    win32::Trace trace({path_, false});
+    win32::TracedAccessibility traced(late, world.platform.unresponsiveThreads, trace);
+    const win32::Trace::Event event(&trace, "tick");
+    EXPECT_TRUE(traced.ObjectAt(kTracedPlace));
+  }
+  EXPECT_THAT(Content(path_),
+              ::testing::ContainsRegex("tick: asked \\d+ ms, timed out \\d+ ms, answered .name 7 "));
+}
+
+TEST_F(TraceTest, AMovementWhoseTimeMakesNoSenseIsTakenForOneOfNow) {
+  WinWorld world({});
+  constexpr DWORD kAnHour = 3'600'000;  // milliseconds
+  {
+    win32::Trace trace({path_, false});
+    const win32::TracedPlatform traced(world.Seam(), Shared(world), trace);
+    const win32::Trace::Event event(&trace, "tick");
+    for (const DWORD time : {GetTickCount() - kAnHour, GetTickCount() + kAnHour}) {
+      INPUT input{};
+      input.type = INPUT_MOUSE;
+      input.mi = {20, 20, 0, MOUSEEVENTF_MOVE, time, 0};
+      SendInput(1, &input, sizeof input);
+      std::ignore = traced.Seam().input.PointerPosition();
+    }
+  }
+  EXPECT_THAT(Content(path_), ::testing::ContainsRegex("noticed \\d+ ms, noticed \\d+ ms,"));
+  EXPECT_THAT(Content(path_), Not(::testing::ContainsRegex("noticed \\d\\d\\d\\d\\d\\d")));
 }
 
 TEST_F(TraceTest, AnEventThatDoesNothingHasNoLine) {
