@@ -14,6 +14,7 @@
 #include "win32/password_field.h"
 #include "win32/unresponsive_threads.h"
 #include "win32/wide_text.h"
+#include "win32/window_scale.h"
 
 namespace pointalk::win32 {
 namespace {
@@ -113,12 +114,21 @@ struct Said {
   bool keepsPassword = false;  // and these are without it
 };
 
-Said AskAccessibleObject(Point screen, PasswordQuestion& password) {
+// Nobody converts the place on its way to the object of another program, nor in the messages by which the
+// system's own objects ask a control. So it has to be as that program counts.
+ComPointer<IAccessible> ObjectAt(POINT screen, Variant& child) {
+  const ScaleCalls system = ScaleCalls::OfSystem();
+  const InOwnAwareness own(system, WindowFromPoint(screen), screen);
   IAccessible* found = nullptr;
+  const HRESULT outcome = AccessibleObjectFromPoint(own.Place(), &found, child.Fill());
+  ComPointer<IAccessible> object(found);
+  return SUCCEEDED(outcome) ? std::move(object) : nullptr;
+}
+
+Said AskAccessibleObject(Point screen, PasswordQuestion& password) {
   Variant child;
-  const HRESULT outcome = AccessibleObjectFromPoint({screen.x, screen.y}, &found, child.Fill());
-  const ComPointer<IAccessible> object(found);
-  if (FAILED(outcome) || !object) return {};
+  const ComPointer<IAccessible> object = ObjectAt({screen.x, screen.y}, child);
+  if (!object) return {};
   AccessibleFacts facts;
   facts.name = Read(*object, &IAccessible::get_accName, child.Get());
   facts.role = ReadRole(*object, child.Get());
