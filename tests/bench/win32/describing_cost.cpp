@@ -104,7 +104,8 @@ HWND AskTick(POINT& pointer, pointalk::win32::AutomationQuestion& automation) {
   std::array<wchar_t, 256> name{};
   GetClassNameW(window, name.data(), static_cast<int>(name.size()));
   for (const int key : {VK_CONTROL, VK_MENU}) GetAsyncKeyState(key);
-  const auto facts = pointalk::win32::AskObjectAt({pointer.x, pointer.y}, automation, [](const auto&) {}).facts;
+  const auto facts =
+      pointalk::win32::AskObjectAt({pointer.x, pointer.y}, automation, [](const auto&) {}).facts;
   std::array<char, 128> role{};
   GetRoleTextA(static_cast<DWORD>(facts ? facts->role.value_or(0) : 0), role.data(), 128);
   HWND top = window;
