@@ -106,8 +106,15 @@ class ClicksAndKeys(Listening):
     def describe_again(self, place):
         """Moves over the elements until their window was asked."""
         self.target.ask("reset")
-        self.hand.move(*place)
-        wait_until(lambda: self.target.counts("elements"), SOON, "a question")
+        looks = itertools.count()
+
+        def asked():
+            look = next(looks)
+            if look % 100 == 0:  # a tick asks for no object whose last answer is still out, and another move is needed
+                self.hand.move(place[0], place[1] + look // 100 % 2)
+            return self.target.counts("elements")
+
+        wait_until(asked, SOON, "a question")
 
     def test_control_is_asked_once_for_as_long_as_it_is_held(self):
         self.leave()

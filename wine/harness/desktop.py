@@ -21,6 +21,7 @@ BUILD = pathlib.Path(os.environ.get("POINTALK_WIN_BUILD", ROOT / "build" / "ming
 TARGET_BUILD = pathlib.Path(os.environ.get("POINTALK_TARGET_BUILD", BUILD))
 PREFIX_TOOL = ROOT / "wine" / "prefix.sh"
 MACHINE_OF_32_BITS = 0x014C
+REGEDIT_ATTEMPTS = 3
 OVERRIDES = "mscoree,mshtml,winedbg.exe,winemenubuilder.exe=;winmm=n,b"
 
 
@@ -143,7 +144,13 @@ class Desktop:
         """Takes registry keys over, as regedit's files hold them."""
         path = self.folder / "keys.reg"
         path.write_bytes(b"REGEDIT4\r\n\r\n" + text.replace("\n", "\r\n").encode("cp1252"))
-        self.run("wine", "regedit", "/S", "Z:" + str(path).replace("/", "\\"), seconds=200)
+        for attempt in range(REGEDIT_ATTEMPTS):
+            try:
+                self.run("wine", "regedit", "/S", "Z:" + str(path).replace("/", "\\"), seconds=200)
+                return
+            except subprocess.CalledProcessError:  # seen once, on a new desktop of a busy machine; why was not found out
+                if attempt == REGEDIT_ATTEMPTS - 1:
+                    raise
 
     def restart(self):
         """Ends every program of a private desktop; the next one finds it as it is after a log-on."""
