@@ -9,6 +9,8 @@ list(FILTER sim_sources EXCLUDE REGEX "/sim/rehearse_main\\.cpp$")
 pointalk_library(pointalk_sim SOURCES ${sim_sources} LIBRARIES pointalk_core nlohmann_json::nlohmann_json)
 pointalk_program(pointalk-rehearse SOURCES sim/rehearse_main.cpp LIBRARIES pointalk_sim)
 
+include(${CMAKE_CURRENT_LIST_DIR}/linux_desktop.cmake)
+
 find_package(GTest QUIET)
 # No option: off for want of GoogleTest with GoogleMock, it would stay off once that is there. The same for the benchmarks.
 if(NOT DEFINED POINTALK_TESTS)

@@ -1,0 +1,37 @@
+# pointalk, the program for a Linux desktop, with the desktop's own libraries. Where one of them is missing it is left out.
+
+find_package(Qt6 COMPONENTS Widgets QUIET)
+find_package(PkgConfig QUIET)
+if(PkgConfig_FOUND)
+  pkg_check_modules(pointalk_desktop QUIET IMPORTED_TARGET x11 xi libsystemd fluidsynth)
+endif()
+set(pointalk_has_desktop OFF)
+if(Qt6_FOUND AND pointalk_desktop_FOUND)
+  set(pointalk_has_desktop ON)
+endif()
+# No option: off for want of a library, it would stay off once that is there. The sanitized builds and the one with
+# clang-tidy are for the core.
+if(NOT DEFINED POINTALK_PROGRAM)
+  set(POINTALK_PROGRAM ${pointalk_has_desktop})
+  if(POINTALK_SANITIZE OR POINTALK_CLANG_TIDY)
+    set(POINTALK_PROGRAM OFF)
+  endif()
+endif()
+if(POINTALK_PROGRAM)
+  find_package(Qt6 COMPONENTS Widgets REQUIRED)
+  find_package(PkgConfig REQUIRED)
+  pkg_check_modules(pointalk_desktop REQUIRED IMPORTED_TARGET x11 xi libsystemd fluidsynth)
+
+  file(READ ${PROJECT_SOURCE_DIR}/packaging/PTK.ini POINTALK_STARTING_SETTINGS)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/packaging/PTK.ini)
+  configure_file(${PROJECT_SOURCE_DIR}/linux/starting_settings.h.in ${PROJECT_BINARY_DIR}/made/starting_settings.h
+                 @ONLY)
+
+  pointalk_glob(linux_sources linux/*.cpp)
+  list(FILTER linux_sources EXCLUDE REGEX "/linux/linux_main\\.cpp$")
+  pointalk_library(pointalk_linux SOURCES ${linux_sources}
+                   LIBRARIES pointalk_core PkgConfig::pointalk_desktop Qt6::Widgets Threads::Threads)
+  target_compile_definitions(pointalk_linux PUBLIC QT_NO_KEYWORDS)  # "signals" is a word of the system's too
+  target_include_directories(pointalk_linux PRIVATE ${PROJECT_BINARY_DIR}/made)
+  pointalk_program(pointalk SOURCES linux/linux_main.cpp LIBRARIES pointalk_linux)
+endif()

@@ -1,0 +1,24 @@
+#include "linux/accessibility.h"
+
+#include "linux/buffers.h"
+#include "linux/roles.h"
+
+namespace pointalk::linux {
+
+// The window under the point has just been asked for, and its object with it.
+std::optional<AccessibleFacts> LinuxAccessibility::ObjectAt(Point screen) {
+  const Thing& thing = things_.Again(screen);
+  if (!thing.hasFacts) return std::nullopt;
+  return thing.facts;
+}
+
+bool LinuxAccessibility::QueryStillOut(WindowHandle window) {
+  const Thing* const thing = things_.Find(window);
+  return thing != nullptr && things_.IsSilent(thing->process);
+}
+
+Text LinuxAccessibility::RoleText(std::int32_t role, int capacity) {
+  return FittingBuffer(SpokenRoleText(role), capacity);
+}
+
+}  // namespace pointalk::linux

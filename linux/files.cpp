@@ -1,0 +1,104 @@
+#include "linux/files.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+#include "linux/ansi.h"
+#include "linux/folders.h"
+#include "linux/owned.h"
+#include "linux/utf8.h"
+
+namespace pointalk::linux {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr off_t kLargestFile = 16 * 1024 * 1024;  // bytes
+constexpr mode_t kForTheUserAlone = 0600;
+
+fs::path WholePath(FilePath path) {
+  const fs::path name = ToUtf8(path.name);
+  return path.folder == Folder::kCurrent ? name : ProgramFolderPath() / name;
+}
+
+OwnedFile Open(const fs::path& path, int how) {
+  return OwnedFile(::open(path.c_str(), how | O_CLOEXEC | O_NOCTTY, kForTheUserAlone));
+}
+
+bool IsWritable(const fs::path& path) { return ::access(path.c_str(), W_OK) == 0 || errno == ENOENT; }
+
+bool WriteAll(const OwnedFile& file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = ::write(file.get(), bytes.data(), bytes.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written <= 0) return false;
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return ::fsync(file.get()) == 0;
+}
+
+std::string ReadAll(const OwnedFile& file) {
+  std::string bytes;
+  char part[16 * 1024];
+  for (;;) {
+    const ssize_t count = ::read(file.get(), part, sizeof part);
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0 || bytes.size() > kLargestFile) return bytes;
+    bytes.append(part, static_cast<std::size_t>(count));
+  }
+}
+
+// That a file took another's name is on the disk once its folder is.
+void KeepFolder(const fs::path& file) {
+  const fs::path folder = file.has_parent_path() ? file.parent_path() : fs::path(".");
+  if (const OwnedFile opened = Open(folder, O_RDONLY | O_DIRECTORY)) ::fsync(opened.get());
+}
+
+}  // namespace
+
+bool LinuxFiles::Exists(FilePath path) {
+  std::error_code error;
+  return fs::is_regular_file(WholePath(path), error);
+}
+
+std::optional<Text> LinuxFiles::Read(FilePath path) {
+  const OwnedFile file =
+      Open(WholePath(path), O_RDONLY | O_NONBLOCK);  // a pipe in its place must not hold us
+  struct stat facts {};
+  if (!file || ::fstat(file.get(), &facts) != 0 || !S_ISREG(facts.st_mode) || facts.st_size > kLargestFile)
+    return std::nullopt;
+  return Widen(ReadAll(file));
+}
+
+// The new content is whole, and on the disk, before it takes the old one's name. A file that the user made
+// read-only stays, which the folder alone would not see to.
+bool LinuxFiles::Write(FilePath path, TextView text) {
+  std::error_code error;
+  fs::path whole = WholePath(path);
+  if (const fs::path target = fs::read_symlink(whole, error); !error) whole = whole.parent_path() / target;
+  if (!IsWritable(whole)) return false;
+  fs::path fresh = whole;
+  fresh += ".new";
+  const OwnedFile file = Open(fresh, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW);
+  if (file && WriteAll(file, Narrow(text)) && std::rename(fresh.c_str(), whole.c_str()) == 0) {
+    KeepFolder(whole);
+    return true;
+  }
+  fs::remove(fresh, error);
+  return false;
+}
+
+bool LinuxFiles::Append(FilePath path, TextView text) {
+  const fs::path whole = WholePath(path);
+  const OwnedFile file = Open(whole, O_WRONLY | O_CREAT | O_APPEND | O_NONBLOCK);
+  return file && WriteAll(file, Narrow(text));
+}
+
+}  // namespace pointalk::linux
