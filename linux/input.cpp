@@ -20,17 +20,25 @@ unsigned MaskOf(int virtualKey) {
 
 }  // namespace
 
+StillInput::StillInput(LinuxInput& input) : input_(input) {
+  for (const int key : {kKeyLeftButton, kKeyShift, kKeyControl, kKeyAlt}) {
+    if (input.watcher_.TakePress(key)) input.pressed_.push_back(key);
+  }
+  input.still_ = input.display_.AskPointer();
+}
+
 std::optional<Point> LinuxInput::PointerPosition() {
-  const auto pointer = display_.AskPointer();
+  const auto pointer = Pointer();
   if (!pointer) return std::nullopt;
   return pointer->place;
 }
 
-// Both are asked, so that a press that is seen by the mask is not told once more when the key is up again.
+// A press that is seen by the mask is not told once more when the key is up again.
 bool LinuxInput::KeyDown(int virtualKey) {
-  const bool pressed = watcher_.TakePress(virtualKey);
-  const auto pointer = display_.AskPointer();
-  return pressed || (pointer && (pointer->mask & MaskOf(virtualKey)) != 0);
+  const bool wasPressed = std::erase(pressed_, virtualKey) > 0;
+  const bool isPressed = !still_ && watcher_.TakePress(virtualKey);
+  const auto pointer = Pointer();
+  return wasPressed || isPressed || (pointer && (pointer->mask & MaskOf(virtualKey)) != 0);
 }
 
 std::optional<ScreenSize> LinuxInput::Screen() {

@@ -29,20 +29,23 @@ constexpr std::chrono::seconds kReadingTime{8};
 
 class FormEvents final : public PanelEvents {
  public:
-  FormEvents(Mouse& form, System& system) : form_(form), system_(system) {}
+  FormEvents(Mouse& form, LinuxPlatform& platform) : form_(form), platform_(platform) {}
 
-  void OnTick() override { form_.Timer1_Timer(); }
+  void OnTick() override {
+    const StillInput still(platform_.input);
+    form_.Timer1_Timer();
+  }
   void OnMouse(std::int32_t message) override { form_.WinHook1_Message(message); }
   void OnClick() override { form_.Form_Click(); }
   void OnCommand(Handler handler) override { (form_.*handler)(); }
   void OnUnload() override {
     form_.Form_Terminate();
-    system_.EndProgram();
+    platform_.system.EndProgram();
   }
 
  private:
   Mouse& form_;
-  System& system_;
+  LinuxPlatform& platform_;
 };
 
 // The sentence stays until the user closes it, or has had the time to hear and to read it.
@@ -69,7 +72,7 @@ int RunPointalk(SingleStart& start, EndSignals& signals) {
   TakeXErrorsAsAnswers();
   LinuxPlatform platform;
   Mouse form(platform.Seam());
-  FormEvents events(form, platform.system);
+  FormEvents events(form, platform);
   platform.panel.Serve(&events);
   start.Serve([&platform] { platform.panel.BringUp(); });
   signals.Serve([&platform] { platform.panel.Unload(); });
