@@ -37,6 +37,7 @@ const Thing* LinuxControlMessages::Answering(WindowHandle window) {
 }
 
 Text LinuxControlMessages::TextOf(const Thing& thing) {
+  if (thing.isPopUp) return {};
   if (thing.handle == thing.frame) return things_.TitleOf(thing);
   if (!thing.isButton) return {};
   return thing.facts.description.value_or(Text(SpokenRoleText(thing.facts.role.value_or(0))));

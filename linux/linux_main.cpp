@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <iostream>
 #include <tuple>
+#include <utility>
 
 #include "app/mouse.h"
 #include "linux/folders.h"
@@ -32,6 +33,7 @@ class FormEvents final : public PanelEvents {
   FormEvents(Mouse& form, LinuxPlatform& platform) : form_(form), platform_(platform) {}
 
   void OnTick() override {
+    if (!platform_.display.IsOpen()) return OnUnload();
     const StillInput still(platform_.input);
     form_.Timer1_Timer();
   }
@@ -47,6 +49,13 @@ class FormEvents final : public PanelEvents {
   Mouse& form_;
   LinuxPlatform& platform_;
 };
+
+// Qt ends the program by itself when its X server goes away, as at the end of many sessions.
+FormEvents* unloadedAtExit = nullptr;
+
+void UnloadAtExit() {
+  if (FormEvents* const events = std::exchange(unloadedAtExit, nullptr)) events->OnUnload();
+}
 
 // The sentence stays until the user closes it, or has had the time to hear and to read it.
 int RefuseWayland() {
@@ -74,6 +83,8 @@ int RunPointalk(SingleStart& start, EndSignals& signals) {
   Mouse form(platform.Seam());
   FormEvents events(form, platform);
   platform.panel.Serve(&events);
+  unloadedAtExit = &events;
+  std::ignore = std::atexit(&UnloadAtExit);  // where that fails, the next start asks whether this one crashed
   start.Serve([&platform] { platform.panel.BringUp(); });
   signals.Serve([&platform] { platform.panel.Unload(); });
   QObject::connect(qApp, &QGuiApplication::commitDataRequest,

@@ -94,16 +94,26 @@ std::optional<FoundObject> ObjectFinder::FindInWindow(Program& program, const Ob
   return found;
 }
 
-// The focus follows the pointer in menus and lists that are open.
+// The focus follows the pointer in menus and lists that are open. Where it has not moved yet, whatever holds
+// what has it is asked for the rest.
 std::optional<FoundObject> ObjectFinder::FindInPopUp(const Program& program, const ObjectQuestion& question,
                                                      Moment limit) {
   const auto focus = focus_.find(program.root.program);
   if (focus == focus_.end()) return std::nullopt;
   const std::int32_t scale = program.frames.empty() ? 1 : program.frames.begin()->second.scale;
   const Measure measure = Measure::Of(question, program.toolkit, scale);
+  const auto lies = [&measure](const Facts& facts) {
+    return measure.coordinates == kInWindow || facts.width <= 0 || facts.Holds(measure);
+  };
   auto facts = facts_.Read(focus->second, measure, program.toolkit, limit);
   if (!facts || IsTop(facts->found.role)) return std::nullopt;
-  if (measure.coordinates == kOnScreen && facts->width > 0 && !facts->Holds(measure)) return std::nullopt;
+  if (!facts->HasText() || !lies(*facts)) {
+    const BusObject& holder = facts->HasText() ? facts->parent : facts->found.object;
+    const BusObject other = holder.IsNull() ? BusObject{} : ChildAt(holder, measure, limit);
+    if (other.IsNull()) return std::nullopt;
+    facts = facts_.Read(other, measure, program.toolkit, limit);
+    if (!facts || !facts->HasText() || IsTop(facts->found.role) || !lies(*facts)) return std::nullopt;
+  }
   return std::move(facts->found);
 }
 

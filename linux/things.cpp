@@ -93,7 +93,8 @@ Thing Things::OfWindow(const XWindowSpot& spot) {
   thing.frame = thing.handle;
   thing.process = spot.process;
   thing.origin = spot.place.origin;
-  if (spot.kind == XWindowSpot::Kind::kPopUp) return thing;
+  thing.isPopUp = spot.kind == XWindowSpot::Kind::kPopUp;
+  if (thing.isPopUp) return thing;
   thing.className = u"Window";
   thing.hasFacts = !IsSilent(spot.process);
   if (!thing.hasFacts) return thing;

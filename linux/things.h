@@ -26,8 +26,9 @@ struct Thing {
   AccessibleFacts facts;
   bool hasFacts = false;
   bool isButton = false;
-  Point origin;   // on the screen
-  Point pointer;  // seen from there, when the thing was found
+  bool isPopUp = false;  // a menu or list that belongs to another window
+  Point origin;          // on the screen
+  Point pointer;         // seen from there, when the thing was found
   std::optional<LineHit> line;
 };
 

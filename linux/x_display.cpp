@@ -16,10 +16,14 @@ constexpr long kMostNumbers = 64;
 using XData = Owned<void, XFree>;
 
 int IgnoreError(Display* /*display*/, XErrorEvent* /*error*/) { return 0; }
+int IgnoreLoss(Display* /*display*/) { return 0; }
 
 }  // namespace
 
-void TakeXErrorsAsAnswers() { XSetErrorHandler(&IgnoreError); }
+void TakeXErrorsAsAnswers() {
+  XSetErrorHandler(&IgnoreError);
+  XSetIOErrorHandler(&IgnoreLoss);
+}
 
 void XDisplay::Closed::operator()(_XDisplay* display) const { XCloseDisplay(display); }
 
@@ -50,7 +54,8 @@ XWindowId XDisplay::ChildAt(XWindowId window, Point screen) {
   int x = 0;
   int y = 0;
   XWindowId child = 0;
-  if (!XTranslateCoordinates(display_.get(), root_, window, screen.x, screen.y, &x, &y, &child)) return 0;
+  if (!IsOpen() || !XTranslateCoordinates(display_.get(), root_, window, screen.x, screen.y, &x, &y, &child))
+    return 0;
   return child;
 }
 
@@ -59,7 +64,7 @@ std::vector<XWindowId> XDisplay::ChildrenOf(XWindowId window) {
   XWindowId parent = 0;
   XWindowId* children = nullptr;
   unsigned count = 0;
-  if (!XQueryTree(display_.get(), window, &root, &parent, &children, &count)) return {};
+  if (!IsOpen() || !XQueryTree(display_.get(), window, &root, &parent, &children, &count)) return {};
   const XData owner(children);
   return {children, children + count};
 }
@@ -71,7 +76,7 @@ bool XDisplay::Place::Holds(Point screen) const {
 
 std::optional<XDisplay::Place> XDisplay::PlaceOf(XWindowId window) {
   XWindowAttributes facts{};
-  if (!XGetWindowAttributes(display_.get(), window, &facts)) return std::nullopt;
+  if (!IsOpen() || !XGetWindowAttributes(display_.get(), window, &facts)) return std::nullopt;
   Place place{{}, facts.width, facts.height, facts.map_state == IsViewable, facts.override_redirect != False};
   XWindowId unused = 0;
   if (!XTranslateCoordinates(display_.get(), window, root_, 0, 0, &place.origin.x, &place.origin.y, &unused))
@@ -89,6 +94,7 @@ XAtom XDisplay::AtomOf(const char* name) {
 }
 
 XDisplay::Property XDisplay::Read(XWindowId window, const char* name, long units) {
+  if (!IsOpen()) return {};
   Property property;
   int format = 0;
   unsigned long count = 0;

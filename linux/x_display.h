@@ -17,8 +17,8 @@ namespace pointalk::linux {
 using XWindowId = unsigned long;  // as Xlib has them
 using XAtom = unsigned long;
 
-// Windows of other programs may be gone by the time that they are asked about: from now on such an error is
-// an answer and does not end the program.
+// Windows of other programs may be gone by the time that they are asked about, and so may the server: from
+// now on such an error is an answer and does not end the program.
 void TakeXErrorsAsAnswers();
 
 class XDisplay {
