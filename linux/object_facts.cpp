@@ -43,6 +43,11 @@ bool IsReadByLine(std::uint32_t role, const std::vector<std::uint32_t>& states, 
          (role >= kRoleFirstDocument && role <= kRoleLastDocument);
 }
 
+// Some programs give such things no name but their text.
+bool IsReadByLineWithoutName(std::uint32_t role) {
+  return role == kRoleLabel || role == kRoleHeading || role == kRoleLink;
+}
+
 // Text comes with its characters counted; one beyond U+FFFF is two of ours.
 std::int32_t UnitsOf(const Text& text, std::int32_t characters) {
   std::size_t units = 0;
@@ -117,7 +122,8 @@ std::optional<Facts> FactsReader::Read(const BusObject& object, const Measure& m
   const std::uint32_t kind = facts.found.role;
   if (kind == kRolePassword) return facts;  // its text is nobody's business
   const bool hasText = Has(interfaces, kTextInterface);
-  facts.found.readByLine = hasText && IsReadByLine(kind, states, toolkit);
+  facts.found.readByLine = hasText && (IsReadByLine(kind, states, toolkit) ||
+                                       (IsBlank(facts.found.name) && IsReadByLineWithoutName(kind)));
   if (facts.found.readByLine) {
     facts.found.line = ReadLine(object, measure, toolkit, limit);
     if (!facts.found.line && toolkit == Toolkit::kQt) facts.found.value = ReadBeginning(object, limit);

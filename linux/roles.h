@@ -14,6 +14,7 @@ enum AtspiRole : std::uint32_t {
   kRoleInvalid = 0,
   kRoleComboBox = 11,
   kRoleFrame = 23,
+  kRoleLabel = 29,
   kRoleListItem = 32,
   kRoleMenu = 33,
   kRolePassword = 40,
@@ -25,7 +26,9 @@ enum AtspiRole : std::uint32_t {
   kRoleParagraph = 73,
   kRoleEntry = 79,
   kRoleDocumentFrame = 82,
+  kRoleHeading = 83,
   kRoleSection = 85,
+  kRoleLink = 88,
   kRoleFirstDocument = 92,  // spreadsheet, presentation, text, web, mail
   kRoleLastDocument = 96,
   kRoleStatic = 116,
