@@ -36,8 +36,16 @@ if(POINTALK_TESTS)
 
   find_package(Python3 COMPONENTS Interpreter QUIET)
   if(Python3_FOUND)
-    add_test(NAME rehearsals COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tools/check_rehearsals.py
+    set(tools ${PROJECT_SOURCE_DIR}/tools)
+    add_test(NAME rehearsals COMMAND Python3::Interpreter ${tools}/check_rehearsals.py
              --program $<TARGET_FILE:pointalk-rehearse>)
+    add_test(NAME tools COMMAND Python3::Interpreter -m pytest -q ${tools}/tests)
+    foreach(check layers guide scripts)
+      add_test(NAME check-${check} COMMAND Python3::Interpreter ${tools}/check_${check}.py)
+    endforeach()
+    if(POINTALK_FUZZ)
+      add_test(NAME fuzz COMMAND Python3::Interpreter ${tools}/run_fuzzers.py ${PROJECT_BINARY_DIR})
+    endif()
   endif()
 endif()
 

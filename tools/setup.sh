@@ -25,7 +25,7 @@ POINTALK_test=(
   "${POINTALK_run[@]}" "${POINTALK_desktop[@]}" "${POINTALK_desktop_test[@]}" "${POINTALK_package[@]}"
   build-essential nlohmann-json3-dev libgtest-dev libgmock-dev googletest libbenchmark-dev
   clang "libclang-rt-dev|clang" "clang-format-14|clang-format" "clang-tidy-14|clang-tidy"
-  python3-pytest python3-pytest-xdist flake8 shellcheck 7zip
+  python3-pytest python3-pytest-xdist flake8 shellcheck 7zip librsvg2-bin icoutils
 )
 POINTALK_wine32=(wine32:i386)
 

@@ -1,5 +1,6 @@
 """What is said when buttons and keys are pressed: clicks, the kind of an object, the top window, spelling."""
 
+import itertools
 import time
 
 from harness import now, wait_until
@@ -49,13 +50,28 @@ class ClicksAndKeys(Listening):
         self.hand.click()
         self.heard.wait_words("Click", SOON, since)
 
+    def press_control(self, place, *answers):
+        """Presses Control over a place that was just named, until that is answered, and returns the time just before. A key
+        that a busy machine brings when the pointer already rests is answered at the next move."""
+        since, looks = now(), itertools.count(1)
+        self.hand.press("ctrl")
+        self.addCleanup(self.hand.release, "ctrl")
+
+        def answered():
+            look = next(looks)
+            if look % 100 == 0:
+                self.hand.move(place[0] + look // 100 % 2, place[1])
+            return len(self.speech(since)) >= len(answers)
+
+        wait_until(answered, SOON, lambda: f"{answers}: {self.speech(since)}")
+        return since
+
     def assert_told(self, place, name, *answers):
         """What Control says of what is named so."""
         self.leave()
         self.visit(place, name)
-        since = now()
-        with self.hand.held("ctrl"):
-            wait_until(lambda: len(self.speech(since)) >= len(answers), SOON, lambda: f"{answers}: {self.speech(since)}")
+        since = self.press_control(place, *answers)
+        self.hand.release("ctrl")
         self.assertEqual(self.speech(since)[:len(answers)], [(AND_WAIT, answer) for answer in answers])
 
     def test_control_says_the_kind_and_the_description(self):
@@ -83,9 +99,7 @@ class ClicksAndKeys(Listening):
     def test_control_is_asked_once_for_as_long_as_it_is_held(self):
         self.leave()
         self.visit(OK, "O K button")
-        since = now()
-        self.hand.press("ctrl")
-        self.heard.wait_words("It is a push button. ", SOON, since)
+        since = self.press_control(OK, "It is a push button. ")
         for step in range(5):
             self.describe_again((OK[0] + step % 2, OK[1]))
         self.hand.release("ctrl")
@@ -101,8 +115,9 @@ class ClicksAndKeys(Listening):
             self.heard.wait_words("Middle Click", SOON, since)
         self.assertEqual(self.heard.words(since), ["Middle Click"])
         self.describe_again((OK[0] + 1, OK[1]))
-        with self.hand.held("ctrl"):
-            self.heard.wait_words("It is a push button. ", SOON, since)
+        since = self.press_control(OK, "It is a push button. ")
+        self.hand.release("ctrl")
+        self.assertEqual(self.speech(since), [(AND_WAIT, "It is a push button. ")])
 
     def test_control_with_shift_names_the_top_window_even_at_rest(self):
         for place, name in (((1000, 600), "DeskTop"), (self.target.centre("tasks"), "TaskBar"), (OK, "")):

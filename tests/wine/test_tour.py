@@ -134,6 +134,19 @@ class Judgement(Record):
         self.walk.to(MIDDLE, "an icon", earcon="another icon")
         self.assertEqual(self.walk.missed, ["an icon: the sound of another icon; instead nothing"])
 
+    def test_a_place_that_does_not_answer_is_asked_again_by_the_least_move(self):
+        self.tones_of_the_middle()
+        came = self.walk.hand.move
+
+        def move(x, y):
+            came(x, y)
+            if (x, y) != MIDDLE:
+                self.says("Cancel button")
+                self.sounds(note_on(walk.EARCON_CHANNEL, walk.EARCONS["another icon"]))
+        self.walk.hand.move = move
+        self.walk.to(MIDDLE, "a button", "cancel", steps=1)
+        self.assertEqual((self.walk.missed, len(self.walk.stops), len(self.walk.nudges)), ([], 1, 1))
+
     def test_tones_that_do_not_end(self):
         self.sounds(*(note_on(channel, note) for channel, note in MIDDLE_NOTES.items()))
         with self.assertRaises(AssertionError):

@@ -88,7 +88,7 @@ def walk_through(guide):
 
 def make_files(output, waves, walk, begin):
     lines, moves = walk.heard.lines(begin), walk.hand.moves
-    record.write_transcript(output / "transcript.txt", lines, moves, walk.stops, begin)
+    record.write_transcript(output / "transcript.txt", lines, moves, walk.stops + walk.nudges, begin)
     record.write_midi(output / "tour.mid", lines, begin)
     with tempfile.TemporaryDirectory() as scratch:
         spoke = record.write_sound(output / "tour.wav", output / "tour.mid", waves, lines, begin, pathlib.Path(scratch))
