@@ -17,14 +17,14 @@ void Help::Instruct() {
 
 void Help::mnuHelpInstructions_Click() {
   const TimerPause quiet(panel_);
-  port_.StopPositionTones();
+  midiPort_.StopPositionTones();
   Instruct();
 }
 
 void Help::mnuHelpAbout_Click() {
   const TimerPause quiet(panel_);
   clicks_.Forget();
-  port_.StopPositionTones();
+  midiPort_.StopPositionTones();
   spokenDialogs_.TellSpoken(Text(kGreeting).append(kRightsStatement));
   speaker_.SpeakRaw(u"OK.");
 }

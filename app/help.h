@@ -13,13 +13,13 @@ namespace pointalk {
 class Help {
  public:
   Help(Dialogs& dialogs, Panel& panel, Clicks& clicks, Speaker& speaker, SpokenDialogs& spokenDialogs,
-       MidiPort& port)
+       MidiPort& midiPort)
       : dialogs_(dialogs),
         panel_(panel),
         clicks_(clicks),
         speaker_(speaker),
         spokenDialogs_(spokenDialogs),
-        port_(port) {}
+        midiPort_(midiPort) {}
 
   // Says and shows the instructions, and thanks.
   void Instruct();
@@ -33,7 +33,7 @@ class Help {
   Clicks& clicks_;
   Speaker& speaker_;
   SpokenDialogs& spokenDialogs_;
-  MidiPort& port_;
+  MidiPort& midiPort_;
 };
 
 }  // namespace pointalk

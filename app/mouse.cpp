@@ -21,39 +21,40 @@ Mouse::Mouse(const Platform& p)
       pronouncer_(keys_),
       speaker_(keys_, clicks_, engine_, pronouncer_),
       spokenDialogs_(p.dialogs, p.panel, clicks_, speaker_),
-      port_(p.midi),
-      positionTones_(port_),
-      delay_(p.clock),
-      sounds_(port_, delay_),
-      settingsFile_(p.files, engine_, port_, positionTones_),
-      midiSwitch_(p.panel, p.system, spokenDialogs_, port_),
-      toneCommands_(p.panel, spokenDialogs_, port_, positionTones_, settingsFile_, midiSwitch_),
-      voices_({p.sapi5, p.dialogs, p.panel, p.system}, clicks_, engine_, speaker_, spokenDialogs_, port_,
+      midiPort_(p.midi),
+      positionTones_(midiPort_),
+      delayLoop_(p.clock),
+      eventSounds_(midiPort_, delayLoop_),
+      settingsFile_(p.files, engine_, midiPort_, positionTones_),
+      midiSwitch_(p.panel, p.system, spokenDialogs_, midiPort_),
+      toneCommands_(p.panel, spokenDialogs_, midiPort_, positionTones_, settingsFile_, midiSwitch_),
+      voices_({p.sapi5, p.dialogs, p.panel, p.system}, clicks_, engine_, speaker_, spokenDialogs_, midiPort_,
               settingsFile_),
-      learning_(p.files, p.system, spokenDialogs_),
-      report_(p.system, keys_, clicks_, speaker_, spokenDialogs_, port_),
-      query_(p.accessibility),
+      crashLearning_(p.files, p.system, spokenDialogs_),
+      crashReport_(p.system, keys_, clicks_, speaker_, spokenDialogs_, midiPort_),
+      accessibilityQuery_(p.accessibility),
       objectSpeech_(pronouncer_, speaker_),
-      titles_(p.messages, p.windows),
-      topWindow_(p.windows, desktop_, titles_),
+      windowTitle_(p.messages, p.windows),
+      topWindow_(p.windows, desktopWindows_, windowTitle_),
       menuReader_({p.menus, p.windows, p.memory}, objectSpeech_),
-      controlReaders_(clicks_, sounds_, objectSpeech_, titles_),
-      listBoxReader_(p.messages, p.windows, sounds_, objectSpeech_),
-      listViewReader_({p.messages, p.windows, p.memory, p.ansi}, speaker_, sounds_, desktop_, objectSpeech_,
-                      titles_),
+      controlReaders_(clicks_, eventSounds_, objectSpeech_, windowTitle_),
+      listBoxReader_(p.messages, p.windows, eventSounds_, objectSpeech_),
+      listViewReader_({p.messages, p.windows, p.memory, p.ansi}, speaker_, eventSounds_, desktopWindows_,
+                      objectSpeech_, windowTitle_),
       editWords_(objectSpeech_),
       editReaders_({p.messages, p.windows, p.memory}, objectSpeech_, controlReaders_, editWords_),
-      describer_({p.panel, p.windows, p.accessibility},
-                 {keys_, pronouncer_, speaker_, sounds_, learning_, report_},
-                 {desktop_, query_, topWindow_, objectSpeech_, editWords_, menuReader_, controlReaders_,
-                  listBoxReader_, listViewReader_, editReaders_}),
-      registry_(p.registry, p.ansi),
-      autoStart_(registry_, spokenDialogs_),
-      help_(p.dialogs, p.panel, clicks_, speaker_, spokenDialogs_, port_),
-      poll_({p.input, p.panel, p.clock}, keys_, clicks_, speaker_, port_, positionTones_, sounds_,
-            describer_),
-      runCycle_(p, {engine_, speaker_, spokenDialogs_, port_, positionTones_, delay_, settingsFile_,
-                    midiSwitch_, toneCommands_, voices_, learning_, desktop_, help_, poll_}) {}
+      objectDescriber_({p.panel, p.windows, p.accessibility},
+                       {keys_, pronouncer_, speaker_, eventSounds_, crashLearning_, crashReport_},
+                       {desktopWindows_, accessibilityQuery_, topWindow_, objectSpeech_, editWords_,
+                        menuReader_, controlReaders_, listBoxReader_, listViewReader_, editReaders_}),
+      registryLayer_(p.registry, p.ansi),
+      autoStart_(registryLayer_, spokenDialogs_),
+      help_(p.dialogs, p.panel, clicks_, speaker_, spokenDialogs_, midiPort_),
+      pollLoop_({p.input, p.panel, p.clock}, keys_, clicks_, speaker_, midiPort_, positionTones_,
+                eventSounds_, objectDescriber_),
+      runCycle_(p, {engine_, speaker_, spokenDialogs_, midiPort_, positionTones_, delayLoop_, settingsFile_,
+                    midiSwitch_, toneCommands_, voices_, crashLearning_, desktopWindows_, help_, pollLoop_}) {
+}
 
 void Mouse::Form_Load() {
   Handle([this] { runCycle_.Form_Load(); });
@@ -66,7 +67,7 @@ void Mouse::RequestQuit() {
   Handle([this] { runCycle_.RequestQuit(); });
 }
 void Mouse::Timer1_Timer() {
-  Handle([this] { poll_.Timer1_Timer(); });
+  Handle([this] { pollLoop_.Timer1_Timer(); });
 }
 void Mouse::WinHook1_Message(std::int32_t message) {
   Handle([this, message] { clicks_.Take(message); });
@@ -128,7 +129,7 @@ void Mouse::mnuProgramMakeNotAutoStart_Click() {
   Handle([this] { autoStart_.mnuProgramMakeNotAutoStart_Click(); });
 }
 void Mouse::mnuTroubleCrashReport_Click() {
-  Handle([this] { report_.mnuTroubleCrashReport_Click(); });
+  Handle([this] { crashReport_.mnuTroubleCrashReport_Click(); });
 }
 
 void Mouse::cmdVoiceSam_Click() {

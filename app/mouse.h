@@ -101,10 +101,10 @@ class Mouse {
   SpokenDialogs spokenDialogs_;
 
   // tones
-  MidiPort port_;
+  MidiPort midiPort_;
   PositionTones positionTones_;
-  DelayLoop delay_;
-  EventSounds sounds_;
+  DelayLoop delayLoop_;
+  EventSounds eventSounds_;
 
   // settings
   SettingsFile settingsFile_;
@@ -113,14 +113,14 @@ class Mouse {
   Voices voices_;
 
   // crash
-  CrashLearning learning_;
-  CrashReport report_;
+  CrashLearning crashLearning_;
+  CrashReport crashReport_;
 
   // reader
-  DesktopWindows desktop_;
-  AccessibilityQuery query_;
+  DesktopWindows desktopWindows_;
+  AccessibilityQuery accessibilityQuery_;
   ObjectSpeech objectSpeech_;
-  WindowTitle titles_;
+  WindowTitle windowTitle_;
   TopWindow topWindow_;
   MenuReader menuReader_;
   ControlReaders controlReaders_;
@@ -128,15 +128,15 @@ class Mouse {
   ListViewReader listViewReader_;
   EditWords editWords_;
   EditReaders editReaders_;
-  ObjectDescriber describer_;
+  ObjectDescriber objectDescriber_;
 
   // registry
-  RegistryLayer registry_;
+  RegistryLayer registryLayer_;
   AutoStart autoStart_;
 
   // app
   Help help_;
-  PollLoop poll_;
+  PollLoop pollLoop_;
   RunCycle runCycle_;
 };
 

@@ -12,7 +12,7 @@ void PollLoop::Timer1_Timer() {
   SpeakClick();
   keys_.ReadForTick();
   if (AnswerControl()) return;
-  sounds_.CountTick();
+  eventSounds_.CountTick();
   PollPointer();
 }
 
@@ -31,11 +31,11 @@ void PollLoop::SpeakClick() {
 bool PollLoop::AnswerControl() {
   if (!keys_.ControlPressed()) return false;
   if (keys_.ShiftDown()) {
-    describer_.NameTopWindow();
+    objectDescriber_.NameTopWindow();
     return false;
   }
   if (!mDescribeArmed) return false;
-  describer_.Identify();
+  objectDescriber_.Identify();
   return true;
 }
 
@@ -52,7 +52,7 @@ void PollLoop::PollPointer() {
   positionTones_.Play({mCursorX, mCursorY}, {mScreenWidthPx, mScreenHeightPx});
   seam_.panel.SetTimerInterval(kTickInterval);
   mTonesSounding = true;
-  describer_.DescribeObjectUnderPointer({mCursorX, mCursorY});
+  objectDescriber_.DescribeObjectUnderPointer({mCursorX, mCursorY});
 }
 
 // True when the pointer has been still for so long that no description is due. With the left button down it
@@ -66,8 +66,8 @@ bool PollLoop::Rests() {
   ++mRestTicks;
   if (mRestTicks <= kMostRestTicks) return false;
   mRestTicks = kMostRestTicks + 1;
-  if (mTonesSounding && port_.MouseTonesOn()) {
-    port_.StopPositionTones();
+  if (mTonesSounding && midiPort_.MouseTonesOn()) {
+    midiPort_.StopPositionTones();
     seam_.panel.LetMessagesRun();
     mDescribeArmed = false;
     OnPointerRest();

@@ -24,16 +24,16 @@ class PollLoop {
     Clock& clock;
   };
 
-  PollLoop(const Seam& seam, Keys& keys, Clicks& clicks, Speaker& speaker, MidiPort& port,
-           PositionTones& positionTones, EventSounds& sounds, ObjectDescriber& describer)
+  PollLoop(const Seam& seam, Keys& keys, Clicks& clicks, Speaker& speaker, MidiPort& midiPort,
+           PositionTones& positionTones, EventSounds& eventSounds, ObjectDescriber& objectDescriber)
       : seam_(seam),
         keys_(keys),
         clicks_(clicks),
         speaker_(speaker),
-        port_(port),
+        midiPort_(midiPort),
         positionTones_(positionTones),
-        sounds_(sounds),
-        describer_(describer) {}
+        eventSounds_(eventSounds),
+        objectDescriber_(objectDescriber) {}
 
   // One tick, every 30 ms.
   void Timer1_Timer();
@@ -46,10 +46,10 @@ class PollLoop {
   Keys& keys_;
   Clicks& clicks_;
   Speaker& speaker_;
-  MidiPort& port_;
+  MidiPort& midiPort_;
   PositionTones& positionTones_;
-  EventSounds& sounds_;
-  ObjectDescriber& describer_;
+  EventSounds& eventSounds_;
+  ObjectDescriber& objectDescriber_;
 
   std::int32_t mCursorX = 0;  // of the pointer in screen pixels, as last read
   std::int32_t mCursorY = 0;

@@ -15,15 +15,15 @@ constexpr int kWarmUpTicks = 3;
 }  // namespace
 
 void RunCycle::Form_Load() {
-  parts_.delay.CalibrateDelayLoop();
-  parts_.port.SwitchMidi(true);
+  parts_.delayLoop.CalibrateDelayLoop();
+  parts_.midiPort.SwitchMidi(true);
   platform_.panel.SetTimerEnabled(false);
   SetUpEngine();
   SetUpPanelAndTones();
   parts_.engine.Calls().SetStartSpeed();
   platform_.panel.Minimise();
   WarmUp();
-  parts_.port.CloseMidiOut();
+  parts_.midiPort.CloseMidiOut();
   parts_.settingsFile.WriteSettings();
   parts_.engine.Calls().SetStartSpeed();
   parts_.settingsFile.WriteSettings();
@@ -37,18 +37,18 @@ void RunCycle::Form_Load() {
 
 void RunCycle::SetUpEngine() {
   parts_.voices.ChooseEngine();
-  parts_.learning.CheckLastRun();
+  parts_.crashLearning.CheckLastRun();
   std::ignore = platform_.input.ReportMouse(true);  // without reports clicks are not spoken
   parts_.voices.SetUpVoice();
   platform_.panel.LetMessagesRun();
 }
 
 void RunCycle::SetUpPanelAndTones() {
-  parts_.desktop.FindDesktopIconList(platform_.system, platform_.windows);
+  parts_.desktopWindows.FindDesktopIconList(platform_.system, platform_.windows);
   parts_.toneCommands.SetFirstTones();
   parts_.positionTones.BuildNoteTables();
   platform_.panel.Minimise();
-  parts_.poll.MeasureScreen();
+  parts_.pollLoop.MeasureScreen();
   mAppShortPath = platform_.system.ShortPath(platform_.system.ProgramFolder(), kShortPathBuffer);
   parts_.midiSwitch.OpenMidiOut();
   parts_.settingsFile.ReadSettings();
@@ -57,7 +57,7 @@ void RunCycle::SetUpPanelAndTones() {
 // A tick may switch the timer on.
 void RunCycle::WarmUp() {
   for (int tick = 0; tick < kWarmUpTicks; ++tick) {
-    parts_.poll.Timer1_Timer();
+    parts_.pollLoop.Timer1_Timer();
     platform_.panel.SetTimerEnabled(false);
     parts_.speaker.SpeakText(u" ");
   }
@@ -86,7 +86,7 @@ void RunCycle::Welcome() {
 }
 
 void RunCycle::mnuFileExit_Click() {
-  parts_.port.StopPositionTones();
+  parts_.midiPort.StopPositionTones();
   ConfirmQuit();
 }
 
@@ -94,17 +94,17 @@ void RunCycle::ConfirmQuit() {
   parts_.settingsFile.WriteSettings();
   if (parts_.spokenDialogs.AskSpoken(u"Do you want to quit from Pointalk?", kBoxYesNo) != kAnswerYes) return;
   parts_.speaker.SpeakRaw(u" ");
-  parts_.port.CloseMidiOut();
+  parts_.midiPort.CloseMidiOut();
   platform_.panel.SetTimerEnabled(false);
   parts_.speaker.SpeakAndWait(u"Pointalk is ending. Goodbye.");
-  parts_.learning.MarkStopped();
+  parts_.crashLearning.MarkStopped();
   platform_.system.EndProgram();
 }
 
 void RunCycle::Form_Terminate() {
-  parts_.learning.MarkStopped();
+  parts_.crashLearning.MarkStopped();
   parts_.speaker.Silence();
-  parts_.port.SilenceAll();
+  parts_.midiPort.SilenceAll();
 }
 
 }  // namespace pointalk

@@ -26,17 +26,17 @@ class RunCycle {
     Engine& engine;
     Speaker& speaker;
     SpokenDialogs& spokenDialogs;
-    MidiPort& port;
+    MidiPort& midiPort;
     PositionTones& positionTones;
-    DelayLoop& delay;
+    DelayLoop& delayLoop;
     SettingsFile& settingsFile;
     MidiSwitch& midiSwitch;
     ToneCommands& toneCommands;
     Voices& voices;
-    CrashLearning& learning;
-    DesktopWindows& desktop;
+    CrashLearning& crashLearning;
+    DesktopWindows& desktopWindows;
     Help& help;
-    PollLoop& poll;
+    PollLoop& pollLoop;
   };
 
   RunCycle(const Platform& platform, const Parts& parts) : platform_(platform), parts_(parts) {}

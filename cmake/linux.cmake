@@ -1,6 +1,4 @@
 # Native targets: the simulated desktop, the rehearsal player, tests, fuzz targets and benchmarks.
-set(POINTALK_CLANG_TIDY "" CACHE STRING "clang-tidy command to run on the core and the simulated desktop")
-
 find_package(nlohmann_json 3 REQUIRED)
 find_package(Threads REQUIRED)
 
@@ -40,7 +38,7 @@ if(POINTALK_TESTS)
     add_test(NAME rehearsals COMMAND Python3::Interpreter ${tools}/check_rehearsals.py
              --program $<TARGET_FILE:pointalk-rehearse>)
     add_test(NAME tools COMMAND Python3::Interpreter -m pytest -q ${tools}/tests)
-    foreach(check layers guide scripts)
+    foreach(check layers names guide scripts)
       add_test(NAME check-${check} COMMAND Python3::Interpreter ${tools}/check_${check}.py)
     endforeach()
     if(POINTALK_FUZZ)

@@ -9,11 +9,10 @@ set(pointalk_has_desktop OFF)
 if(Qt6_FOUND AND pointalk_desktop_FOUND)
   set(pointalk_has_desktop ON)
 endif()
-# No option: off for want of a library, it would stay off once that is there. The sanitized builds and the one with
-# clang-tidy are for the core.
+# No option: off for want of a library, it would stay off once that is there. The sanitized builds are for the core.
 if(NOT DEFINED POINTALK_PROGRAM)
   set(POINTALK_PROGRAM ${pointalk_has_desktop})
-  if(POINTALK_SANITIZE OR POINTALK_CLANG_TIDY)
+  if(POINTALK_SANITIZE)
     set(POINTALK_PROGRAM OFF)
   endif()
 endif()

@@ -1,4 +1,4 @@
-# Windows, 32 bits. The -posix compilers are the ones whose std::thread works and links statically.
+# Windows, 32 bits.
 set(POINTALK_MINGW_TRIPLE i686-w64-mingw32)
 set(CMAKE_SYSTEM_PROCESSOR i686)
 include(${CMAKE_CURRENT_LIST_DIR}/mingw.cmake)

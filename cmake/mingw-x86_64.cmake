@@ -1,4 +1,4 @@
-# Windows, 64 bits. The -posix compilers are the ones whose std::thread works and links statically.
+# Windows, 64 bits.
 set(POINTALK_MINGW_TRIPLE x86_64-w64-mingw32)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 include(${CMAKE_CURRENT_LIST_DIR}/mingw.cmake)

@@ -18,9 +18,6 @@ function(pointalk_library name)
   if(POINTALK_UNITY)
     set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
   endif()
-  if(POINTALK_CLANG_TIDY)
-    set_target_properties(${name} PROPERTIES CXX_CLANG_TIDY "${POINTALK_CLANG_TIDY}")
-  endif()
 endfunction()
 
 # A room: the library of its folder, linked to the rooms that it may see. That the linker holds it to them, a program

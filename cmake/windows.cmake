@@ -8,14 +8,19 @@ list(FILTER win32_sources EXCLUDE REGEX "/win32/win_main\\.cpp$")
 pointalk_library(pointalk_win32 SOURCES ${win32_sources} LIBRARIES pointalk_core ${pointalk_system_libraries})
 pointalk_precompile_windows(pointalk_win32)
 
-enable_language(RC)
-set(packaging ${PROJECT_SOURCE_DIR}/packaging)
-pointalk_program(Pointalk SOURCES win32/win_main.cpp packaging/pointalk.rc LIBRARIES pointalk_win32)
-set_target_properties(Pointalk PROPERTIES WIN32_EXECUTABLE ON)
-target_compile_definitions(Pointalk PRIVATE POINTALK_MAJOR=${PROJECT_VERSION_MAJOR}
-                           POINTALK_MINOR=${PROJECT_VERSION_MINOR} POINTALK_PATCH=${PROJECT_VERSION_PATCH})
-set_source_files_properties(packaging/pointalk.rc PROPERTIES INCLUDE_DIRECTORIES ${packaging}
-                            OBJECT_DEPENDS "${packaging}/pointalk.manifest;${packaging}/pointalk.ico")
+if(MINGW AND POINTALK_THREADS STREQUAL "posix")
+  # In a build of its own with the other compiler; see mingw.cmake.
+  include(ExternalProject)
+  ExternalProject_Add(Pointalk
+    SOURCE_DIR ${PROJECT_SOURCE_DIR} BINARY_DIR ${PROJECT_BINARY_DIR}/program PREFIX ${PROJECT_BINARY_DIR}/program-steps
+    CMAKE_CACHE_ARGS -DPOINTALK_THREADS:STRING=win32 -DPOINTALK_TESTS:BOOL=OFF
+                     -DCMAKE_TOOLCHAIN_FILE:FILEPATH=${CMAKE_TOOLCHAIN_FILE} -DCMAKE_BUILD_TYPE:STRING=${CMAKE_BUILD_TYPE}
+                     -DPOINTALK_PRECOMPILE:BOOL=${POINTALK_PRECOMPILE} -DPOINTALK_WERROR:BOOL=${POINTALK_WERROR}
+    BUILD_COMMAND ${CMAKE_COMMAND} --build <BINARY_DIR> --target Pointalk BUILD_ALWAYS ON USES_TERMINAL_BUILD ON
+    INSTALL_COMMAND ${CMAKE_COMMAND} -E copy_if_different <BINARY_DIR>/Pointalk.exe ${PROJECT_BINARY_DIR}/Pointalk.exe)
+else()
+  include(${CMAKE_CURRENT_LIST_DIR}/pointalk_exe.cmake)
+endif()
 
 set(POINTALK_GOOGLETEST_DIR /usr/src/googletest CACHE PATH "GoogleTest's sources, compiled for Windows here")
 if(EXISTS ${POINTALK_GOOGLETEST_DIR}/CMakeLists.txt)

@@ -47,11 +47,11 @@ void CrashLearning::CheckLastRun() {
 void CrashLearning::MarkStopped() { WriteLine(kStatusFile, kStopped); }
 
 void CrashLearning::LogClass(TextView className) {
-  if (mCrashLearningMode == kLogging) WriteLine(kClassLog, className);
+  if (mCrashLearningMode == kLogging) LogLine(className);
 }
 
 void CrashLearning::LogQueryOf(TextView className) {
-  if (mCrashLearningMode == kLogging) WriteLine(kClassLog, Text(1, kQueryMark).append(className));
+  if (mCrashLearningMode == kLogging) LogLine(Text(1, kQueryMark).append(className));
 }
 
 // The class log is kept in this run whatever the answer is.
@@ -100,6 +100,10 @@ void CrashLearning::LoadBadClasses() {
 // Where the folder cannot be written, everything else goes on.
 void CrashLearning::WriteLine(TextView file, TextView line) {
   std::ignore = files_.Write({Folder::kProgram, file}, Text(line).append(u"\r\n"));
+}
+
+void CrashLearning::LogLine(TextView line) {
+  std::ignore = files_.WriteLog({Folder::kProgram, kClassLog}, Text(line).append(u"\r\n"));
 }
 
 }  // namespace pointalk

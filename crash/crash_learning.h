@@ -24,7 +24,8 @@ class CrashLearning {
   // Marks an orderly end.
   void MarkStopped();
 
-  // The class log. Both are ignored unless this is a logging run; the line is on disk when they return.
+  // The class log. Both are ignored unless this is a logging run; the line outlives the program, though not a
+  // power cut, once they return.
   void LogClass(TextView className);
   void LogQueryOf(TextView className);
 
@@ -44,6 +45,7 @@ class CrashLearning {
   void ThankForLearning();
   void LoadBadClasses();
   void WriteLine(TextView file, TextView line);
+  void LogLine(TextView line);
 };
 
 }  // namespace pointalk

@@ -13,7 +13,7 @@ constexpr int kShowNormal = 1;
 }  // namespace
 
 void CrashReport::mnuTroubleCrashReport_Click() {
-  port_.StopPositionTones();
+  midiPort_.StopPositionTones();
   const int answer = spokenDialogs_.AskSpoken(
       u"Corvane is serious about reliability.  In the unlikely event that viewing a certain object were to "
       u"crash Pointalk, you could use this tool to send us a crash report. Do you need to send one?",
@@ -34,8 +34,8 @@ void CrashReport::mnuTroubleCrashReport_Click() {
 
 void CrashReport::ReportIfAsked(TextView facts) {
   if (ToLower(clicks_.Pending()) != u"right click" && !keys_.ShiftDown()) return;
-  port_.StopPositionTones();
-  // Where the clipboard is not to be had, the message is sent without the facts.
+  midiPort_.StopPositionTones();
+  // Where the clipboard cannot be set, the message is sent without the facts.
   std::ignore = system_.SetClipboard(facts);
   const Text link = u"mailto:" + Text(kSupportAddress) + u"?subject=CrashReport";
   // Where no program opens it, the facts are on the clipboard.

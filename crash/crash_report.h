@@ -13,13 +13,13 @@ namespace pointalk {
 class CrashReport {
  public:
   CrashReport(System& system, const Keys& keys, const Clicks& clicks, Speaker& speaker,
-              SpokenDialogs& spokenDialogs, MidiPort& port)
+              SpokenDialogs& spokenDialogs, MidiPort& midiPort)
       : system_(system),
         keys_(keys),
         clicks_(clicks),
         speaker_(speaker),
         spokenDialogs_(spokenDialogs),
-        port_(port) {}
+        midiPort_(midiPort) {}
 
   // Explains and arms.
   void mnuTroubleCrashReport_Click();
@@ -37,7 +37,7 @@ class CrashReport {
   const Clicks& clicks_;
   Speaker& speaker_;
   SpokenDialogs& spokenDialogs_;
-  MidiPort& port_;
+  MidiPort& midiPort_;
 
   bool mCrashReportArmed = false;
 };

@@ -12,7 +12,7 @@ std::optional<AccessibleFacts> LinuxAccessibility::ObjectAt(Point screen) {
   return thing.facts;
 }
 
-bool LinuxAccessibility::QueryStillOut(WindowHandle window) {
+bool LinuxAccessibility::QueryPending(WindowHandle window) {
   const Thing* const thing = things_.Find(window);
   return thing != nullptr && things_.IsSilent(thing->process);
 }

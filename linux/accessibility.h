@@ -11,7 +11,7 @@ class LinuxAccessibility final : public Accessibility {
   explicit LinuxAccessibility(Things& things) : things_(things) {}
 
   std::optional<AccessibleFacts> ObjectAt(Point screen) override;
-  bool QueryStillOut(WindowHandle window) override;
+  bool QueryPending(WindowHandle window) override;
   Text RoleText(std::int32_t role, int capacity) override;
 
  private:

@@ -34,17 +34,25 @@ OwnedFile Open(const fs::path& path, int how) {
 
 bool IsWritable(const fs::path& path) { return ::access(path.c_str(), W_OK) == 0 || errno == ENOENT; }
 
-bool WriteAll(const OwnedFile& file, std::string_view bytes) {
+// What a file has to outlive. The disk is waited for only where it is more than the process.
+enum class Outlives { kProcess, kPowerCut };
+
+bool WriteAll(const OwnedFile& file, std::string_view bytes, Outlives outlives) {
   while (!bytes.empty()) {
     const ssize_t written = ::write(file.get(), bytes.data(), bytes.size());
     if (written < 0 && errno == EINTR) continue;
     if (written <= 0) return false;
     bytes.remove_prefix(static_cast<std::size_t>(written));
   }
-  return ::fsync(file.get()) == 0;
+  return outlives == Outlives::kProcess || ::fsync(file.get()) == 0;
 }
 
-std::string ReadAll(const OwnedFile& file) {
+// No value for what is missing, is no file, or is larger than any of ours.
+std::optional<std::string> ReadAll(const fs::path& path) {
+  const OwnedFile file = Open(path, O_RDONLY | O_NONBLOCK);  // a pipe in its place must not hold us
+  struct stat facts {};
+  if (!file || ::fstat(file.get(), &facts) != 0 || !S_ISREG(facts.st_mode) || facts.st_size > kLargestFile)
+    return std::nullopt;
   std::string bytes;
   char part[16 * 1024];
   for (;;) {
@@ -61,6 +69,23 @@ void KeepFolder(const fs::path& file) {
   if (const OwnedFile opened = Open(folder, O_RDONLY | O_DIRECTORY)) ::fsync(opened.get());
 }
 
+// The new content is whole before it takes the old one's name. A file that the user made read-only stays,
+// which the folder alone would not see to.
+bool WriteWhole(fs::path path, std::string_view bytes, Outlives outlives) {
+  std::error_code error;
+  if (const fs::path target = fs::read_symlink(path, error); !error) path = path.parent_path() / target;
+  if (!IsWritable(path)) return false;
+  fs::path fresh = path;
+  fresh += ".new";
+  const OwnedFile file = Open(fresh, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW);
+  if (file && WriteAll(file, bytes, outlives) && std::rename(fresh.c_str(), path.c_str()) == 0) {
+    if (outlives == Outlives::kPowerCut) KeepFolder(path);
+    return true;
+  }
+  fs::remove(fresh, error);
+  return false;
+}
+
 }  // namespace
 
 bool LinuxFiles::Exists(FilePath path) {
@@ -69,36 +94,25 @@ bool LinuxFiles::Exists(FilePath path) {
 }
 
 std::optional<Text> LinuxFiles::Read(FilePath path) {
-  const OwnedFile file =
-      Open(WholePath(path), O_RDONLY | O_NONBLOCK);  // a pipe in its place must not hold us
-  struct stat facts {};
-  if (!file || ::fstat(file.get(), &facts) != 0 || !S_ISREG(facts.st_mode) || facts.st_size > kLargestFile)
-    return std::nullopt;
-  return Widen(ReadAll(file));
+  const auto bytes = ReadAll(WholePath(path));
+  if (!bytes) return std::nullopt;
+  return Widen(*bytes);
 }
 
-// The new content is whole, and on the disk, before it takes the old one's name. A file that the user made
-// read-only stays, which the folder alone would not see to.
 bool LinuxFiles::Write(FilePath path, TextView text) {
-  std::error_code error;
-  fs::path whole = WholePath(path);
-  if (const fs::path target = fs::read_symlink(whole, error); !error) whole = whole.parent_path() / target;
-  if (!IsWritable(whole)) return false;
-  fs::path fresh = whole;
-  fresh += ".new";
-  const OwnedFile file = Open(fresh, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW);
-  if (file && WriteAll(file, Narrow(text)) && std::rename(fresh.c_str(), whole.c_str()) == 0) {
-    KeepFolder(whole);
-    return true;
-  }
-  fs::remove(fresh, error);
-  return false;
+  return WriteWhole(WholePath(path), Narrow(text), Outlives::kPowerCut);
+}
+
+bool LinuxFiles::WriteLog(FilePath path, TextView text) {
+  const std::string bytes = Narrow(text);
+  const fs::path whole = WholePath(path);
+  return ReadAll(whole) == bytes || WriteWhole(whole, bytes, Outlives::kProcess);
 }
 
 bool LinuxFiles::Append(FilePath path, TextView text) {
   const fs::path whole = WholePath(path);
   const OwnedFile file = Open(whole, O_WRONLY | O_CREAT | O_APPEND | O_NONBLOCK);
-  return file && WriteAll(file, Narrow(text));
+  return file && WriteAll(file, Narrow(text), Outlives::kPowerCut);
 }
 
 }  // namespace pointalk::linux

@@ -14,6 +14,7 @@ constexpr std::int32_t kSuccess = 0;
 constexpr std::int32_t kMissing = 2;
 constexpr std::int32_t kDenied = 5;
 constexpr std::int32_t kWrongHandle = 6;
+constexpr std::int32_t kMoreData = 234;
 constexpr std::int32_t kNoMoreItems = 259;
 
 constexpr std::uint32_t kTextType = 1;
@@ -77,10 +78,11 @@ RegistryName LinuxRegistry::SubKeyName(RegistryKey key, std::uint32_t /*index*/,
   return {key == kRunKey ? kNoMoreItems : kWrongHandle, {}};
 }
 
-RegistryName LinuxRegistry::ValueName(RegistryKey key, std::uint32_t index, std::uint32_t /*capacity*/) {
-  if (key != kRunKey) return {kWrongHandle, {}};
-  if (index != 0 || !StartsWithSession()) return {kNoMoreItems, {}};
-  return {kSuccess, Text(kValueName)};
+RegistryEnumeratedValue LinuxRegistry::ValueAt(RegistryKey key, std::uint32_t index, std::uint32_t capacity) {
+  if (key != kRunKey) return {kWrongHandle, {}, 0, {}};
+  if (index != 0 || !StartsWithSession()) return {kNoMoreItems, {}, 0, {}};
+  if (capacity <= kValueName.size()) return {kMoreData, {}, 0, {}};
+  return {kSuccess, Text(kValueName), kTextType, ValueBytes()};
 }
 
 std::int32_t LinuxRegistry::DeleteKey(RegistryKey /*key*/, TextView /*subKey*/) { return kDenied; }

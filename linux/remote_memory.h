@@ -12,6 +12,7 @@ class LinuxRemoteMemory final : public RemoteMemory {
   bool Write(ProcessId, RemoteAddress, std::span<const std::byte>) override { return false; }
   bool Read(ProcessId, RemoteAddress, std::span<std::byte>) override { return false; }
   void Free(ProcessId, RemoteAddress) override {}
+  void FreeOnceAnswered(ProcessId, RemoteAddress, WindowHandle) override {}
 };
 
 }  // namespace pointalk::linux

@@ -42,6 +42,10 @@ VIAddVersionKey "ProductVersion" "${VERSION}"
 InstallDir "$LOCALAPPDATA\Programs\Pointalk"
 InstallDirRegKey HKCU "${UNINSTALL_KEY}" "InstallLocation"
 
+; For the first box, which has no window before it: started from a warning of the system's, or from its settings, it could
+; open behind what is in front, where no screen reader reads it.
+!define IN_FRONT "MB_SETFOREGROUND|MB_TOPMOST"
+
 ; What is said.
 !define BEFORE_INSTALLING "Pointalk ${VERSION} will be installed for you alone, in the folder $INSTDIR. Settings that are \
 there already stay as they are."
@@ -82,7 +86,7 @@ Var RemovesSettings
 
 Function .onInit
   SetShellVarContext current
-  ${If} ${Cmd} `MessageBox MB_OKCANCEL "${BEFORE_INSTALLING}" /SD IDOK IDCANCEL`
+  ${If} ${Cmd} `MessageBox MB_OKCANCEL|${IN_FRONT} "${BEFORE_INSTALLING}" /SD IDOK IDCANCEL`
     SetErrorLevel 1
     Quit
   ${EndIf}
@@ -126,7 +130,7 @@ FunctionEnd
 Function un.onInit
   SetShellVarContext current
   StrCpy $RemovesSettings no
-  MessageBox MB_YESNOCANCEL|MB_DEFBUTTON2 "${BEFORE_REMOVING}" /SD IDNO IDYES all IDNO program
+  MessageBox MB_YESNOCANCEL|MB_DEFBUTTON2|${IN_FRONT} "${BEFORE_REMOVING}" /SD IDNO IDYES all IDNO program
   SetErrorLevel 1
   Quit
   all:

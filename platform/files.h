@@ -31,6 +31,10 @@ class Files {
   // False leaves the old file.
   [[nodiscard]] virtual bool Write(FilePath path, TextView text) = 0;
 
+  // The same for a file that is rewritten all the time: it outlives the process, whatever moment that ends
+  // at, but after a power cut it may hold anything.
+  [[nodiscard]] virtual bool WriteLog(FilePath path, TextView text) = 0;
+
   // Adds to the file's end, creating it where it is missing. On the disk once this returns true.
   [[nodiscard]] virtual bool Append(FilePath path, TextView text) = 0;
 };

@@ -8,7 +8,8 @@
 
 namespace pointalk {
 
-// The platform's numbers of the keys and mouse buttons that are asked for.
+// The platform's numbers of the keys and mouse buttons that are asked for. The left button is the one that
+// the user's settings make it: the right one of a left-handed mouse.
 inline constexpr int kKeyLeftButton = 1;
 inline constexpr int kKeyShift = 16;
 inline constexpr int kKeyControl = 17;

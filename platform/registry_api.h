@@ -20,7 +20,7 @@ struct RegistryOpening {
 struct RegistryValueSize {
   std::int32_t code = 0;
   std::uint32_t type = 0;   // 1 text, 3 binary, 4 32-bit number
-  std::uint32_t bytes = 0;  // for text with its ending NUL
+  std::uint32_t bytes = 0;  // for text with its ending NUL; 0 on failure
 };
 
 struct RegistryValueData {
@@ -42,6 +42,16 @@ struct RegistryName {
   Text name;
 };
 
+// A value of a key, as it is enumerated. All that it has comes at once: its 8-bit name need not lead to it.
+struct RegistryEnumeratedValue {
+  std::int32_t code = 0;
+  Text name;
+  std::uint32_t type = 0;
+  std::vector<std::byte> data;
+};
+
+// Names and texts go in and come out as 8-bit text, however the platform keeps them: a character that the
+// code page lacks comes out as "?".
 class RegistryApi {
  public:
   virtual ~RegistryApi() = default;
@@ -55,14 +65,16 @@ class RegistryApi {
   virtual std::int32_t SetValue(RegistryKey key, TextView name, std::uint32_t type,
                                 const std::vector<std::byte>& data) = 0;
 
-  // The type and the size only; and the data, into a buffer of that size.
+  // The type and the size only; and the data, into a buffer of that size, which may be as large as the value.
   virtual RegistryValueSize QueryValueSize(RegistryKey key, TextView name) = 0;
   virtual RegistryValueData QueryValue(RegistryKey key, TextView name, std::uint32_t bytes) = 0;
   virtual std::int32_t DeleteValue(RegistryKey key, TextView name) = 0;
 
   virtual RegistryKeyInfo QueryKey(RegistryKey key) = 0;
+
+  // By their index from 0. Capacity is the room for the name in characters, its ending NUL among them.
   virtual RegistryName SubKeyName(RegistryKey key, std::uint32_t index, std::uint32_t capacity) = 0;
-  virtual RegistryName ValueName(RegistryKey key, std::uint32_t index, std::uint32_t capacity) = 0;
+  virtual RegistryEnumeratedValue ValueAt(RegistryKey key, std::uint32_t index, std::uint32_t capacity) = 0;
 
   // Removes a key that has no sub-keys; with an empty name the open key itself.
   virtual std::int32_t DeleteKey(RegistryKey key, TextView subKey) = 0;

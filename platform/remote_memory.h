@@ -25,6 +25,12 @@ class RemoteMemory {
 
   // Gives a block back; address 0 is ignored.
   virtual void Free(ProcessId process, RemoteAddress block) = 0;
+
+  // The same for a block that was sent to a window with a message that was not answered, which may still be
+  // at work with it. The block is given back some seconds after the window's thread has answered another
+  // message; where it never does, the block stays for as long as its process. At once where no message is
+  // still out.
+  virtual void FreeOnceAnswered(ProcessId process, RemoteAddress block, WindowHandle window) = 0;
 };
 
 }  // namespace pointalk

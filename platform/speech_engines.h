@@ -31,6 +31,7 @@ class Sapi5Voice {
   [[nodiscard]] virtual bool SetVoice(std::int32_t index) = 0;           // false for an index out of range
 
   // Speaks with the flags above, or with none given: then it returns when the text has been spoken.
+  // With kSpeakAsync it may not be known yet whether the engine takes the text.
   [[nodiscard]] virtual bool Speak(TextView text, std::optional<int> flags) = 0;
 };
 

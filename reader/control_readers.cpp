@@ -37,7 +37,7 @@ void ControlReaders::ReadAccessibleControl(const Spot& spot) {
   if (!IsBlank(text)) {
     return objectSpeech_.SpeakObjectText(Text(text).append(RoleWord(spot.texts.maccRole)), spot);
   }
-  const Text title = titles_.GetWindowTitle(spot.window);
+  const Text title = windowTitle_.GetWindowTitle(spot.window);
   const bool noTitle = IsBlank(title) || ToLower(Trimmed(title)) == u"menu bar";
   objectSpeech_.SpeakObjectText(noTitle ? text : title, spot);
 }
@@ -55,7 +55,7 @@ bool ControlReaders::ReadScrollBar(const Spot& spot) {
   }
   for (const ScrollPart& part : kScrollParts) {
     if (!ContainsInLowerCase(name, part.name)) continue;
-    if (clicks_.ButtonDown()) sounds_.PlayEarcon(part.earcon);
+    if (clicks_.ButtonDown()) eventSounds_.PlayEarcon(part.earcon);
     objectSpeech_.SpeakObjectText(name, spot);
     keptThumbPosition_ = kNoThumb;
     return true;
@@ -65,14 +65,14 @@ bool ControlReaders::ReadScrollBar(const Spot& spot) {
 
 void ControlReaders::PlayThumb(std::int64_t position) {
   if (keptThumbPosition_ == kNoThumb || position == keptThumbPosition_) return;
-  sounds_.PlayEarcon(position > keptThumbPosition_ ? u"ScrollUp" : u"ScrollDown");
+  eventSounds_.PlayEarcon(position > keptThumbPosition_ ? u"ScrollUp" : u"ScrollDown");
 }
 
 void ControlReaders::ReadButton(const Spot& spot) {
   if (!IsBlank(spot.texts.maccText)) {
     return objectSpeech_.SpeakObjectText(spot.texts.maccText + u" button", spot);
   }
-  const Text title = Replaced(titles_.GetWindowTitle(spot.window), u"&", u"");
+  const Text title = Replaced(windowTitle_.GetWindowTitle(spot.window), u"&", u"");
   if (!IsBlank(title)) objectSpeech_.SpeakObjectText(title, spot);
 }
 

@@ -13,8 +13,9 @@ namespace pointalk {
 
 class ControlReaders {
  public:
-  ControlReaders(const Clicks& clicks, EventSounds& sounds, ObjectSpeech& objectSpeech, WindowTitle& titles)
-      : clicks_(clicks), sounds_(sounds), objectSpeech_(objectSpeech), titles_(titles) {}
+  ControlReaders(const Clicks& clicks, EventSounds& eventSounds, ObjectSpeech& objectSpeech,
+                 WindowTitle& windowTitle)
+      : clicks_(clicks), eventSounds_(eventSounds), objectSpeech_(objectSpeech), windowTitle_(windowTitle) {}
 
   void ReadAccessibleControl(const Spot& spot);
   void ReadStaticControl(const Spot& spot) { ReadAccessibleControl(spot); }
@@ -24,9 +25,9 @@ class ControlReaders {
 
  private:
   const Clicks& clicks_;
-  EventSounds& sounds_;
+  EventSounds& eventSounds_;
   ObjectSpeech& objectSpeech_;
-  WindowTitle& titles_;
+  WindowTitle& windowTitle_;
 
   // The point's x less its y at the last reading, if that was of a scroll thumb; else kNoThumb. Forgotten
   // when a reading begins while the button is up. A thumb whose difference happens to be kNoThumb counts as

@@ -62,7 +62,7 @@ void EditReaders::FindNextLineStart(std::int32_t y, std::int32_t lineStart, AskC
 void EditReaders::ReadEditControl(const Spot& spot) {
   if (ContainsInLowerCase(spot.texts.maccName, u"position") ||
       ContainsInLowerCase(spot.texts.maccRole, u"scroll bar")) {
-    return controls_.ReadAccessibleControl(spot);
+    return controlReaders_.ReadAccessibleControl(spot);
   }
   Point client = seam_.windows.ToClient(spot.window, spot.point).value_or(spot.point);
   if (client.y == 0) client.y = 1;
@@ -87,7 +87,7 @@ void EditReaders::ReadEditControl(const Spot& spot) {
                            PartBetweenLineStarts(spot.texts.maccText, mEditLineStart, mEditNextLineStart),
                            spot.texts.maccText.substr(0, kFallbackCharacters)}) {
     if (!IsUsable(line)) continue;
-    return words_.SpeakEditWord(line, lineIndex, position, spot);
+    return editWords_.SpeakEditWord(line, lineIndex, position, spot);
   }
   objectSpeech_.SpeakObjectText(spot.className, spot);
 }
@@ -104,7 +104,7 @@ Text EditReaders::Line(WindowHandle window, std::int32_t lineIndex, std::int32_t
 Text EditReaders::ReadRichEdit(const Spot& spot) {
   if (ContainsInLowerCase(spot.texts.maccRole, u"scroll bar")) {
     objectSpeech_.SpeakObjectText(u"ScrollBar at " + spot.texts.maccValue, spot);
-    words_.MarkScrollBar();
+    editWords_.MarkScrollBar();
     return spot.texts.maccText;
   }
   const Point client = seam_.windows.ToClient(spot.window, spot.point).value_or(spot.point);
@@ -117,8 +117,8 @@ Text EditReaders::ReadRichEdit(const Spot& spot) {
     const auto charAt = [&](std::int32_t x, std::int32_t y) {
       std::memcpy(record.data(), &x, 4);
       std::memcpy(record.data() + 4, &y, 4);
-      if (!remote.Write(record)) return 0;
-      return seam_.messages.Send(spot.window, kEmCharFromPos, 0, remote.Address()).value_or(0);
+      if (remote.IsLent() || !remote.Write(record)) return 0;
+      return remote.Ask(seam_.messages, spot.window, kEmCharFromPos).value_or(0);
     };
     under = charAt(client.x, client.y);
     lineStart = charAt(kLineMargin, client.y);
@@ -137,7 +137,7 @@ Text EditReaders::ReadRichEdit(const Spot& spot) {
   if (length > 0 && static_cast<std::size_t>(start) < counted.size()) {
     line = counted.substr(static_cast<std::size_t>(start), static_cast<std::size_t>(length));
   }
-  words_.SpeakEditWord(line, lineIndex, position, spot);
+  editWords_.SpeakEditWord(line, lineIndex, position, spot);
   return Replaced(spot.texts.maccText, u"\r", u"\r\n");
 }
 

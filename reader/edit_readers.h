@@ -21,8 +21,9 @@ class EditReaders {
     RemoteMemory& memory;
   };
 
-  EditReaders(const Seam& seam, ObjectSpeech& objectSpeech, ControlReaders& controls, EditWords& words)
-      : seam_(seam), objectSpeech_(objectSpeech), controls_(controls), words_(words) {}
+  EditReaders(const Seam& seam, ObjectSpeech& objectSpeech, ControlReaders& controlReaders,
+              EditWords& editWords)
+      : seam_(seam), objectSpeech_(objectSpeech), controlReaders_(controlReaders), editWords_(editWords) {}
 
   // Plain edit controls, which take points as numbers.
   void ReadEditControl(const Spot& spot);
@@ -34,8 +35,8 @@ class EditReaders {
  private:
   Seam seam_;
   ObjectSpeech& objectSpeech_;
-  ControlReaders& controls_;
-  EditWords& words_;
+  ControlReaders& controlReaders_;
+  EditWords& editWords_;
 
   // The first character of the next line down, counted from 0. Where no other line begins within the scan it
   // is the one found at an earlier reading.

@@ -13,10 +13,10 @@ void ListBoxReader::ReadListBox(const Spot& spot) {
   const bool outside = hit > 0xFFFF;
   const std::int32_t item = hit & 0xFFFF;
   PlayScrolling(spot.window);
-  if (outside) return sounds_.PlayEarcon(u"OffVisibleArea");
+  if (outside) return eventSounds_.PlayEarcon(u"OffVisibleArea");
   if (item == lastItemIndex_) return;
   const Text text = ItemText(spot.window, item);
-  sounds_.PlayEarcon(u"ListBoxHit");
+  eventSounds_.PlayEarcon(u"ListBoxHit");
   lastItemIndex_ = item;
   // A list that draws its items itself gives its own data, not a text.
   if (!Contains(text, TextView(u"\0", 1))) objectSpeech_.SpeakObjectText(text, spot);
@@ -24,8 +24,8 @@ void ListBoxReader::ReadListBox(const Spot& spot) {
 
 void ListBoxReader::PlayScrolling(WindowHandle window) {
   const std::int32_t top = messages_.Send(window, kLbGetTopIndex, 0, 0).value_or(0);
-  if (lastTopIndex_ > top) sounds_.PlayEarcon(u"ScrollUp");
-  if (lastTopIndex_ < top) sounds_.PlayEarcon(u"ScrollDown");
+  if (lastTopIndex_ > top) eventSounds_.PlayEarcon(u"ScrollUp");
+  if (lastTopIndex_ < top) eventSounds_.PlayEarcon(u"ScrollDown");
   lastTopIndex_ = top;
 }
 

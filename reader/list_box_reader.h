@@ -13,16 +13,16 @@ namespace pointalk {
 
 class ListBoxReader {
  public:
-  ListBoxReader(ControlMessages& messages, WindowTree& windows, EventSounds& sounds,
+  ListBoxReader(ControlMessages& messages, WindowTree& windows, EventSounds& eventSounds,
                 ObjectSpeech& objectSpeech)
-      : messages_(messages), windows_(windows), sounds_(sounds), objectSpeech_(objectSpeech) {}
+      : messages_(messages), windows_(windows), eventSounds_(eventSounds), objectSpeech_(objectSpeech) {}
 
   void ReadListBox(const Spot& spot);
 
  private:
   ControlMessages& messages_;
   WindowTree& windows_;
-  EventSounds& sounds_;
+  EventSounds& eventSounds_;
   ObjectSpeech& objectSpeech_;
 
   std::int32_t lastTopIndex_ = 0;

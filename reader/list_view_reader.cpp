@@ -41,8 +41,7 @@ ListViewHit ListViewReader::HitTest(const Spot& spot) {
   const ProcessId process = seam_.windows.ProcessOf(spot.window).value_or(0);
   HitTestRecord record(hit, seam_.memory.PointerBytes(process));
   RemoteBlock remote(seam_.memory, process, record.Bytes().size());
-  if (remote.Write(record.Bytes())) {
-    std::ignore = seam_.messages.Send(spot.window, kLvmSubItemHitTest, 0, remote.Address());
+  if (remote.Write(record.Bytes()) && remote.Ask(seam_.messages, spot.window, kLvmSubItemHitTest)) {
     std::ignore = remote.Read(record.Bytes());
   }
   if (!mHitRecordFreeable) remote.Abandon();
@@ -60,8 +59,9 @@ Text ListViewReader::ListViewItemText(WindowHandle window, std::int32_t item, st
     const int pointerBytes = seam_.memory.PointerBytes(process);
     ItemRecord record(item, text.Address(), kLabelBytes, pointerBytes);
     RemoteBlock remote(seam_.memory, process, record.Bytes().size());
-    if (remote.Write(record.Bytes()))
-      std::ignore = seam_.messages.Send(window, kLvmGetItemA, 0, remote.Address());
+    text.Lend(window);
+    if (remote.Write(record.Bytes()) && !remote.Ask(seam_.messages, window, kLvmGetItemA)) return {};
+    text.TakeBack();
     std::ignore = text.Read(label);  // a process that is gone leaves blanks
   }
   return Text(UpToNul(seam_.ansi.ToText(label)));
@@ -91,8 +91,8 @@ void ListViewReader::SetHolderAsPrefix(WindowHandle window) {
   WindowHandle holder = window;
   for (int round = 0; round < kMostHolders; ++round) {
     holder = seam_.windows.ParentOf(holder);
-    if (holder == desktop_.mDesktopListView) return;
-    const Text title = titles_.GetWindowTitle(holder);
+    if (holder == desktopWindows_.mDesktopListView) return;
+    const Text title = windowTitle_.GetWindowTitle(holder);
     if (IsBlank(title)) continue;
     return speaker_.SetSpeechPrefix(Text(Trimmed(title)).append(u", "));
   }
@@ -101,9 +101,9 @@ void ListViewReader::SetHolderAsPrefix(WindowHandle window) {
 void ListViewReader::PlayIconSounds(const ListViewHit& hit) {
   const bool onItem = (hit.flags & (kHitIcon | kHitLabel)) != 0;
   if (!onItem) {
-    if (mWasOnIcon) sounds_.PlayEarcon(u"OffIcon");
+    if (mWasOnIcon) eventSounds_.PlayEarcon(u"OffIcon");
   } else if (hit.item != mLastIconItem || !mWasOnIcon) {
-    sounds_.PlayEarcon(u"NewIcon");
+    eventSounds_.PlayEarcon(u"NewIcon");
     mLastIconItem = hit.item;
   }
   mWasOnIcon = onItem;

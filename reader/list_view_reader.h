@@ -26,14 +26,14 @@ class ListViewReader {
     AnsiCodePage& ansi;
   };
 
-  ListViewReader(const Seam& seam, Speaker& speaker, EventSounds& sounds, const DesktopWindows& desktop,
-                 ObjectSpeech& objectSpeech, WindowTitle& titles)
+  ListViewReader(const Seam& seam, Speaker& speaker, EventSounds& eventSounds,
+                 const DesktopWindows& desktopWindows, ObjectSpeech& objectSpeech, WindowTitle& windowTitle)
       : seam_(seam),
         speaker_(speaker),
-        sounds_(sounds),
-        desktop_(desktop),
+        eventSounds_(eventSounds),
+        desktopWindows_(desktopWindows),
         objectSpeech_(objectSpeech),
-        titles_(titles) {}
+        windowTitle_(windowTitle) {}
 
   void ReadListView(const Spot& spot);
 
@@ -44,10 +44,10 @@ class ListViewReader {
  private:
   Seam seam_;
   Speaker& speaker_;
-  EventSounds& sounds_;
-  const DesktopWindows& desktop_;
+  EventSounds& eventSounds_;
+  const DesktopWindows& desktopWindows_;
   ObjectSpeech& objectSpeech_;
-  WindowTitle& titles_;
+  WindowTitle& windowTitle_;
 
   bool mHitRecordFreeable = false;  // the first record of a run stays in its process
   std::int32_t mLastIconItem = 0;   // for which "NewIcon" sounded last

@@ -27,17 +27,18 @@ void ObjectDescriber::DescribeObjectUnderPointer(Point pointer) {
 void ObjectDescriber::Describe(Point pointer) {
   const WindowHandle window = seam_.windows.WindowAt(pointer);
   const Text className = seam_.windows.ClassOf(window, kClassLimit).value_or(Text());
-  parts_.learning.LogClass(className);
-  const bool mIsBadQueryClass = parts_.learning.IsBadQueryClass(className);
-  const bool mIsBadClass = !mIsBadQueryClass && parts_.learning.IsBadClass(className);
+  parts_.crashLearning.LogClass(className);
+  const bool mIsBadQueryClass = parts_.crashLearning.IsBadQueryClass(className);
+  const bool mIsBadClass = !mIsBadQueryClass && parts_.crashLearning.IsBadClass(className);
   const WindowHandle mPreviousWindow = std::exchange(last_.mLastWindow, window);
-  last_.mWasOverDesktop = std::exchange(last_.mOverDesktop, window == readers_.desktop.mDesktopListView);
+  last_.mWasOverDesktop =
+      std::exchange(last_.mOverDesktop, window == readers_.desktopWindows.mDesktopListView);
   last_.mOfficialClassName = className;
   parts_.keys.ReadForDescription();
   parts_.speaker.SetSubject(className);
   if (mIsBadQueryClass) return parts_.speaker.SpeakText(className);
 
-  parts_.learning.LogQueryOf(className);
+  parts_.crashLearning.LogQueryOf(className);
   const Spot spot{.point = pointer,
                   .window = window,
                   .className = className,
@@ -45,11 +46,11 @@ void ObjectDescriber::Describe(Point pointer) {
                   .overDesktop = last_.mOverDesktop,
                   .wasOverDesktop = last_.mWasOverDesktop,
                   .previousWindow = mPreviousWindow,
-                  .texts = readers_.query.QueryAccessibleObject(pointer, className)};
+                  .texts = readers_.accessibilityQuery.QueryAccessibleObject(pointer, className)};
   RememberQuery(spot);
   if (mIsBadClass) return parts_.speaker.SpeakText(spot.texts.maccText);
-  if (parts_.report.IsArmed()) {
-    parts_.report.ReportIfAsked(CrashReportText(spot));
+  if (parts_.crashReport.IsArmed()) {
+    parts_.crashReport.ReportIfAsked(CrashReportText(spot));
     // A tick that came while the report was spoken may have described another object.
     return parts_.speaker.SpeakText(last_.maccText);
   }
@@ -71,7 +72,7 @@ void ObjectDescriber::RememberQuery(const Spot& spot) {
   last_.maccText = spot.texts.maccText;
   last_.mTopWindowName.clear();
   if (Contains(spot.texts.maccRole, u"ditable")) last_.mSpareText.clear();
-  if (!seam_.accessibility.QueryStillOut(spot.window)) parts_.learning.LogClass(spot.className);
+  if (!seam_.accessibility.QueryPending(spot.window)) parts_.crashLearning.LogClass(spot.className);
 }
 
 void ObjectDescriber::AnnounceTopWindow(const Spot& spot, TextView topName) {
@@ -88,7 +89,7 @@ void ObjectDescriber::AnnounceTopWindow(const Spot& spot, TextView topName) {
 bool ObjectDescriber::EnterWindow(WindowHandle window) {
   if (window == last_.mLastDescribedWindow) return false;
   readers_.editWords.MarkNewWindow();
-  parts_.sounds.PlayEarcon(u"NewWindow");
+  parts_.eventSounds.PlayEarcon(u"NewWindow");
   last_.mLastDescribedWindow = window;
   return true;
 }
@@ -97,20 +98,20 @@ bool ObjectDescriber::EnterWindow(WindowHandle window) {
 bool ObjectDescriber::ReadMenuStep(const Spot& spot, TextView className) {
   const bool menuClass = Contains(className, u"menu");
   const bool commandBar = !menuClass && Contains(className, u"commandbar");
-  return readers_.menus.ReadMenu(spot, commandBar) && !menuClass;
+  return readers_.menuReader.ReadMenu(spot, commandBar) && !menuClass;
 }
 
 void ObjectDescriber::ReadControlStep(const Spot& spot) {
   switch (ReaderFor(spot.lowerClassName)) {
-    case Reader::kListView: last_.mListViewRead = true; return readers_.listViews.ReadListView(spot);
-    case Reader::kListBox: return readers_.listBoxes.ReadListBox(spot);
-    case Reader::kAccessibleControl: return readers_.controls.ReadAccessibleControl(spot);
-    case Reader::kComboBox: return readers_.controls.ReadComboBox(spot);
-    case Reader::kTreeView: return readers_.controls.ReadTreeView(spot);
-    case Reader::kRichEdit: last_.maccText = readers_.edits.ReadRichEdit(spot); return;
-    case Reader::kEditControl: return readers_.edits.ReadEditControl(spot);
-    case Reader::kButton: return readers_.controls.ReadButton(spot);
-    case Reader::kStaticControl: return readers_.controls.ReadStaticControl(spot);
+    case Reader::kListView: last_.mListViewRead = true; return readers_.listViewReader.ReadListView(spot);
+    case Reader::kListBox: return readers_.listBoxReader.ReadListBox(spot);
+    case Reader::kAccessibleControl: return readers_.controlReaders.ReadAccessibleControl(spot);
+    case Reader::kComboBox: return readers_.controlReaders.ReadComboBox(spot);
+    case Reader::kTreeView: return readers_.controlReaders.ReadTreeView(spot);
+    case Reader::kRichEdit: last_.maccText = readers_.editReaders.ReadRichEdit(spot); return;
+    case Reader::kEditControl: return readers_.editReaders.ReadEditControl(spot);
+    case Reader::kButton: return readers_.controlReaders.ReadButton(spot);
+    case Reader::kStaticControl: return readers_.controlReaders.ReadStaticControl(spot);
   }
 }
 

@@ -38,23 +38,23 @@ class ObjectDescriber {
     Keys& keys;
     Pronouncer& pronouncer;
     Speaker& speaker;
-    EventSounds& sounds;
-    CrashLearning& learning;
-    CrashReport& report;
+    EventSounds& eventSounds;
+    CrashLearning& crashLearning;
+    CrashReport& crashReport;
   };
 
   // Everything of this room that a description goes through, in the order in which it does.
   struct Readers {
-    const DesktopWindows& desktop;
-    AccessibilityQuery& query;
+    const DesktopWindows& desktopWindows;
+    AccessibilityQuery& accessibilityQuery;
     TopWindow& topWindow;
     ObjectSpeech& objectSpeech;
     EditWords& editWords;
-    MenuReader& menus;
-    ControlReaders& controls;
-    ListBoxReader& listBoxes;
-    ListViewReader& listViews;
-    EditReaders& edits;
+    MenuReader& menuReader;
+    ControlReaders& controlReaders;
+    ListBoxReader& listBoxReader;
+    ListViewReader& listViewReader;
+    EditReaders& editReaders;
   };
 
   ObjectDescriber(const Seam& seam, const Parts& parts, const Readers& readers)

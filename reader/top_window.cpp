@@ -27,7 +27,7 @@ Text TopWindow::NameAbove(WindowHandle window) {
 }
 
 bool TopWindow::IsDesktops(WindowHandle window) const {
-  return window == desktop_.mDesktopListView || window == desktop_.mDesktopView;
+  return window == desktopWindows_.mDesktopListView || window == desktopWindows_.mDesktopView;
 }
 
 Text TopWindow::ClassOf(WindowHandle window) {
@@ -37,7 +37,7 @@ Text TopWindow::ClassOf(WindowHandle window) {
 Text TopWindow::NameBelowDesktop(WindowHandle window) {
   const Text className = ClassOf(window);
   if (ContainsInLowerCase(className, kTaskBarClass)) return Text(kTaskBar);
-  const Text title = titles_.GetWindowTitle(window);
+  const Text title = windowTitle_.GetWindowTitle(window);
   return Text(IsBlank(title) ? Trimmed(className) : Trimmed(title));
 }
 

@@ -11,8 +11,8 @@ namespace pointalk {
 
 class TopWindow {
  public:
-  TopWindow(WindowTree& windows, const DesktopWindows& desktop, WindowTitle& titles)
-      : windows_(windows), desktop_(desktop), titles_(titles) {}
+  TopWindow(WindowTree& windows, const DesktopWindows& desktopWindows, WindowTitle& windowTitle)
+      : windows_(windows), desktopWindows_(desktopWindows), windowTitle_(windowTitle) {}
 
   // "TaskBar" for the task bar; else the title or class of the window right below the desktop's own ones;
   // empty for every window that does not hang below those.
@@ -20,8 +20,8 @@ class TopWindow {
 
  private:
   WindowTree& windows_;
-  const DesktopWindows& desktop_;
-  WindowTitle& titles_;
+  const DesktopWindows& desktopWindows_;
+  WindowTitle& windowTitle_;
 
   bool IsDesktops(WindowHandle window) const;
   Text ClassOf(WindowHandle window);

@@ -10,20 +10,20 @@ constexpr TextView kValueData = u"Pointalk.exe";  // no folder: Windows finds it
 }  // namespace
 
 void AutoStart::mnuProgramMakeAutoStart_Click() {
-  registry_.WriteRegistry(kRunKey, kValueName, Text(kValueData));
+  registryLayer_.WriteRegistry(kRunKey, kValueName, Text(kValueData));
   spokenDialogs_.TellSpoken(
       u"Now Pointalk will start automatically every time Windows is loaded.\r\n"
       u"To make it NOT start automatically, see the Program menu above.");
-  registry_.ClearError();
+  registryLayer_.ClearError();
 }
 
 void AutoStart::mnuProgramMakeNotAutoStart_Click() {
-  registry_.WriteRegistry(kRunKey, kValueName, Text(kValueData));  // so that there is a value to delete
-  registry_.DeleteRegistry(kRunKey, kValueName);
+  registryLayer_.WriteRegistry(kRunKey, kValueName, Text(kValueData));  // so that there is a value to delete
+  registryLayer_.DeleteRegistry(kRunKey, kValueName);
   spokenDialogs_.TellSpoken(
       u"Now Pointalk will NOT start automatically every time Windows is loaded.\r\n"
       u"To make it start automatically, see the Program menu above.");
-  registry_.ClearError();
+  registryLayer_.ClearError();
 }
 
 }  // namespace pointalk

@@ -8,15 +8,15 @@ namespace pointalk {
 
 class AutoStart {
  public:
-  AutoStart(RegistryLayer& registry, SpokenDialogs& spokenDialogs)
-      : registry_(registry), spokenDialogs_(spokenDialogs) {}
+  AutoStart(RegistryLayer& registryLayer, SpokenDialogs& spokenDialogs)
+      : registryLayer_(registryLayer), spokenDialogs_(spokenDialogs) {}
 
   // Both confirm whether or not the registry let them.
   void mnuProgramMakeAutoStart_Click();
   void mnuProgramMakeNotAutoStart_Click();
 
  private:
-  RegistryLayer& registry_;
+  RegistryLayer& registryLayer_;
   SpokenDialogs& spokenDialogs_;
 };
 

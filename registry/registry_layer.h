@@ -1,5 +1,5 @@
 // Reads, writes and deletes registry keys and values by their paths. No failure stops a caller: what failed
-// stands in the error object until the next operation begins.
+// stands in the error object until a call of the platform that is described there succeeds.
 #pragma once
 
 #include <cstdint>
@@ -22,12 +22,13 @@ struct NamedRegistryValue {
 
 class RegistryLayer {
  public:
-  RegistryLayer(RegistryApi& api, AnsiCodePage& ansi) : api_(api), ansi_(ansi) {}
+  RegistryLayer(RegistryApi& registry, AnsiCodePage& ansi) : registry_(registry), ansi_(ansi) {}
 
   // Makes the key where it is missing. A value that does not fit the type is not written.
   void WriteRegistry(TextView path, TextView name, const Variant& value, std::uint32_t type = kChooseType);
 
-  // Without a name the key's default value; empty when there is none.
+  // Without a name the key's default value; empty when there is none. The error object tells how the key
+  // opened, and nothing of the value.
   Variant ReadRegistry(TextView path, TextView name = {});  // Kept: nothing reads it.
 
   // Deletes a value.
@@ -44,16 +45,16 @@ class RegistryLayer {
   void ClearError() { error_.Clear(); }
 
  private:
-  RegistryApi& api_;
+  RegistryApi& registry_;
   AnsiCodePage& ansi_;
 
   RegistryError error_;
 
   RegistryKey OpenPath(TextView path);
-  RegistryKey OpenKey(RegistryKey parent, TextView subKey);
+  // The key that was opened, or 0; the error object tells how it went.
+  RegistryKey Described(RegistryOpening opening);
   bool DeleteTree(RegistryKey parent, TextView subKey, int level);
   std::vector<Text> SubKeyNames(RegistryKey key);
-  RegistryValueData QueryData(RegistryKey key, TextView name);
 };
 
 }  // namespace pointalk

@@ -13,27 +13,27 @@ constexpr TextView kNoDeviceText =
 }  // namespace
 
 void MidiSwitch::OpenMidiOut() {
-  if (!port_.HasDevice() && !mMidiPromptShown) {
+  if (!midiPort_.HasDevice() && !mMidiPromptShown) {
     if (!WantsToRunWithoutMidi()) system_.EndProgram();
     mMidiPromptShown = true;
     return;
   }
-  if (port_.Open() || mMidiPromptShown) return;
+  if (midiPort_.Open() || mMidiPromptShown) return;
   if (!WantsToRunWithoutMidi()) {
-    port_.SilenceAll();
+    midiPort_.SilenceAll();
     system_.EndProgram();
   }
   mMidiPromptShown = true;
 }
 
 void MidiSwitch::mnuMidiOnOff_Click() {
-  port_.SwitchMidi(!port_.MidiOn());
+  midiPort_.SwitchMidi(!midiPort_.MidiOn());
   // The mark and the switch are turned each on its own.
   panel_.SetMenuChecked(u"mnuMidiOnOff", !panel_.MenuChecked(u"mnuMidiOnOff"));
-  if (port_.MidiOn()) {
+  if (midiPort_.MidiOn()) {
     OpenMidiOut();
   } else {
-    port_.CloseMidiOut();
+    midiPort_.CloseMidiOut();
   }
 }
 

@@ -10,8 +10,8 @@ namespace pointalk {
 
 class MidiSwitch {
  public:
-  MidiSwitch(Panel& panel, System& system, SpokenDialogs& spokenDialogs, MidiPort& port)
-      : panel_(panel), system_(system), spokenDialogs_(spokenDialogs), port_(port) {}
+  MidiSwitch(Panel& panel, System& system, SpokenDialogs& spokenDialogs, MidiPort& midiPort)
+      : panel_(panel), system_(system), spokenDialogs_(spokenDialogs), midiPort_(midiPort) {}
 
   // Opens the port. The first time that it cannot be had, the user is asked whether to go on without; any
   // answer but Yes ends the program.
@@ -23,7 +23,7 @@ class MidiSwitch {
   Panel& panel_;
   System& system_;
   SpokenDialogs& spokenDialogs_;
-  MidiPort& port_;
+  MidiPort& midiPort_;
 
   bool mMidiPromptShown = false;  // the question was answered with Yes; failures are silent from then on
 

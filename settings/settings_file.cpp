@@ -36,8 +36,8 @@ void SettingsFile::WriteSettings() {
   values.melodyFormat = tones.mMelodyFormat;
   values.instrumentPreset = choices_.mInstrumentPreset;
   values.keyboardScaling = double{tones.mKeyboardScaling} * kScalingWritten;
-  values.instrument13 = port_.ChannelProgram(kHigherToneChannel);
-  values.instrument14 = port_.ChannelProgram(kLowerToneChannel);
+  values.instrument13 = midiPort_.ChannelProgram(kHigherToneChannel);
+  values.instrument14 = midiPort_.ChannelProgram(kLowerToneChannel);
   values.standAlone = choices_.mStandAlone;
   std::ignore = files_.Write(kPath, SettingsText(values));  // where it fails the old settings stay
 }
@@ -95,7 +95,7 @@ void SettingsFile::ApplyToTones(SettingKey key, double number) {
 }
 
 void SettingsFile::TakeInstrument(int channel, double number) {
-  if (const auto instrument = RoundedToInt32(number)) port_.PresetChannelProgram(channel, *instrument);
+  if (const auto instrument = RoundedToInt32(number)) midiPort_.PresetChannelProgram(channel, *instrument);
 }
 
 }  // namespace pointalk

@@ -14,8 +14,8 @@ namespace pointalk {
 
 class SettingsFile {
  public:
-  SettingsFile(Files& files, Engine& engine, MidiPort& port, PositionTones& positionTones)
-      : files_(files), engine_(engine), port_(port), positionTones_(positionTones) {}
+  SettingsFile(Files& files, Engine& engine, MidiPort& midiPort, PositionTones& positionTones)
+      : files_(files), engine_(engine), midiPort_(midiPort), positionTones_(positionTones) {}
 
   // The choices are read, changed and given back as one value.
   const UserChoices& Choices() const { return choices_; }
@@ -37,7 +37,7 @@ class SettingsFile {
  private:
   Files& files_;
   Engine& engine_;
-  MidiPort& port_;
+  MidiPort& midiPort_;
   PositionTones& positionTones_;
 
   UserChoices choices_;

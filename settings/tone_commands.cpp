@@ -47,24 +47,24 @@ std::optional<std::int32_t> Choice(TextView answer, std::int32_t last) {
 void ToneCommands::SetFirstTones() {
   UseFormat(kFirstFormat);
   UsePreset(kFirstPreset);
-  port_.PresetChannelProgram(kHigherToneChannel, kFirstInstrument);
-  port_.PresetChannelProgram(kLowerToneChannel, kFirstInstrument);
+  midiPort_.PresetChannelProgram(kHigherToneChannel, kFirstInstrument);
+  midiPort_.PresetChannelProgram(kLowerToneChannel, kFirstInstrument);
 }
 
 void ToneCommands::CloseTones() {
-  port_.StopPositionTones();
-  port_.CloseMidiOut();
+  midiPort_.StopPositionTones();
+  midiPort_.CloseMidiOut();
 }
 
 void ToneCommands::SaveAndReopen() {
-  file_.WriteSettings();
+  settingsFile_.WriteSettings();
   midiSwitch_.OpenMidiOut();
 }
 
 void ToneCommands::UsePreset(std::int32_t number) {
-  UserChoices choices = file_.Choices();
+  UserChoices choices = settingsFile_.Choices();
   choices.mInstrumentPreset = number;
-  file_.Use(choices);
+  settingsFile_.Use(choices);
 }
 
 void ToneCommands::UseFormat(std::int32_t format) {
@@ -88,10 +88,10 @@ void ToneCommands::ChangeVerticalInstrument() {
 void ToneCommands::ChangeInstrument(int channel, TextView title, TextView prompt) {
   const TimerPause quiet(panel_, TimerPause::Then::kOn);
   CloseTones();
-  const Text present = WholeNumberText(port_.ChannelProgram(channel));
+  const Text present = WholeNumberText(midiPort_.ChannelProgram(channel));
   const auto number = RoundedToInt32(ReadNumber(spokenDialogs_.AskSpokenNumber(prompt, title, present)));
   if (number && *number > 0) {
-    port_.SetChannelProgram(channel, *number);  // which takes none above 255
+    midiPort_.SetChannelProgram(channel, *number);  // which takes none above 255
     UsePreset(0);
   }
   SaveAndReopen();
@@ -100,13 +100,13 @@ void ToneCommands::ChangeInstrument(int channel, TextView title, TextView prompt
 void ToneCommands::cmdMouseInstrumentPreset_Click() {
   const TimerPause quiet(panel_, TimerPause::Then::kOn);
   CloseTones();
-  const Text present = WholeNumberText(file_.Choices().mInstrumentPreset);
+  const Text present = WholeNumberText(settingsFile_.Choices().mInstrumentPreset);
   const Text answer = spokenDialogs_.AskSpokenNumber(u"Please select a Mouse Instument Preset (1 thru 8)",
                                                      Text(kPresentNumber) + present, present);
   if (const auto number = Choice(answer, static_cast<std::int32_t>(kPresets.size()))) {
     const Preset& preset = kPresets[static_cast<std::size_t>(*number) - 1];
-    port_.SetChannelProgram(kLowerToneChannel, preset.lower);
-    port_.SetChannelProgram(kHigherToneChannel, preset.higher);
+    midiPort_.SetChannelProgram(kLowerToneChannel, preset.lower);
+    midiPort_.SetChannelProgram(kHigherToneChannel, preset.higher);
     UsePreset(*number);
   }
   SaveAndReopen();
@@ -138,16 +138,16 @@ void ToneCommands::ChangeToneVolume(std::int32_t ToneSettings::*volume, TextView
   ToneSettings tones = positionTones_.Settings();
   tones.*volume = *percent;
   positionTones_.Use(tones);
-  file_.WriteSettings();
+  settingsFile_.WriteSettings();
 }
 
 void ToneCommands::mnuMidiDingVolume_Click() {
-  const auto percent = AskVolume(file_.Choices().mDingVolume, u"Ding Volume");
+  const auto percent = AskVolume(settingsFile_.Choices().mDingVolume, u"Ding Volume");
   if (!percent) return;
-  UserChoices choices = file_.Choices();
+  UserChoices choices = settingsFile_.Choices();
   choices.mDingVolume = *percent;
-  file_.Use(choices);
-  file_.WriteSettings();
+  settingsFile_.Use(choices);
+  settingsFile_.WriteSettings();
 }
 
 void ToneCommands::mnuMidiKeyboardScaling_Click() {
@@ -158,7 +158,7 @@ void ToneCommands::mnuMidiKeyboardScaling_Click() {
   ToneSettings tones = positionTones_.Settings();
   tones.mKeyboardScaling = static_cast<float>(*percent / 100.0);
   positionTones_.Use(tones);
-  file_.WriteSettings();
+  settingsFile_.WriteSettings();
 }
 
 std::optional<std::int32_t> ToneCommands::AskVolume(std::int32_t present, TextView name) {
@@ -166,7 +166,7 @@ std::optional<std::int32_t> ToneCommands::AskVolume(std::int32_t present, TextVi
 }
 
 std::optional<std::int32_t> ToneCommands::AskPercent(TextView present, TextView amount, TextView name) {
-  port_.StopPositionTones();
+  midiPort_.StopPositionTones();
   Text prompt(amount);
   prompt.append(u" is now ").append(present).append(u" percent.  Please enter the New value for ");
   prompt.append(name).append(u".");

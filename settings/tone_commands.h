@@ -15,13 +15,13 @@ namespace pointalk {
 
 class ToneCommands {
  public:
-  ToneCommands(Panel& panel, SpokenDialogs& spokenDialogs, MidiPort& port, PositionTones& positionTones,
-               SettingsFile& file, MidiSwitch& midiSwitch)
+  ToneCommands(Panel& panel, SpokenDialogs& spokenDialogs, MidiPort& midiPort, PositionTones& positionTones,
+               SettingsFile& settingsFile, MidiSwitch& midiSwitch)
       : panel_(panel),
         spokenDialogs_(spokenDialogs),
-        port_(port),
+        midiPort_(midiPort),
         positionTones_(positionTones),
-        file_(file),
+        settingsFile_(settingsFile),
         midiSwitch_(midiSwitch) {}
 
   // What start-up sets before the file is read.
@@ -39,9 +39,9 @@ class ToneCommands {
  private:
   Panel& panel_;
   SpokenDialogs& spokenDialogs_;
-  MidiPort& port_;
+  MidiPort& midiPort_;
   PositionTones& positionTones_;
-  SettingsFile& file_;
+  SettingsFile& settingsFile_;
   MidiSwitch& midiSwitch_;
 
   // The port is closed, and the timer off, while an instrument, a preset or a format is asked for.

@@ -29,14 +29,14 @@ void Voices::ChooseEngine() {
 }
 
 void Voices::ChooseBetweenBoth() {
-  file_.ReadSapiSelection();
+  settingsFile_.ReadSapiSelection();
   if (engine_.Version() != 0) return;
   do {
     AskForEngine();
   } while (!engine_.IsChosen());
-  UserChoices choices = file_.Choices();
+  UserChoices choices = settingsFile_.Choices();
   choices.mSapiSelection = engine_.Version();
-  file_.Use(choices);
+  settingsFile_.Use(choices);
   // Said while the SAPI 5 voice is still in use, whichever was chosen.
   spokenDialogs_.TellSpoken(
       u"I will remember this setting. To clear it so you can choose sapi version next time, select Clear "
@@ -58,7 +58,7 @@ void Voices::AskForEngine() {
 
 void Voices::SetUpVoice() {
   FindNamedVoices();
-  file_.ApplyVoice(kFirstRate);
+  settingsFile_.ApplyVoice(kFirstRate);
 }
 
 void Voices::FindNamedVoices() {
@@ -81,13 +81,13 @@ void Voices::cmdVoiceMike_Click() { UseVoice({mMikeVoiceIndex, 1, 1}, u"Voice is
 void Voices::cmdVoiceSam_Click() { UseVoice({mSamVoiceIndex, 2, 2}, u"Voice is now Sam."); }
 
 void Voices::UseVoice(const NamedVoice& voice, TextView confirmation) {
-  port_.StopPositionTones();
-  UserChoices choices = file_.Choices();
+  midiPort_.StopPositionTones();
+  UserChoices choices = settingsFile_.Choices();
   choices.mVoiceSelection = engine_.Calls().UseVoice(voice);
-  file_.Use(choices);
+  settingsFile_.Use(choices);
   seam_.panel.LetMessagesRun();
   speaker_.SpeakAndWait(confirmation);
-  file_.WriteSettings();
+  settingsFile_.WriteSettings();
 }
 
 void Voices::cmdSpeedUpVoice_Click() { ChangeSpeed(1, u"speeding up voice"); }
@@ -97,23 +97,23 @@ void Voices::ChangeSpeed(int direction, TextView confirmation) {
   engine_.Calls().ChangeSpeed(direction);
   seam_.panel.LetMessagesRun();
   speaker_.SpeakText(confirmation);
-  file_.WriteSettings();
+  settingsFile_.WriteSettings();
   clicks_.Forget();
 }
 
 void Voices::mnuVoiceVolume_Click() {
-  port_.StopPositionTones();
-  const Text present = WholeNumberText(file_.Choices().mVoiceVolume);
+  midiPort_.StopPositionTones();
+  const Text present = WholeNumberText(settingsFile_.Choices().mVoiceVolume);
   const Text answer = spokenDialogs_.AskSpokenNumber(
       u"Voice Volume is now " + present + u" percent.  Please enter the New value for Voice Volume.",
       u"InputBox", present);
   const auto volume = PercentAnswer(answer);
   if (!volume) return;
   engine_.Calls().SetVolume(*volume);
-  UserChoices choices = file_.Choices();
+  UserChoices choices = settingsFile_.Choices();
   choices.mVoiceVolume = *volume;
-  file_.Use(choices);
-  file_.WriteSettings();
+  settingsFile_.Use(choices);
+  settingsFile_.WriteSettings();
 }
 
 void Voices::mnuVoiceMute_Click() {
@@ -123,9 +123,9 @@ void Voices::mnuVoiceMute_Click() {
 }
 
 void Voices::mnuVoiceClearSapiVersion_Click() {
-  UserChoices choices = file_.Choices();
+  UserChoices choices = settingsFile_.Choices();
   choices.mSapiSelection = 0;
-  file_.Use(choices);
+  settingsFile_.Use(choices);
   spokenDialogs_.TellSpoken(
       u"Next time you start Pointalk, if you have both sapi 4 and sapi 5 then you will get to choose which "
       u"version of Sapi to use.");

@@ -26,14 +26,14 @@ class Voices {
   };
 
   Voices(const Seam& seam, Clicks& clicks, Engine& engine, Speaker& speaker, SpokenDialogs& spokenDialogs,
-         MidiPort& port, SettingsFile& file)
+         MidiPort& midiPort, SettingsFile& settingsFile)
       : seam_(seam),
         clicks_(clicks),
         engine_(engine),
         speaker_(speaker),
         spokenDialogs_(spokenDialogs),
-        port_(port),
-        file_(file) {}
+        midiPort_(midiPort),
+        settingsFile_(settingsFile) {}
 
   // Finds out which engines there are, has the user choose between two, and keeps one. Without any the
   // program says so and ends.
@@ -57,8 +57,8 @@ class Voices {
   Engine& engine_;
   Speaker& speaker_;
   SpokenDialogs& spokenDialogs_;
-  MidiPort& port_;
-  SettingsFile& file_;
+  MidiPort& midiPort_;
+  SettingsFile& settingsFile_;
 
   std::int32_t mMaryVoiceIndex = 0;  // places in the SAPI 5 engine's list
   std::int32_t mMikeVoiceIndex = 0;

@@ -13,7 +13,8 @@ std::optional<AccessibleFacts> SimAccessibility::ObjectAt(Point screen) {
   });
   if (object == objects.rend() || object->fails) return std::nullopt;
   if (object->kills) machine_.LeaveProgram(true);
-  AccessibleFacts facts{object->name, std::nullopt, object->description, object->value};
+  AccessibleFacts facts{object->name, std::nullopt, object->description, std::nullopt};
+  if (!object->isProtected) facts.value = object->value;
   if (object->role) facts.role = RoleNumber(*object->role);
   return facts;
 }

@@ -13,7 +13,7 @@ class SimAccessibility final : public Accessibility {
   explicit SimAccessibility(Machine& machine) : machine_(machine), roles_{machine.setup.roleZero} {}
 
   std::optional<AccessibleFacts> ObjectAt(Point screen) override;
-  bool QueryStillOut(WindowHandle) override { return false; }
+  bool QueryPending(WindowHandle) override { return false; }
   Text RoleText(std::int32_t role, int capacity) override;
 
  private:

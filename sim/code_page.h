@@ -1,4 +1,4 @@
-// The simulated machine's ANSI code page, Windows-1252. The five bytes that it leaves open stand for the
+// The simulated machine's ANSI code page, Windows-1252. The five bytes that it leaves undefined stand for the
 // control characters of the same number.
 #pragma once
 

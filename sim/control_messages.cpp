@@ -52,9 +52,14 @@ const Window* SimControlMessages::Answering(WindowHandle handle) const {
   return window == nullptr || window->hung ? nullptr : window;
 }
 
+const Window* SimControlMessages::TellingItsText(WindowHandle handle) const {
+  const Window* const window = Answering(handle);
+  return window == nullptr || window->HoldsPassword() ? nullptr : window;
+}
+
 std::optional<std::int32_t> SimControlMessages::Send(WindowHandle handle, std::uint32_t message,
                                                      std::uint64_t wParam, std::uint64_t lParam) {
-  const Window* const window = Answering(handle);
+  const Window* const window = message == kGetTextLength ? TellingItsText(handle) : Answering(handle);
   if (window == nullptr) return std::nullopt;
   const auto wParam32 = static_cast<std::uint32_t>(wParam);
   const auto lParam32 = static_cast<std::uint32_t>(lParam);
@@ -127,14 +132,14 @@ std::int32_t SimControlMessages::CharacterFromRemotePoint(const Edit& edit, Proc
 }
 
 std::optional<Text> SimControlMessages::WindowText(WindowHandle handle, std::int32_t capacity) {
-  const Window* const window = Answering(handle);
+  const Window* const window = TellingItsText(handle);
   if (window == nullptr) return std::nullopt;
   return FittingBuffer(window->title, capacity);
 }
 
 std::optional<Text> SimControlMessages::EditLine(WindowHandle handle, std::int32_t line,
                                                  std::int32_t capacity) {
-  const Window* const window = Answering(handle);
+  const Window* const window = TellingItsText(handle);
   if (window == nullptr) return std::nullopt;
   const auto& edit = window->edit ? window->edit : window->richEdit;
   if (!edit || capacity <= 0) return Text();

@@ -21,6 +21,9 @@ class SimControlMessages final : public ControlMessages {
   // The window when it answers messages, else null.
   const Window* Answering(WindowHandle handle) const;
 
+  // The same, null also for a password field.
+  const Window* TellingItsText(WindowHandle handle) const;
+
   std::int32_t AskListBox(const ListBox& box, std::uint32_t message, std::uint32_t wParam,
                           std::uint32_t lParam);
   std::int32_t AskEdit(const Edit& edit, std::uint32_t message, std::uint32_t wParam);

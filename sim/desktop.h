@@ -27,10 +27,10 @@ class Desktop {
   // Windows and objects from the lowest to the topmost; the windows' ids are all different.
   Desktop(const std::vector<WindowFields>& windows, std::vector<AccessibleObject> accessibleObjects);
 
-  // Gives the window with that id, which is there, the values that the fields hold.
+  // Applies the fields to the window with their id, which must exist.
   void Change(const WindowFields& fields);
 
-  std::span<const Window> windows() const { return windows_; }
+  std::span<const Window> Windows() const { return windows_; }
 
   // Null when there is none, and for 0.
   const Window* Find(WindowHandle id) const;

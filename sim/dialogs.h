@@ -6,7 +6,8 @@
 
 namespace pointalk::sim {
 
-// Both throw ScriptError where the next answer is not one for their kind, and where a step asks without end.
+// Both throw ScriptError where the next answer is one for the other kind of dialog, and where a step asks
+// without end.
 class SimDialogs final : public Dialogs {
  public:
   explicit SimDialogs(Machine& machine) : machine_(machine) {}

@@ -5,7 +5,8 @@
 
 namespace pointalk::sim {
 
-Edit::Edit(Text text, Layout layout, TextView lineEnd) : text_(std::move(text)), layout_(layout) {
+Edit::Edit(Text text, Layout layout, TextView lineEnd, Reading reading)
+    : text_(std::move(text)), layout_(layout), reading_(reading) {
   for (std::size_t start = 0;;) {
     const std::size_t end = std::min(text_.find(lineEnd, start), text_.size());
     lines_.push_back({static_cast<std::int32_t>(start), static_cast<std::int32_t>(end - start)});

@@ -23,8 +23,13 @@ class Edit {
     std::int32_t lineHeight = 16;  // pixels
   };
 
+  // Who may know the text: everybody who asks, or only who types it.
+  enum class Reading { kOpen, kPassword };
+
   // The text as the code page has it; lineEnd parts its lines.
-  Edit(Text text, Layout layout, TextView lineEnd);
+  Edit(Text text, Layout layout, TextView lineEnd, Reading reading = Reading::kOpen);
+
+  bool HoldsPassword() const { return reading_ == Reading::kPassword; }
 
   // The character nearest to a client point; no value in an empty text.
   std::optional<Place> CharacterFromPoint(Point client) const;
@@ -47,6 +52,7 @@ class Edit {
 
   Text text_;
   Layout layout_;
+  Reading reading_;
   std::vector<Span> lines_;  // never empty
 };
 

@@ -13,6 +13,7 @@ class SimFiles final : public Files {
   bool Exists(FilePath path) override;
   std::optional<Text> Read(FilePath path) override;
   bool Write(FilePath path, TextView text) override;
+  bool WriteLog(FilePath path, TextView text) override { return Write(path, text); }
   bool Append(FilePath path, TextView text) override;
 
  private:

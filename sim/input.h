@@ -16,7 +16,7 @@ class SimInput final : public Input {
   bool ReportMouse(bool on) override;
 
   // True while the form wants the hook's reports.
-  bool reportsMouse() const { return reportsMouse_; }
+  bool ReportsMouse() const { return reportsMouse_; }
 
  private:
   Machine& machine_;

@@ -34,56 +34,57 @@ std::string ReasonOf(std::string message) {
   return message;
 }
 
-class TreeBuilder {
+class TreeBuilder final : public nlohmann::json_sax<nlohmann::json> {
  public:
   explicit TreeBuilder(std::string_view source) : source_(source) {}
 
   Json Take() { return std::move(root_); }
 
-  bool null() {
+  bool null() override {
     Add(Json::Kind::kNull);
     return true;
   }
 
-  bool boolean(bool value) {
+  bool boolean(bool value) override {
     Add(Json::Kind::kBoolean).boolean = value;
     return true;
   }
 
   // A zero comes here only as "-0".
-  bool number_integer(std::int64_t value) {
+  bool number_integer(std::int64_t value) override {
     return number_float(static_cast<double>(value), value == 0 ? "-0" : std::to_string(value));
   }
 
-  bool number_unsigned(std::uint64_t value) {
+  bool number_unsigned(std::uint64_t value) override {
     return number_float(static_cast<double>(value), std::to_string(value));
   }
 
-  bool number_float(double value, const std::string& literal) {
+  bool number_float(double value, const std::string& literal) override {
     Json& number = Add(Json::Kind::kNumber);
     number.number = value;
     number.text = literal;
     return true;
   }
 
-  bool string(std::string& value) {
+  bool string(std::string& value) override {
     Add(Json::Kind::kText).text = std::move(value);
     return true;
   }
 
-  bool binary(nlohmann::json::binary_t&) { return false; }  // not in a text
+  bool binary(nlohmann::json::binary_t&) override { return false; }  // not in a text
 
-  bool start_object(std::size_t) { return Open(Json::Kind::kObject); }
-  bool start_array(std::size_t) { return Open(Json::Kind::kList); }
-  bool end_object() { return Close(); }
-  bool end_array() { return Close(); }
+  bool start_object(std::size_t) override { return Open(Json::Kind::kObject); }
+  bool start_array(std::size_t) override { return Open(Json::Kind::kList); }
+  bool end_object() override { return Close(); }
+  bool end_array() override { return Close(); }
 
-  bool key(std::string& name) {
+  bool key(std::string& name) override {
     open_.back()->keys.push_back(std::move(name));
     return true;
   }
 
-  bool parse_error(std::size_t position, const std::string&, const nlohmann::detail::exception& error) {
+  bool parse_error(std::size_t position, const std::string&,
+                   const nlohmann::detail::exception& error) override {
     throw ScriptError{LineAndColumn(source_, position > 0 ? position - 1 : 0) + ": " +
                       ReasonOf(error.what())};
   }
@@ -100,8 +101,7 @@ class TreeBuilder {
     return true;
   }
 
-  // What lies in an open list or object stays where it is until that is closed: nothing is added beside it
-  // before.
+  // The pointer to an open list or object stays valid: no sibling is added before it is closed.
   Json& Add(Json::Kind kind) {
     Json& json = open_.empty() ? root_ : open_.back()->values.emplace_back();
     json.kind = kind;

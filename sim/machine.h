@@ -14,8 +14,8 @@
 
 namespace pointalk::sim {
 
-// Thrown out of the program's core when the process ends itself or is killed by a question that never
-// returns. No std::exception: the core catches those.
+// Thrown through the program's core when the process ends itself, or is killed by a question that never
+// returns. Not a std::exception, which the core would catch.
 struct ProgramGone {
   bool killed = false;
 };
@@ -26,13 +26,13 @@ struct Key {
 };
 
 struct Machine {
-  // As the script has it at the beginning.
+  // As the script describes it.
   explicit Machine(Script script);
 
   // Lets time pass.
   void Pass(std::int64_t microseconds);
 
-  // Records an effect of the program; one that is gone has none.
+  // Records an effect of the program; once the program has ended there are none.
   template <typename... Parts> void Record(std::string_view what, const Parts&... parts) {
     if (programRuns) transcript.Add(what, parts...);
   }

@@ -15,7 +15,7 @@ MidiOpening SimMidiOut::OpenMapper() {
   return {0, kPort};
 }
 
-// There is one port: which handle names it does not matter.
+// There is one port, so the handle is not looked at.
 bool SimMidiOut::Send(MidiHandle, std::uint32_t message) {
   if (open_) machine_.Record("midi", Hexadecimal{message});
   return open_;

@@ -22,7 +22,7 @@ const std::string& Player::Play() {
       throw;
     }
   }
-  return machine_.transcript.text();
+  return machine_.transcript.Lines();
 }
 
 void Player::CarryOut(const Step& step) {
@@ -30,20 +30,20 @@ void Player::CarryOut(const Step& step) {
   machine_.unansweredQuestions = 0;
   std::visit(
       [this](const auto& action) {
-        if (mouse_ != nullptr || !action.kRunning) Do(action);
+        if (mouse_ != nullptr || !action.kNeedsProgram) Do(action);
       },
       step.action);
 }
 
-template <typename Deed> void Player::Let(Deed deed) {
+template <typename Action> void Player::RunProgram(Action action) {
   try {
-    deed();
+    action();
   } catch (const ProgramGone& gone) {
-    BuryProgram(gone.killed);
+    EndRun(gone.killed);
   }
 }
 
-void Player::BuryProgram(bool killed) {
+void Player::EndRun(bool killed) {
   machine_.programRuns = false;
   mouse_.reset();
   machine_.transcript.Add(killed ? "killed" : "end");
@@ -52,7 +52,7 @@ void Player::BuryProgram(bool killed) {
 void Player::Do(const StartStep&) {
   if (mouse_ != nullptr) throw ScriptError{"starts the program while it runs"};
   platform_ = std::make_unique<SimPlatform>(machine_);
-  Let([this] {
+  RunProgram([this] {
     mouse_ = std::make_unique<Mouse>(front_(platform_->Seam()));
     mouse_->Form_Load();
   });
@@ -62,7 +62,7 @@ void Player::Do(const TickStep& step) {
   constexpr std::int64_t kTickMicroseconds = 30'000;
   for (std::int64_t i = 0; i < step.times && mouse_ != nullptr; ++i) {
     machine_.Pass(kTickMicroseconds);
-    if (platform_->panel.TimerEnabled()) Let([this] { mouse_->Timer1_Timer(); });
+    if (platform_->panel.TimerEnabled()) RunProgram([this] { mouse_->Timer1_Timer(); });
   }
 }
 
@@ -82,15 +82,15 @@ void Player::Do(const ButtonStep& step) {
 void Player::Do(const HookStep& step) { ReportMessage(step.message); }
 
 void Player::ReportMessage(std::int32_t message) {
-  if (platform_->input.reportsMouse()) Let([&] { mouse_->WinHook1_Message(message); });
+  if (platform_->input.ReportsMouse()) RunProgram([&] { mouse_->WinHook1_Message(message); });
 }
 
 void Player::Do(const ChooseStep& step) {
-  Let([&] { (*mouse_.*FindHandler(step.control))(); });
+  RunProgram([&] { (*mouse_.*FindHandler(step.control))(); });
 }
 
 void Player::Do(const ClickStep&) {
-  Let([this] { mouse_->Form_Click(); });
+  RunProgram([this] { mouse_->Form_Click(); });
 }
 
 void Player::Do(const AnswersStep& step) {
@@ -112,13 +112,13 @@ void Player::Do(const FilesStep& step) {
 }
 
 void Player::Do(const CloseStep&) {
-  Let([this] {
+  RunProgram([this] {
     mouse_->Form_Terminate();
     machine_.LeaveProgram(false);
   });
 }
 
-void Player::Do(const KillStep&) { BuryProgram(true); }
+void Player::Do(const KillStep&) { EndRun(true); }
 
 void Player::Do(const ShowStep& step) {
   for (const Shown part : step.parts) Show(part);
@@ -133,7 +133,7 @@ void Player::Show(Shown part) {
     case Shown::kRegistry: ShowRegistry(machine_.setup.registry, transcript); break;
     case Shown::kClipboard: transcript.Add("clipboard", machine_.clipboard); break;
     case Shown::kMemory:
-      transcript.Add("memory", platform_ == nullptr ? 0 : platform_->memory.memory().BlockCount());
+      transcript.Add("memory", platform_ == nullptr ? 0 : platform_->memory.Memory().BlockCount());
       break;
   }
 }

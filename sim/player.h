@@ -17,7 +17,7 @@ namespace pointalk::sim {
 
 class Player {
  public:
-  // Puts something between the program and its platform at every start.
+  // Gives what the program runs on at each start, in place of the platform itself or in front of it.
   using Front = std::function<Platform(const Platform&)>;
 
   explicit Player(
@@ -27,8 +27,8 @@ class Player {
   Player(const Player&) = delete;
   Player& operator=(const Player&) = delete;
 
-  // Carries out every step and gives the transcript. Throws ScriptError for what is wrong with the script and
-  // shows only while it runs.
+  // Carries out every step and gives the transcript. Throws ScriptError for an error of the script that shows
+  // only while it runs.
   const std::string& Play();
 
  private:
@@ -55,9 +55,9 @@ class Player {
   void Show(Shown part);
   void ReportMessage(std::int32_t message);
 
-  // Lets the program do something, which may be its last.
-  template <typename Deed> void Let(Deed deed);
-  void BuryProgram(bool killed);
+  // Runs a part of the program, which may end in it.
+  template <typename Action> void RunProgram(Action action);
+  void EndRun(bool killed);
 
   std::vector<Step> steps_;
   Front front_;

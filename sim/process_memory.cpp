@@ -16,7 +16,7 @@ constexpr RemoteAddress kGranularity = 0x1000;
 RemoteAddress ProcessMemory::Allocate(ProcessId process, std::size_t bytes) {
   if (process == 0 || bytes == 0 || bytes > kEnd - kFirstAddress) return 0;
   RemoteAddress& next = next_.try_emplace(process, kFirstAddress).first->second;
-  // Once through the rest of the addresses, and once more from their beginning.
+  // From where the last search ended to the end of the addresses, then once more from their beginning.
   for (int rounds = 0; rounds < 2; ++rounds, next = kFirstAddress) {
     auto block = blocks_.lower_bound({process, next});
     while (block != blocks_.end() && block->first.first == process && block->first.second < next + bytes) {

@@ -15,7 +15,7 @@ namespace pointalk::sim {
 
 class ProcessMemory {
  public:
-  // A block of zeros; address 0 for process 0, for no bytes at all and when the process has no room left.
+  // A block of zeros; address 0 for process 0, for 0 bytes, and when the process has no room left.
   RemoteAddress Allocate(ProcessId process, std::size_t bytes);
 
   void Free(ProcessId process, RemoteAddress block);
@@ -24,7 +24,7 @@ class ProcessMemory {
   bool Write(ProcessId process, RemoteAddress to, std::span<const std::byte> from);
   bool Read(ProcessId process, RemoteAddress from, std::span<std::byte> to) const;
 
-  // 32-bit numbers, least significant byte first.
+  // 32-bit numbers, little-endian.
   std::optional<std::uint32_t> ReadNumber(ProcessId process, RemoteAddress from) const;
   bool WriteNumber(ProcessId process, RemoteAddress to, std::uint32_t number);
 

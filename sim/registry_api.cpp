@@ -1,6 +1,7 @@
 #include "sim/registry_api.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "sim/code_page.h"
 
@@ -131,7 +132,7 @@ RegistryValueSize SimRegistry::QueryValueSize(RegistryKey key, TextView name) {
 RegistryValueData SimRegistry::QueryValue(RegistryKey key, TextView name, std::uint32_t bytes) {
   const auto [code, entry] = LookFor(key, name);
   if (entry == nullptr) return {code, 0, {}};
-  if (bytes < entry->data.size()) return {kMoreData, entry->type, {}};
+  if (bytes < entry->data.size()) return {kMoreData, 0, {}};
   return {0, entry->type, entry->data};
 }
 
@@ -167,11 +168,14 @@ RegistryName SimRegistry::SubKeyName(RegistryKey key, std::uint32_t index, std::
   return NameInBuffer(names[index], capacity);
 }
 
-RegistryName SimRegistry::ValueName(RegistryKey key, std::uint32_t index, std::uint32_t capacity) {
+RegistryEnumeratedValue SimRegistry::ValueAt(RegistryKey key, std::uint32_t index, std::uint32_t capacity) {
   const auto [code, node] = Look(key);
-  if (node == nullptr) return {code, {}};
-  if (index >= node->entries.size()) return {kNoMoreItems, {}};
-  return NameInBuffer(node->entries[index].name, capacity);
+  if (node == nullptr) return {code, {}, 0, {}};
+  if (index >= node->entries.size()) return {kNoMoreItems, {}, 0, {}};
+  const RegistryEntry& entry = node->entries[index];
+  RegistryName found = NameInBuffer(entry.name, capacity);
+  if (found.code != 0) return {found.code, {}, 0, {}};
+  return {0, std::move(found.name), entry.type, entry.data};
 }
 
 std::int32_t SimRegistry::DeleteKey(RegistryKey key, TextView subKey) {

@@ -30,7 +30,7 @@ class SimRegistry final : public RegistryApi {
   std::int32_t DeleteValue(RegistryKey key, TextView name) override;
   RegistryKeyInfo QueryKey(RegistryKey key) override;
   RegistryName SubKeyName(RegistryKey key, std::uint32_t index, std::uint32_t capacity) override;
-  RegistryName ValueName(RegistryKey key, std::uint32_t index, std::uint32_t capacity) override;
+  RegistryEnumeratedValue ValueAt(RegistryKey key, std::uint32_t index, std::uint32_t capacity) override;
   std::int32_t DeleteKey(RegistryKey key, TextView subKey) override;
 
  private:

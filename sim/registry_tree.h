@@ -38,10 +38,10 @@ struct RegistryNode {
   Text path;  // from the long root name on
   std::vector<RegistryEntry> entries;
 
-  // One that is spelt so goes before one that differs in case; null when there is none of that name.
+  // An exact match goes before one that differs in case; null when there is neither.
   RegistryEntry* Find(TextView name);
 
-  // The entry of that name, made where it is missing.
+  // The entry of that name, created where it is missing.
   RegistryEntry& Make(TextView name);
 };
 
@@ -52,11 +52,10 @@ class RegistryTree {
   // Null when there is no such key.
   RegistryNode* Find(TextView path);
 
-  // The key of that path, which begins with a root key's long name; made with its parents where they are
-  // missing.
+  // The key of that path, which begins with a root key's long name; created, with its parents, where missing.
   RegistryNode& Make(TextView path);
 
-  // The key has no sub-keys.
+  // The key must have no sub-keys.
   void Remove(TextView path);
 
   // The last parts of the paths of a key's own sub-keys, in order.

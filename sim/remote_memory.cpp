@@ -3,7 +3,7 @@
 namespace pointalk::sim {
 
 void SimRemoteMemory::Free(ProcessId process, RemoteAddress block) {
-  // What a program that is gone owned stays where it was, also when its objects are taken apart here.
+  // Blocks of a program that has ended stay, although its objects are destroyed here only afterwards.
   if (machine_.programRuns) memory_.Free(process, block);
 }
 

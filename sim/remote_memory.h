@@ -22,9 +22,13 @@ class SimRemoteMemory final : public RemoteMemory {
     return memory_.Read(process, from, to);
   }
   void Free(ProcessId process, RemoteAddress block) override;
+  // A window that hangs here does nothing with what it was sent, not later either.
+  void FreeOnceAnswered(ProcessId process, RemoteAddress block, WindowHandle) override {
+    Free(process, block);
+  }
 
   // As the processes themselves see it.
-  ProcessMemory& memory() { return memory_; }
+  ProcessMemory& Memory() { return memory_; }
 
  private:
   const Machine& machine_;

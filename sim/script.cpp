@@ -15,13 +15,13 @@ Script ReadScript(std::string_view source) {
   const std::size_t members = root.MemberCount();
   for (std::size_t i = 0; i < members; ++i) {
     const ScriptNode value = root.Member(i);
-    if (value.key() == "machine") {
+    if (value.KeyWord() == "machine") {
       script.machine = ReadMachine(value);
-    } else if (value.key() == "windows") {
+    } else if (value.KeyWord() == "windows") {
       script.windows = ReadWindows(value);
-    } else if (value.key() == "objects") {
+    } else if (value.KeyWord() == "objects") {
       script.objects = ReadObjects(value);
-    } else if (value.key() == "steps") {
+    } else if (value.KeyWord() == "steps") {
       steps = value;
     } else {
       value.Fail("unknown key");

@@ -53,74 +53,74 @@ struct MachineSetup {
 // button.
 using Answer = std::variant<Text, int>;
 
-// What the steps do; kRunning tells that one does nothing at all while no program runs.
+// What the steps do. One that needs the program has no effect while the program does not run.
 struct StartStep {
-  static constexpr bool kRunning = false;
+  static constexpr bool kNeedsProgram = false;
 };
 struct TickStep {
-  static constexpr bool kRunning = true;
+  static constexpr bool kNeedsProgram = true;
   std::int64_t times = 0;
 };
 struct WaitStep {
-  static constexpr bool kRunning = false;
+  static constexpr bool kNeedsProgram = false;
   std::int64_t microseconds = 0;
 };
 struct PointerStep {
-  static constexpr bool kRunning = false;
+  static constexpr bool kNeedsProgram = false;
   Point place;
 };
 struct KeyStep {
-  static constexpr bool kRunning = false;
+  static constexpr bool kNeedsProgram = false;
   int key = 0;
   bool down = false;
 };
 struct TapKeyStep {
-  static constexpr bool kRunning = true;
+  static constexpr bool kNeedsProgram = true;
   int key = 0;
 };
 struct ButtonStep {
-  static constexpr bool kRunning = true;
+  static constexpr bool kNeedsProgram = true;
   int key = 0;
   bool down = false;
   std::int32_t message = 0;
 };
 struct HookStep {
-  static constexpr bool kRunning = true;
+  static constexpr bool kNeedsProgram = true;
   std::int32_t message = 0;
 };
 struct ChooseStep {
-  static constexpr bool kRunning = true;
+  static constexpr bool kNeedsProgram = true;
   Text control;
 };
 struct ClickStep {
-  static constexpr bool kRunning = true;
+  static constexpr bool kNeedsProgram = true;
 };
 struct AnswersStep {
-  static constexpr bool kRunning = false;
+  static constexpr bool kNeedsProgram = false;
   std::vector<Answer> answers;
 };
 struct ChangeStep {
-  static constexpr bool kRunning = false;
+  static constexpr bool kNeedsProgram = false;
   WindowFields fields;
 };
 struct ObjectsStep {
-  static constexpr bool kRunning = false;
+  static constexpr bool kNeedsProgram = false;
   std::vector<AccessibleObject> objects;
 };
 struct FilesStep {
-  static constexpr bool kRunning = false;
+  static constexpr bool kNeedsProgram = false;
   std::vector<std::pair<Text, std::optional<Text>>> files;
 };
 struct CloseStep {
-  static constexpr bool kRunning = true;
+  static constexpr bool kNeedsProgram = true;
 };
 struct KillStep {
-  static constexpr bool kRunning = true;
+  static constexpr bool kNeedsProgram = true;
 };
 
 enum class Shown { kFiles, kRegistry, kClipboard, kMemory };
 struct ShowStep {
-  static constexpr bool kRunning = false;
+  static constexpr bool kNeedsProgram = false;
   std::vector<Shown> parts;
 };
 
@@ -143,7 +143,7 @@ struct Script {
 // Throws ScriptError.
 Script ReadScript(std::string_view source);
 
-// Whole microseconds, halves to even, within one day.
+// Whole microseconds, ties rounded to even, within one day.
 std::int64_t DayMicroseconds(double microseconds);
 
 }  // namespace pointalk::sim

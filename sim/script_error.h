@@ -5,8 +5,8 @@
 
 namespace pointalk::sim {
 
-// Thrown by whoever finds the script wrong. No std::exception: one that shows only while the program runs has
-// to leave the program's core, which catches those.
+// Thrown where the script is found to be wrong. Not a std::exception: some errors show only while the program
+// runs, and must pass its core, which catches those.
 struct ScriptError {
   std::string message;  // one line: the place, a colon and what is wrong there
 };

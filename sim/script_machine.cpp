@@ -82,7 +82,7 @@ void ReadRegistryValue(const ScriptNode& value, RegistryNode& key) {
     for (int i = 0; i < 4; ++i) entry.data.push_back(static_cast<std::byte>(number >> (8 * i)));
     return;
   }
-  if (value.json().kind != Json::Kind::kText) value.Fail("must be a text or a number");
+  if (value.Value().kind != Json::Kind::kText) value.Fail("must be a text or a number");
   entry.text = value.Unicode();
   entry.data = SimAnsi().ToBytes(entry.text);
   entry.data.push_back(std::byte{0});

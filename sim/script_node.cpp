@@ -11,7 +11,7 @@
 namespace pointalk::sim {
 namespace {
 
-// Up to here every whole number has a double of its own.
+// Up to here a double holds every whole number exactly.
 constexpr double kLargestExact = 9007199254740992;
 
 bool IsPlainKey(std::string_view key) {
@@ -79,7 +79,7 @@ std::int64_t ScriptNode::Whole(std::int64_t least, std::int64_t most) const {
 }
 
 Text ScriptNode::TextOf(std::string_view utf8, bool nulsAllowed) const {
-  if (GoesBeyondFourDigits(utf8)) Fail("holds a character beyond U+FFFF");
+  if (HasSupplementaryCharacters(utf8)) Fail("holds a character beyond U+FFFF");
   if (!nulsAllowed && utf8.find('\0') != std::string_view::npos) Fail("holds a NUL");
   return FromUtf8(utf8);
 }

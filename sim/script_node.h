@@ -13,8 +13,8 @@
 
 namespace pointalk::sim {
 
-// A node refers to the node that it was reached from, which has to outlive it. Whatever does not find the
-// value that it asks for throws ScriptError.
+// A node refers to the node that it was reached from, which has to outlive it. Every question throws
+// ScriptError where the value is not of the kind that is asked for.
 class ScriptNode {
  public:
   explicit ScriptNode(const Json& root) : json_(&root) {}
@@ -23,7 +23,7 @@ class ScriptNode {
 
   bool IsNull() const { return json_->kind == Json::Kind::kNull; }
   bool IsNumber() const { return json_->kind == Json::Kind::kNumber; }
-  const Json& json() const { return *json_; }
+  const Json& Value() const { return *json_; }
 
   bool Boolean() const;
   void BeTrue() const;
@@ -45,7 +45,7 @@ class ScriptNode {
 
   // The key under which the value stands, as a text.
   Text Key() const;
-  std::string_view key() const { return key_; }
+  std::string_view KeyWord() const { return key_; }
 
   // The items of a list.
   std::size_t ItemCount() const;
@@ -89,7 +89,7 @@ void ReadKeys(const ScriptNode& node, const KeyReader<Target> (&table)[count], T
     const ScriptNode value = node.Member(i);
     const auto* const reader =
         std::find_if(std::begin(table), std::end(table),
-                     [&](const KeyReader<Target>& entry) { return entry.key == value.key(); });
+                     [&](const KeyReader<Target>& entry) { return entry.key == value.KeyWord(); });
     if (reader == std::end(table)) value.Fail("unknown key");
     reader->read(value, target);
   }

@@ -172,13 +172,13 @@ Step ReadStep(const ScriptNode& node, const std::set<WindowHandle>& windows) {
   const StepReader* reader = nullptr;
   for (std::size_t i = 0; i < members; ++i) {
     const ScriptNode member = node.Member(i);
-    if (member.key() == "down") {
+    if (member.KeyWord() == "down") {
       down = member;
       continue;
     }
     const auto* const found =
         std::find_if(std::begin(kSteps), std::end(kSteps),
-                     [&](const StepReader& entry) { return entry.key == member.key(); });
+                     [&](const StepReader& entry) { return entry.key == member.KeyWord(); });
     if (found == std::end(kSteps)) member.Fail("unknown step");
     if (reader != nullptr) node.Fail("must be one step");
     reader = found;
@@ -187,7 +187,7 @@ Step ReadStep(const ScriptNode& node, const std::set<WindowHandle>& windows) {
   if (reader == nullptr) node.Fail("must be one step");
   if (down && !reader->takesDown) down->Fail("unknown key");
   Step step{reader->key, {}, reader->read({*value, down ? &*down : nullptr, windows})};
-  AppendCompact(node.json(), step.echo);
+  AppendCompact(node.Value(), step.echo);
   return step;
 }
 

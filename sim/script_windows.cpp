@@ -67,18 +67,23 @@ constexpr KeyReader<ListView> kListViewKeys[] = {
 struct EditSetup {
   Text text;
   Edit::Layout layout;
+  Edit::Reading reading = Edit::Reading::kOpen;
 };
 
 constexpr KeyReader<EditSetup> kEditKeys[] = {
     {"text", [](const ScriptNode& n, EditSetup& e) { e.text = n.Ansi(); }},
     {"charWidth", [](const ScriptNode& n, EditSetup& e) { e.layout.charWidth = n.Whole<std::int32_t>(1); }},
     {"lineHeight", [](const ScriptNode& n, EditSetup& e) { e.layout.lineHeight = n.Whole<std::int32_t>(1); }},
+    {"password",
+     [](const ScriptNode& n, EditSetup& e) {
+       e.reading = n.Boolean() ? Edit::Reading::kPassword : Edit::Reading::kOpen;
+     }},
 };
 
 Edit ReadEdit(const ScriptNode& node, TextView lineEnd) {
   EditSetup setup;
   ReadKeys(node, kEditKeys, setup);
-  return {std::move(setup.text), setup.layout, lineEnd};
+  return {std::move(setup.text), setup.layout, lineEnd, setup.reading};
 }
 
 constexpr KeyReader<WindowFields> kWindowKeys[] = {
@@ -104,6 +109,7 @@ constexpr KeyReader<AccessibleObject> kObjectKeys[] = {
     {"role", [](const ScriptNode& n, AccessibleObject& o) { o.role = n.Ansi(); }},
     {"description", [](const ScriptNode& n, AccessibleObject& o) { o.description = n.Unicode(); }},
     {"value", [](const ScriptNode& n, AccessibleObject& o) { o.value = n.Unicode(); }},
+    {"protected", [](const ScriptNode& n, AccessibleObject& o) { o.isProtected = n.Boolean(); }},
     {"fails", [](const ScriptNode& n, AccessibleObject& o) { o.fails = n.Boolean(); }},
     {"kills", [](const ScriptNode& n, AccessibleObject& o) { o.kills = n.Boolean(); }},
 };

@@ -28,7 +28,7 @@ class SimPlatform {
       : input(machine),
         windows(machine.desktop),
         memory(machine),
-        messages(machine.desktop, memory.memory()),
+        messages(machine.desktop, memory.Memory()),
         menus(machine.desktop),
         accessibility(machine),
         midi(machine),

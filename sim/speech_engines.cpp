@@ -7,7 +7,7 @@
 namespace pointalk::sim {
 namespace {
 
-// The nearest whole number, halves to even, never -0; no value for what is no finite number.
+// The nearest whole number, ties to even, never -0; no value for infinities and NaN.
 std::optional<double> Rounded(double value) {
   if (!std::isfinite(value)) return std::nullopt;
   return std::nearbyint(value) + 0.0;

@@ -46,7 +46,7 @@ class SimSapi4Control final : public Sapi4Control {
   bool SetLastWordPosition(double position) override;
 
  private:
-  // Records a number that a member was given. One that the member cannot take is not recorded: false.
+  // Records a number that a member was given; false, with no record, for one that it cannot take.
   bool RecordNumber(std::string_view member, double value);
   bool RecordRounded(std::string_view member, double value);
 

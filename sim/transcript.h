@@ -24,14 +24,14 @@ struct Bare {
 
 class Transcript {
  public:
-  // A line of parts, parted by blanks.
+  // A line: its parts, separated by spaces.
   template <typename... Parts> void Add(std::string_view what, const Parts&... parts) {
     text_ += what;
     ((text_ += ' ', Write(parts)), ...);
     text_ += '\n';
   }
 
-  const std::string& text() const { return text_; }
+  const std::string& Lines() const { return text_; }
 
   // Forgets the lines so far; the room that they took is kept.
   void Clear() { text_.clear(); }

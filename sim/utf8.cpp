@@ -5,7 +5,7 @@
 namespace pointalk::sim {
 namespace {
 
-// An unpaired half of a surrogate pair is no character.
+// For a lone surrogate.
 constexpr char16_t kReplacement = u'\uFFFD';
 
 void AppendCharacter(char16_t character, std::string& out) {
@@ -44,7 +44,7 @@ bool AppendEscaped(unsigned code, std::string& out) {
 
 }  // namespace
 
-bool GoesBeyondFourDigits(std::string_view utf8) {
+bool HasSupplementaryCharacters(std::string_view utf8) {
   return std::any_of(utf8.begin(), utf8.end(), [](char c) { return static_cast<unsigned char>(c) >= 0xF0; });
 }
 

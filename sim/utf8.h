@@ -9,14 +9,14 @@
 namespace pointalk::sim {
 
 // True for valid UTF-8 that holds a character beyond U+FFFF.
-bool GoesBeyondFourDigits(std::string_view utf8);
+bool HasSupplementaryCharacters(std::string_view utf8);
 
 // Valid UTF-8 without characters beyond U+FFFF as UTF-16.
 Text FromUtf8(std::string_view utf8);
 
 void AppendUtf8(TextView text, std::string& out);
 
-// As a JSON string: `"`, `\` and the characters below 32 are escaped, nothing else is.
+// As a JSON string: only `"`, `\` and the characters below 32 are escaped.
 void AppendQuoted(std::string_view utf8, std::string& out);
 void AppendQuoted(TextView text, std::string& out);
 

@@ -26,7 +26,7 @@ struct MenuSetup::Item {
   std::optional<MenuSetup> submenu;
 };
 
-// What a script says of a window; what it leaves out keeps its default, or in a change its value.
+// What a script says of a window. What it leaves out has its default; in a change it stays as it is.
 struct WindowFields {
   WindowHandle id = 0;
   std::optional<Text> className;
@@ -59,6 +59,10 @@ struct Window {
   std::optional<Edit> edit;
   std::optional<Edit> richEdit;
 
+  bool HoldsPassword() const {
+    return (edit && edit->HoldsPassword()) || (richEdit && richEdit->HoldsPassword());
+  }
+
   Point ToClient(Point screen) const {
     return {static_cast<std::int32_t>(std::int64_t{screen.x} - place.left),
             static_cast<std::int32_t>(std::int64_t{screen.y} - place.top)};
@@ -71,8 +75,9 @@ struct AccessibleObject {
   std::optional<Text> role;  // the role's text
   std::optional<Text> description;
   std::optional<Text> value;
-  bool fails = false;  // a query over it fails
-  bool kills = false;  // a query over it never returns
+  bool isProtected = false;  // its value is a password
+  bool fails = false;        // a query over it fails
+  bool kills = false;        // a query over it never returns
 };
 
 }  // namespace pointalk::sim

@@ -26,7 +26,7 @@ WindowHandle SimWindowTree::ParentOf(WindowHandle handle) {
 
 WindowHandle SimWindowTree::FirstChildOf(WindowHandle handle) {
   if (desktop_.Find(handle) == nullptr) return 0;
-  for (const Window& window : desktop_.windows()) {
+  for (const Window& window : desktop_.Windows()) {
     if (window.parent == handle) return window.id;
   }
   return 0;
@@ -35,7 +35,7 @@ WindowHandle SimWindowTree::FirstChildOf(WindowHandle handle) {
 WindowHandle SimWindowTree::FindTopLevel(TextView className, TextView title) {
   const Text wantedClass = ThroughAnsi(className);
   const Text wantedTitle = ThroughAnsi(title);
-  for (const Window& window : desktop_.windows()) {
+  for (const Window& window : desktop_.Windows()) {
     if (window.parent == 0 && window.className == wantedClass && window.title == wantedTitle)
       return window.id;
   }

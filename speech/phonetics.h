@@ -6,7 +6,7 @@
 
 namespace pointalk {
 
-// Words run together are parted at their capitals, digits stand apart, at most four equal characters in a row
+// Words run together are split at their capitals, digits stand apart, at most four equal characters in a row
 // stay, and words that engines misread are respelt. With spelling every character stands apart and capitals
 // are told.
 Text Pronounced(TextView text, bool spelling);
@@ -14,7 +14,7 @@ Text Pronounced(TextView text, bool spelling);
 // The last step of the above: the phonetic word table.
 Text SubstituteWords(TextView text);
 
-// Parts a class name into words before it is pronounced: combined words get the capitals at which they are
+// Splits a class name into words before it is pronounced: combined words get the capitals at which they are
 // split.
 Text WithSplitMarks(TextView className);
 

@@ -33,7 +33,7 @@ constexpr std::int32_t kTicksOfASound = 2;
 }  // namespace
 
 void EventSounds::PlayEarcon(TextView eventName) {
-  if (!port_.MidiOn()) return;
+  if (!midiPort_.MidiOn()) return;
   StopEarcon();
   mEarconTicks = 0;
   const auto row = std::find_if(std::begin(kEventNotes), std::end(kEventNotes),
@@ -46,7 +46,7 @@ void EventSounds::PlayEarcon(TextView eventName) {
   } else if (eventName == u"ScrollDown") {
     PlayScroll(kScrollHighest, kScrollLowest);
   } else {
-    port_.StrikeNote(0, {});
+    midiPort_.StrikeNote(0, {});
   }
 }
 
@@ -56,8 +56,8 @@ void EventSounds::CountTick() {
 }
 
 void EventSounds::StrikeEvent(std::int32_t instrument, Note note) {
-  port_.PresetChannelProgram(kEventChannel, instrument);
-  port_.StrikeNote(kEventChannel, note);
+  midiPort_.PresetChannelProgram(kEventChannel, instrument);
+  midiPort_.StrikeNote(kEventChannel, note);
 }
 
 // Eight notes, and the last one once more.
@@ -65,9 +65,9 @@ void EventSounds::PlayScroll(int first, int last) {
   const int step = first < last ? 1 : -1;
   for (int number = first; number != last + step; number += step) {
     StrikeEvent(kScrollInstrument, {number, kScrollVelocity});
-    delay_.BusyWait(kScrollPause);
+    delayLoop_.BusyWait(kScrollPause);
   }
-  port_.StrikeNote(kEventChannel, {last, kScrollVelocity});
+  midiPort_.StrikeNote(kEventChannel, {last, kScrollVelocity});
 }
 
 }  // namespace pointalk

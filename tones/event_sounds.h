@@ -11,20 +11,20 @@ namespace pointalk {
 
 class EventSounds {
  public:
-  EventSounds(MidiPort& port, DelayLoop& delay) : port_(port), delay_(delay) {}
+  EventSounds(MidiPort& midiPort, DelayLoop& delayLoop) : midiPort_(midiPort), delayLoop_(delayLoop) {}
 
   // Plays the sound of an event by its exact name; any other name strikes note 0 of channel 0 at velocity 0.
   // Silent while the user has MIDI switched off. The note sounds on until it is stopped.
   void PlayEarcon(TextView eventName);
 
-  void StopEarcon() { port_.StopEventChannels(); }
+  void StopEarcon() { midiPort_.StopEventChannels(); }
 
   // Called once a tick: ends a sound on the third tick after its start.
   void CountTick();
 
  private:
-  MidiPort& port_;
-  DelayLoop& delay_;
+  MidiPort& midiPort_;
+  DelayLoop& delayLoop_;
   std::int32_t mEarconTicks = 0;  // since the last sound started
   bool mOnDesktopIcon = false;    // Kept: nothing reads it.
 

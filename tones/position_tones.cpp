@@ -16,20 +16,20 @@ constexpr double kScalingStep = 5;      // velocity that a scaling of 1 takes pe
 }  // namespace
 
 void PositionTones::Play(Point pointer, ScreenPixels screen) {
-  if (!port_.MouseTonesOn()) return;
+  if (!midiPort_.MouseTonesOn()) return;
   // Columns count from the left, rows from the bottom.
   PlayCell(GridIndex(pointer.x, screen.width), GridIndex(screen.height - pointer.y, screen.height));
 }
 
 void PositionTones::PlayCell(std::int32_t column, std::int32_t row) {
   const ToneOffsets offsets = table_.At(column, row, settings_.mMelodyFormat);
-  port_.PlayNote(kLowerToneChannel,
-                 {kLowestLowerNote + offsets.lower, ToneVelocity(settings_.mVerticalVolume + kLowerToneBoost,
-                                                                 settings_.mKeyboardScaling, offsets.lower)});
+  midiPort_.PlayNote(kLowerToneChannel, {kLowestLowerNote + offsets.lower,
+                                         ToneVelocity(settings_.mVerticalVolume + kLowerToneBoost,
+                                                      settings_.mKeyboardScaling, offsets.lower)});
   if (settings_.mMelodyFormat >= 2) return;
-  port_.PlayNote(kHigherToneChannel,
-                 {kLowestHigherNote + offsets.higher,
-                  ToneVelocity(settings_.mHorizontalVolume, settings_.mKeyboardScaling, offsets.higher)});
+  midiPort_.PlayNote(kHigherToneChannel,
+                     {kLowestHigherNote + offsets.higher,
+                      ToneVelocity(settings_.mHorizontalVolume, settings_.mKeyboardScaling, offsets.higher)});
 }
 
 std::int32_t GridIndex(double distance, double extent) {

@@ -18,7 +18,7 @@ struct ScreenPixels {
 
 class PositionTones {
  public:
-  explicit PositionTones(MidiPort& port) : port_(port) {}
+  explicit PositionTones(MidiPort& midiPort) : midiPort_(midiPort) {}
 
   void BuildNoteTables() { table_.BuildNoteTables(); }
 
@@ -31,7 +31,7 @@ class PositionTones {
   void Play(Point pointer, ScreenPixels screen);
 
  private:
-  MidiPort& port_;
+  MidiPort& midiPort_;
   NoteTable table_;
   ToneSettings settings_;
 

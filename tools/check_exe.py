@@ -24,6 +24,15 @@ RESOURCES = {
     "a version": "VS_VERSION_INFO".encode("utf-16-le"),
     "an icon": b"\x28\0\0\0\x30\0\0\0\x60\0\0\0\x01\0\x20\0",  # the header of its image of 48 pixels
 }
+# What Windows is told to do for it: load it at an address that nobody knows before, and never run data.
+PROTECTIONS = ("DYNAMIC_BASE", "NX_COMPAT")
+PROTECTIONS_OF_64_BITS = ("HIGH_ENTROPY_VA",)
+# Calls that halt or redirect threads. Beside a mouse hook and memory in other programs, which Pointalk needs, they are what
+# scanners know injected code by. The compiler's library for POSIX threads would bring them in.
+SUSPICIOUS_CALLS = ("SuspendThread", "ResumeThread", "GetThreadContext", "SetThreadContext", "AddVectoredExceptionHandler",
+                    "RemoveVectoredExceptionHandler", "CreateRemoteThread")
+# Addresses of 2 GB and more look negative to what other programs of 32 bits do with them.
+LARGE_ADDRESSES = "large address aware"
 
 
 def headers(path):
@@ -36,7 +45,8 @@ def main():
     if not exes:
         sys.exit("name the programs")
     rules = {rule: [] for rule in ("At most 1 MB.", "No DLL but the system's.", "A program with windows.",
-                                   "Its resources.", "The same from every build.")}
+                                   "Its resources.", "Its protection.", "No call that halts threads.",
+                                   "In 32 bits, addresses below 2 GB.", "The same from every build.")}
     for exe in exes:
         if not exe.is_file():
             for breaches in rules.values():
@@ -50,7 +60,14 @@ def main():
         if "(Windows GUI)" not in text:
             rules["A program with windows."].append(f"{exe}: opens a console")
         rules["Its resources."] += [f"{exe}: lacks {what}" for what, sign in RESOURCES.items() if sign not in data]
-        if exe_header(data).time:
+        header = exe_header(data)
+        wanted = PROTECTIONS + (PROTECTIONS_OF_64_BITS if header.machine == "x86_64" else ())
+        rules["Its protection."] += [f"{exe}: lacks {flag}" for flag in wanted if flag not in text]
+        calls = {line.split()[-1] for line in text.splitlines() if line.strip()}
+        rules["No call that halts threads."] += [f"{exe}: imports {call}" for call in SUSPICIOUS_CALLS if call in calls]
+        if header.machine == "i686" and LARGE_ADDRESSES in text:
+            rules["In 32 bits, addresses below 2 GB."].append(f"{exe}: is large address aware")
+        if header.time:
             rules["The same from every build."].append(f"{exe}: tells when it was built")
         if str(given.root).encode() in data:
             rules["The same from every build."].append(f"{exe}: tells where it was built")

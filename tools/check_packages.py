@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Checks the packages that tools/make_packages.py makes of release programs: it makes them twice, as two machines would.
+"""Checks the packages that tools/make_packages.py makes of release programs: it makes them twice, as two machines would. What is
+written about them is checked by tools/check_manifests.py.
 
     tools/check_packages.py EXE..."""
 
@@ -12,9 +13,10 @@ import tempfile
 import time
 import zipfile
 
+import check_manifests
 from checking import arguments, report
 from exe_header import exe_header
-from make_packages import contents, make_packages
+from make_packages import contents, describe_packages, make_packages
 
 SAME = "Two machines make the same bytes."
 HOLDS = "Each package holds the program, the guide and the settings to start with."
@@ -23,12 +25,14 @@ PAUSE = 2.1  # seconds; the times in a zip go by twos
 
 
 def packages_of(exes, folder, zone, mask):
-    """The packages of each program as a machine with that time zone and those habits makes them in that folder."""
+    """The packages of each program as a machine with that time zone and those habits makes them in that folder, and what is
+    written about all of them."""
     os.umask(mask)
     os.environ["TZ"] = zone
     time.tzset()
     folder.mkdir(parents=True)
-    return [make_packages(folder, pathlib.Path(shutil.copyfile(exe, folder / "Pointalk.exe"))) for exe in exes]
+    packages = [make_packages(folder, pathlib.Path(shutil.copyfile(exe, folder / "Pointalk.exe"))) for exe in exes]
+    return packages, describe_packages(folder, packages)
 
 
 def in_zip(path):
@@ -48,14 +52,14 @@ def in_installer(path, folder):
 
 def check(exes, folder, rules):
     """Notes what is wrong with the packages of the programs."""
-    here = packages_of(exes, folder / "one", "UTC", 0o022)
+    here, texts = packages_of(exes, folder / "one", "UTC", 0o022)
     time.sleep(PAUSE)
-    there = packages_of(exes, folder / "another" / "place", "Asia/Kolkata", 0o077)
-    for exe, packages, others in zip(exes, here, there):
-        for package, other in zip(packages, others):
-            if package.read_bytes() != other.read_bytes():
-                rules[SAME].append(f"{package.name} differs")
-        package, installer = packages
+    there, other_texts = packages_of(exes, folder / "another" / "place", "Asia/Kolkata", 0o077)
+    for file, other in zip([*sum(here, ()), *texts], [*sum(there, ()), *other_texts]):
+        if file.read_bytes() != other.read_bytes():
+            rules[SAME].append(f"{file.name} differs")
+    check_manifests.check(folder / "one", rules)
+    for exe, (package, installer) in zip(exes, here):
         if in_zip(package) != contents(exe):
             rules[HOLDS].append(f"{package.name} holds {sorted(in_zip(package))}")
         installed = in_installer(installer, folder / installer.stem)
@@ -69,7 +73,7 @@ def main():
     exes = [pathlib.Path(name) for name in arguments(__doc__, exes="release programs").exes]
     if not exes:
         sys.exit("name the programs")
-    rules = {SAME: [], HOLDS: [], RUNS: []}
+    rules = {SAME: [], HOLDS: [], RUNS: [], **{rule: [] for rule in check_manifests.RULES}}
     with tempfile.TemporaryDirectory() as folder:
         try:
             check(exes, pathlib.Path(folder), rules)

@@ -14,10 +14,11 @@ SAME = "Two clones make the same packages."
 
 
 def packages_of(root, clone):
-    """What a clone makes, by name."""
+    """What a clone makes, by its path there."""
     subprocess.run(["git", "-c", "safe.directory=*", "clone", "-q", root, clone], check=True)
     subprocess.run(["./run", "--package"], cwd=clone, check=True, stdin=subprocess.DEVNULL)
-    return {path.name: path.read_bytes() for path in (clone / "packages").iterdir()}
+    made = clone / "packages"
+    return {str(path.relative_to(made)): path.read_bytes() for path in made.rglob("*") if path.is_file()}
 
 
 def main():

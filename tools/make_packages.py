@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Makes the packages for users: for each program a zip to unpack anywhere and an installer.
+"""Makes the packages for users: for each program a zip to unpack anywhere and an installer; for all of them the manifests by
+which winget installs Pointalk, and SHA256SUMS, which sha256sum -c reads.
 
     tools/make_packages.py FOLDER Pointalk.exe...
 
@@ -7,6 +8,7 @@ The same programs give the same bytes on every machine and in every folder. The 
 SOURCE_DATE_EPOCH tells, else that of the last commit, else the earliest that a zip can tell. It needs makensis."""
 
 import argparse
+import hashlib
 import os
 import pathlib
 import re
@@ -17,10 +19,11 @@ import time
 import zipfile
 
 from exe_header import exe_header
+from winget_manifests import manifests
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 EARLIEST = 315532800  # 1980, seconds
-BITS = {"x86_64": "64-bit", "i686": "32-bit"}  # as a listener knows them
+ARCHITECTURES = {"x86_64": "x64", "i686": "x86"}  # as package managers look for them
 STUBS = {"x86_64": "amd64", "i686": "x86"}
 
 
@@ -68,11 +71,24 @@ def make_packages(folder, exe):
     files = contents(exe)
     machine = exe_header(files["Pointalk.exe"]).machine
     folder.mkdir(parents=True, exist_ok=True)
-    name = f"Pointalk-{version()}-{BITS[machine]}"
+    name = f"Pointalk-{version()}-{ARCHITECTURES[machine]}"
     package, installer = folder / f"{name}.zip", folder / f"{name}-setup.exe"
     make_zip(package, files)
     make_installer(installer, files, machine)
     return package, installer
+
+
+def describe_packages(folder, packages):
+    """Writes what tells of all packages, each a zip with its installer; returns the paths."""
+    setups = {ARCHITECTURES[exe_header(installer.read_bytes()).machine]: installer for _, installer in packages}
+    date = time.strftime("%Y-%m-%d", time.gmtime(source_time()))
+    files = {f"winget/{name}": text for name, text in manifests(version(), date, setups).items()}
+    sums = {path.name: hashlib.sha256(path.read_bytes()).hexdigest() for pair in packages for path in pair}
+    files["SHA256SUMS"] = "".join(f"{sums[name]}  {name}\n" for name in sorted(sums))
+    (folder / "winget").mkdir(exist_ok=True)
+    for name, text in files.items():
+        (folder / name).write_text(text, "utf-8", newline="\n")
+    return [folder / name for name in files]
 
 
 def main():
@@ -80,11 +96,14 @@ def main():
     parser.add_argument("folder", type=pathlib.Path)
     parser.add_argument("exe", type=pathlib.Path, nargs="+")
     given = parser.parse_args()
+    packages = []
     for exe in given.exe:
         try:
-            print(*make_packages(given.folder, exe), sep="\n")
+            packages.append(make_packages(given.folder, exe))
         except (OSError, ValueError, subprocess.CalledProcessError) as error:
             sys.exit(f"{exe}: {error}")
+        print(*packages[-1], sep="\n")
+    print(*describe_packages(given.folder, packages), sep="\n")
 
 
 if __name__ == "__main__":

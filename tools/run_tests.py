@@ -50,16 +50,18 @@ def gtest(name, program, *launcher, **more):
                 folder=program.parent, **more)
 
 
-def preset(name, *targets, step=None, settings=""):
-    return Step(step or f"build-{name}", "sh", "-c", f"cmake --preset {name} {settings} && "
+def preset(name, *targets, step=None):
+    return Step(step or f"build-{name}", "sh", "-c", f"cmake --preset {name} && "
                 f"cmake --build --preset {name} --target {' '.join(targets) or 'all'}", seconds=BUILD_SECONDS)
 
 
-def tidied_preset(name):
-    """The preset's build, which clang-tidy goes along with: what the tidy preset does, without compiling once more."""
-    if lacks_program(TIDY)():
-        return preset(name)
-    return preset(name, settings=f"-DPOINTALK_CLANG_TIDY='{TIDY};--quiet'")
+def tidy():
+    """clang-tidy over the program, the simulated desktop, and what Wine needs, each target compiled as one file."""
+    presets = ("tidy", "tidy-windows", "tidy-program")
+    configure = " && ".join(f"cmake --preset {name}" for name in presets)
+    builds = " ".join(f"'{BUILD / name}'" for name in presets)
+    return Step("check-tidy", "sh", "-c", f"{configure} && exec '{sys.executable}' '{TOOLS}/check_tidy.py' {builds}",
+                seconds=BUILD_SECONDS, counts=last_line, lacks=lacks_program(TIDY))
 
 
 def plain_build():
@@ -95,8 +97,8 @@ def whole_program(name, *files, **more):
 
 # What runs under Wine, which comes first so that the tests there begin soon.
 PROGRAMS = [
-    preset("mingw-x86_64-release", "Pointalk", "pointalk_voice", "pointalk_winmm", "pointalk_target", "pointalk_probe",
-           "pointalk_saver", "voice_probe", "midi_probe", step="build-programs"),
+    preset("mingw-x86_64-release", "Pointalk", "pointalk_voice", "pointalk_automation", "pointalk_winmm", "pointalk_target",
+           "pointalk_probe", "pointalk_saver", "voice_probe", "midi_probe", step="build-programs"),
     Step("prefix", "sh", "-c", f"rm -rf '{PREFIX}' && wine/prefix.sh make '{PREFIX}'", seconds=600),
 ]
 # These two lists go on beside one another and beside the native steps.
@@ -109,13 +111,18 @@ COMPANIONS = [
     preset("mingw-x86_64-release"),
     under_wine("contract-win32", gtest, WINDOWS / "pointalk_contract.exe", *on_desktop(WINDOWS), "wine"),
 ]
-NATIVE = [
+# These need no build, and go on beside those that do.
+CHECKS = [
     python_tests("self-tests", TOOLS / "tests"),
     check("layers"),
+    check("names"),
     check("guide"),
     check("scripts"),
     check("format", lacks=lacks_program("clang-format-14")),
-    tidied_preset("linux-asan-clang"),
+    tidy(),
+]
+NATIVE = [
+    preset("linux-asan-clang"),
     gtest("tests", CLANG / "pointalk_tests", environment=SANITIZERS),
     gtest("contract-sim", CLANG / "pointalk_contract", environment=SANITIZERS),
     rehearsals("rehearsals-sanitized", CLANG),
@@ -131,7 +138,7 @@ LAST = [
     check("packages", WINDOWS / "Pointalk.exe", WINDOWS_32 / "Pointalk.exe"),
 ]
 # What the 64-bit program passes, over the 32-bit one, and each of both over programs of the other width.
-OVER_THE_OTHER = ("test_exe_names", "test_exe_controls", "test_exe_lists", "test_exe_texts")
+OVER_THE_OTHER = ("test_exe_names", "test_exe_controls", "test_exe_lists", "test_exe_texts", "test_one_pointalk")
 THIRTY_TWO_BITS = [
     whole_program("program-32", build=WINDOWS_32, lacks=what_is_missing),
     whole_program("program-32-over-64", *OVER_THE_OTHER, build=WINDOWS_32, target_build=WINDOWS, lacks=what_is_missing),
@@ -142,7 +149,7 @@ THIRTY_TWO_BITS = [
     under_wine("contract-32", gtest, WINDOWS_32 / "pointalk_contract.exe", *on_desktop(WINDOWS_32), "wine",
                build=WINDOWS_32, lacks=what_is_missing),
 ]
-ALL = PROGRAMS + WHOLE_PROGRAM + COMPANIONS + NATIVE + LAST + THIRTY_TWO_BITS
+ALL = PROGRAMS + WHOLE_PROGRAM + COMPANIONS + CHECKS + NATIVE + LAST + THIRTY_TWO_BITS
 
 
 class Tally:
@@ -235,10 +242,10 @@ def run_all(tally, wanted):
             return tally.give_up(wanted(WHOLE_PROGRAM + COMPANIONS))
         return side_by_side((tally.run, wanted(WHOLE_PROGRAM)), (tally.run, wanted(COMPANIONS)))
 
-    for step in NATIVE + [step for step in COMPANIONS if not step.counts]:
+    for step in CHECKS + NATIVE + [step for step in COMPANIONS if not step.counts]:
         step.yields = True  # what waits for a sound or a window goes first
     with tally.telling_what_runs(ALL):
-        side_by_side((for_windows,), (tally.run, wanted(NATIVE)))
+        side_by_side((for_windows,), (tally.run, wanted(NATIVE)), (tally.run, wanted(CHECKS)))
         tally.run(wanted(LAST))
         tally.run(wanted(THIRTY_TWO_BITS))
 
@@ -258,8 +265,6 @@ def main():
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(128 + signal.SIGTERM))  # so that what was started is ended
     LOGS.mkdir(parents=True, exist_ok=True)
     tally = Tally()
-    if wanted([step for step in NATIVE if step.name == "build-linux-asan-clang"]) and lacks_program(TIDY)():
-        tally.skip("clang-tidy", lacks_program(TIDY)())
     run_all(tally, wanted)
     if tally.skipped:
         print(f"{tally.skipped} skipped: the lines above that begin with that word say why")

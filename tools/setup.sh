@@ -6,7 +6,7 @@
 
 # `a|b` is the first of the two that this system has.
 POINTALK_run=(
-  cmake ninja-build g++-mingw-w64-x86-64-posix
+  cmake ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-x86-64-win32
   wine "wine64|wine" xvfb xauth xdotool procps
   espeak-ng fluidsynth fluid-soundfont-gm sox alsa-utils libasound2-plugins
   imagemagick python3 python3-pil
@@ -20,12 +20,15 @@ POINTALK_desktop=(
 POINTALK_desktop_test=(
   gcc xvfb openbox xdotool x11-utils dbus-daemon libglib2.0-bin at-spi2-core gtk-3-examples python3-pytest
 )
-POINTALK_package=(cmake ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix nsis python3 git)
+POINTALK_package=(
+  cmake ninja-build nsis python3 git
+  g++-mingw-w64-x86-64-posix g++-mingw-w64-x86-64-win32 g++-mingw-w64-i686-posix g++-mingw-w64-i686-win32
+)
 POINTALK_test=(
   "${POINTALK_run[@]}" "${POINTALK_desktop[@]}" "${POINTALK_desktop_test[@]}" "${POINTALK_package[@]}"
   build-essential nlohmann-json3-dev libgtest-dev libgmock-dev googletest libbenchmark-dev
   clang "libclang-rt-dev|clang" "clang-format-14|clang-format" "clang-tidy-14|clang-tidy"
-  python3-pytest python3-pytest-xdist flake8 shellcheck 7zip librsvg2-bin icoutils
+  python3-pytest python3-pytest-xdist python3-jsonschema python3-yaml flake8 shellcheck 7zip librsvg2-bin icoutils
 )
 POINTALK_wine32=(wine32:i386)
 

@@ -3,45 +3,33 @@
 #include <oleacc.h>
 
 #include <algorithm>
-#include <string>
 #include <utility>
 
 #include "win32/ansi.h"
+#include "win32/sent_messages.h"
+#include "win32/wide_text.h"
 #include "win32/window_handles.h"
 
 namespace pointalk::win32 {
 namespace {
 
-// Most objects answer in the first stretch, which is cheap to wait for. In the second, messages that other
-// threads send to this one's windows are handled meanwhile: the object asked may be one of our own, or its
-// program may want something of us first. No event of the form comes in.
-constexpr DWORD kDeafStretch = 10;      // milliseconds
-constexpr DWORD kServingStretch = 240;  // milliseconds
-constexpr DWORD kGlance = 30;           // milliseconds between two looks at the pointer
-constexpr DWORD kLeftStretch = 90;      // milliseconds that are waited although the pointer has left
+// Most objects answer within the first wait, which is cheap. The second handles messages that other threads
+// send to this one's windows: the object asked may be one of our own, or its program may need an answer of
+// ours first. No event of the form comes in.
+constexpr DWORD kQuickWait = 10;             // milliseconds
+constexpr DWORD kPumpingWait = 240;          // milliseconds
+constexpr DWORD kPointerCheckInterval = 30;  // milliseconds between two looks at the pointer
+constexpr DWORD kWaitAfterLeaving = 90;      // milliseconds that are waited although the pointer has left
 
-constexpr std::size_t kMostLeftBehind = 4;
-constexpr int kLongestRole = 1024;  // characters
+constexpr std::size_t kMostAbandoned = 4;
+constexpr UINT kLongestRole = 1024;  // characters
 
-// Waits for an event; false when it does not come in time.
-bool ServeUntil(HANDLE event, DWORD limit) {
-  const ULONGLONG end = GetTickCount64() + limit;
-  for (;;) {
-    const ULONGLONG now = GetTickCount64();
-    const DWORD left = now < end ? static_cast<DWORD>(end - now) : 0;
-    const DWORD outcome = MsgWaitForMultipleObjects(1, &event, FALSE, left, QS_SENDMESSAGE);
-    if (outcome != WAIT_OBJECT_0 + 1) return outcome == WAIT_OBJECT_0;
-    MSG unused;
-    PeekMessageW(&unused, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
-  }
-}
-
-// The same, given up earlier when the pointer is not over the thread's windows any more: where it is now
-// waits to be named. Not at once, for on a busy machine healthy objects are slow as well.
-bool ServeWhilePointedAt(DWORD thread, HANDLE event) {
-  for (DWORD waited = kGlance; waited <= kServingStretch; waited += kGlance) {
-    if (ServeUntil(event, kGlance)) return true;
-    if (waited >= kLeftStretch && ThreadUnderPointer() != thread) return false;
+// Waits for an event, but ends early when the pointer has left the thread's windows, since what is under it
+// now waits to be named. Not at once: on a busy machine healthy objects are slow as well.
+bool PumpWhilePointedAt(DWORD thread, HANDLE event) {
+  for (DWORD waited = kPointerCheckInterval; waited <= kPumpingWait; waited += kPointerCheckInterval) {
+    if (AwaitServingSent(event, kPointerCheckInterval)) return true;
+    if (waited >= kWaitAfterLeaving && ThreadUnderPointer() != thread) return false;
   }
   return false;
 }
@@ -49,49 +37,50 @@ bool ServeWhilePointedAt(DWORD thread, HANDLE event) {
 }  // namespace
 
 std::optional<AccessibleFacts> WinAccessibility::ObjectAt(Point screen) {
-  WelcomeBack();
+  ForgetReturned();
   if (!MayAsk(screen) || !HaveWorker()) return std::nullopt;
   worker_->Ask(screen);
-  if (worker_->AnswersWithin(kDeafStretch)) return worker_->TakeAnswer();
+  if (worker_->AnswersWithin(kQuickWait)) return worker_->TakeAnswer();
   const HWND window = WindowFromPoint({screen.x, screen.y});
   const DWORD thread = GetWindowThreadProcessId(window, nullptr);
-  if (ServeWhilePointedAt(thread, worker_->AnswerEvent())) return worker_->TakeAnswer();
-  patience_.RanOver(window);
-  leftBehind_.push_back({std::move(worker_), window, thread});
-  return std::nullopt;
+  if (PumpWhilePointedAt(thread, worker_->AnswerEvent())) return worker_->TakeAnswer();
+  unresponsiveThreads_.TimedOut(window);
+  std::optional<AccessibleFacts> soFar = worker_->TakeAnswer();
+  abandoned_.push_back({std::move(worker_), window, thread});
+  return soFar;
 }
 
-// A thread may answer messages and never that question, so both have to be back.
+// A thread may answer messages and still never answer the earlier question, so it must have answered both.
 bool WinAccessibility::MayAsk(Point screen) {
-  if (leftBehind_.empty() && patience_.AllAnswer()) return true;
+  if (abandoned_.empty() && unresponsiveThreads_.AllAnswer()) return true;
   const HWND window = WindowFromPoint({screen.x, screen.y});
   const DWORD thread = GetWindowThreadProcessId(window, nullptr);
-  return patience_.MayAsk(window) &&
-         std::none_of(leftBehind_.begin(), leftBehind_.end(),
-                      [thread](const LeftBehind& left) { return left.thread == thread; });
+  return unresponsiveThreads_.MayAsk(window) &&
+         std::none_of(abandoned_.begin(), abandoned_.end(),
+                      [thread](const Abandoned& left) { return left.thread == thread; });
 }
 
 bool WinAccessibility::HaveWorker() {
-  if (!worker_ && leftBehind_.size() < kMostLeftBehind) worker_ = ObjectWorker::Start();
+  if (!worker_ && abandoned_.size() < kMostAbandoned) worker_ = ObjectWorker::Start();
   return worker_ != nullptr;
 }
 
-void WinAccessibility::WelcomeBack() {
-  std::erase_if(leftBehind_, [](const LeftBehind& left) { return left.worker->IsBack(); });
+void WinAccessibility::ForgetReturned() {
+  std::erase_if(abandoned_, [](const Abandoned& left) { return left.worker->IsBack(); });
 }
 
-bool WinAccessibility::QueryStillOut(WindowHandle window) {
-  WelcomeBack();
-  return std::any_of(leftBehind_.begin(), leftBehind_.end(),
-                     [window](const LeftBehind& left) { return FromWindow(left.window) == window; });
+bool WinAccessibility::QueryPending(WindowHandle window) {
+  ForgetReturned();
+  return std::any_of(abandoned_.begin(), abandoned_.end(),
+                     [window](const Abandoned& left) { return FromWindow(left.window) == window; });
 }
 
 Text WinAccessibility::RoleText(std::int32_t role, int capacity) {
   if (capacity <= 0) return {};
-  std::string bytes(static_cast<std::size_t>(std::min(capacity, kLongestRole)), '\0');
-  const UINT length = GetRoleTextA(static_cast<DWORD>(role), bytes.data(), static_cast<UINT>(bytes.size()));
-  bytes.resize(std::min<std::size_t>(length, bytes.size()));
-  return Widen(bytes);
+  wchar_t text[kLongestRole] = {};
+  const UINT length = GetRoleTextW(static_cast<DWORD>(role), text, kLongestRole);
+  return ThroughAnsi(FromWide({text, std::min(length, kLongestRole)}))
+      .substr(0, static_cast<std::size_t>(capacity));
 }
 
 }  // namespace pointalk::win32

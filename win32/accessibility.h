@@ -8,21 +8,22 @@
 
 #include "platform/accessibility.h"
 #include "win32/object_worker.h"
-#include "win32/patience.h"
+#include "win32/unresponsive_threads.h"
 
 namespace pointalk::win32 {
 
 class WinAccessibility final : public Accessibility {
  public:
-  explicit WinAccessibility(Patience& patience) : patience_(patience) {}
+  explicit WinAccessibility(UnresponsiveThreads& unresponsiveThreads)
+      : unresponsiveThreads_(unresponsiveThreads) {}
 
   std::optional<AccessibleFacts> ObjectAt(Point screen) override;
-  bool QueryStillOut(WindowHandle window) override;
+  bool QueryPending(WindowHandle window) override;
   Text RoleText(std::int32_t role, int capacity) override;
 
  private:
-  // A worker whose question ran over the limit, and whom it was asked.
-  struct LeftBehind {
+  // A worker whose question timed out, and whom it asked.
+  struct Abandoned {
     std::unique_ptr<ObjectWorker> worker;
     HWND window = nullptr;
     DWORD thread = 0;
@@ -30,11 +31,11 @@ class WinAccessibility final : public Accessibility {
 
   bool MayAsk(Point screen);
   bool HaveWorker();
-  void WelcomeBack();
+  void ForgetReturned();
 
-  Patience& patience_;
+  UnresponsiveThreads& unresponsiveThreads_;
   std::unique_ptr<ObjectWorker> worker_;  // idle between questions; null while there is none
-  std::vector<LeftBehind> leftBehind_;
+  std::vector<Abandoned> abandoned_;
 };
 
 }  // namespace pointalk::win32

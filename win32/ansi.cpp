@@ -11,15 +11,24 @@ namespace {
 
 constexpr std::size_t kLongest = std::numeric_limits<int>::max() / 4;
 
+// Gives the number of bytes, and writes them where there is room. A code page that has every character takes
+// neither the flag nor the question mark, and has no need of them.
+int Convert(const std::wstring& wide, char* bytes, int room) {
+  const int units = static_cast<int>(wide.size());
+  const int size =
+      WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, wide.data(), units, bytes, room, "?", nullptr);
+  if (size != 0) return size;
+  return WideCharToMultiByte(CP_ACP, 0, wide.data(), units, bytes, room, nullptr, nullptr);
+}
+
 }  // namespace
 
 std::string Narrow(TextView text) {
   if (text.empty() || text.size() > kLongest) return {};
   const std::wstring wide = Wide(text);
-  const int units = static_cast<int>(wide.size());
-  const int size = WideCharToMultiByte(CP_ACP, 0, wide.data(), units, nullptr, 0, nullptr, nullptr);
+  const int size = Convert(wide, nullptr, 0);
   std::string bytes(static_cast<std::size_t>(size), '\0');
-  WideCharToMultiByte(CP_ACP, 0, wide.data(), units, bytes.data(), size, nullptr, nullptr);
+  Convert(wide, bytes.data(), size);
   return bytes;
 }
 

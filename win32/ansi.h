@@ -9,7 +9,8 @@
 
 namespace pointalk::win32 {
 
-// Every character counts, NULs included. Empty on failure.
+// Every character counts, NULs included. One that the code page lacks becomes "?", never a similar letter.
+// Empty on failure.
 std::string Narrow(TextView text);
 Text Widen(std::string_view bytes);
 

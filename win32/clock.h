@@ -7,8 +7,8 @@
 
 namespace pointalk::win32 {
 
-// Reads the time of day once and counts on from there by the machine's counter, so that the times
-// measured here stay right when the system's time is set.
+// Reads the time of day once and counts on from there with the monotonic performance counter, so that what is
+// measured stays right when the system's time is changed.
 class WinClock final : public Clock {
  public:
   WinClock();

@@ -1,6 +1,5 @@
 #include "win32/com.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -10,8 +9,6 @@
 
 namespace pointalk::win32 {
 namespace {
-
-constexpr std::size_t kLongestText = 1024 * 1024;
 
 bool IsWhole(double number) {
   return number >= std::numeric_limits<std::int32_t>::min() &&
@@ -25,10 +22,12 @@ ComText MakeComText(TextView text) {
   return ComText(SysAllocStringLen(wide.data(), static_cast<UINT>(wide.size())));
 }
 
-Text FromComText(const OLECHAR* text) {
+Text FromComText(const OLECHAR* text, std::size_t longest) {
   if (text == nullptr) return {};
   const std::size_t length = SysStringLen(const_cast<OLECHAR*>(text));
-  return FromWide({text, std::min(length, kLongestText)});
+  if (length <= longest) return FromWide({text, length});
+  const bool cutsInHalf = longest > 0 && IS_SURROGATE_PAIR(text[longest - 1], text[longest]);
+  return FromWide({text, cutsInHalf ? longest - 1 : longest});
 }
 
 Variant::Variant(double number) : Variant() {

@@ -5,6 +5,7 @@
 
 #include <oleauto.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 
@@ -17,6 +18,13 @@ struct ReleasedByItself {
 };
 
 template <typename Interface> using ComPointer = std::unique_ptr<Interface, ReleasedByItself>;
+
+// The object by another interface; null where it has none of that kind.
+template <typename Interface> ComPointer<Interface> InterfaceOf(IUnknown& object) {
+  void* found = nullptr;
+  if (FAILED(object.QueryInterface(__uuidof(Interface), &found))) return nullptr;
+  return ComPointer<Interface>(static_cast<Interface*>(found));
+}
 
 // COM on this thread for as long as it lives.
 class ComThread {
@@ -40,12 +48,15 @@ using ComText = std::unique_ptr<OLECHAR, FreedByCom>;
 // Null when there is no memory.
 ComText MakeComText(TextView text);
 
-// At most 1,048,576 characters: a text that another program made may be of any length.
-Text FromComText(const OLECHAR* text);
+// A text that another program made may be of any length.
+inline constexpr std::size_t kLongestComText = 1024 * 1024;  // characters
+
+// At most so many characters; a character of two units is not cut in half.
+Text FromComText(const OLECHAR* text, std::size_t longest = kLongestComText);
 
 class Variant {
  public:
-  Variant() { VariantInit(&value_); }
+  Variant() = default;  // empty
   explicit Variant(std::int32_t number) : Variant() {
     value_.vt = VT_I4;
     value_.lVal = number;
@@ -65,7 +76,7 @@ class Variant {
   [[nodiscard]] bool Become(VARTYPE type) { return SUCCEEDED(VariantChangeType(&value_, &value_, 0, type)); }
 
  private:
-  VARIANT value_;
+  VARIANT value_{};
 };
 
 }  // namespace pointalk::win32

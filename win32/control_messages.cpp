@@ -1,10 +1,14 @@
 #include "win32/control_messages.h"
 
+#include <richedit.h>
+
 #include <algorithm>
+#include <iterator>
 #include <string>
 #include <string_view>
 
 #include "win32/ansi.h"
+#include "win32/password_field.h"
 #include "win32/wide_text.h"
 #include "win32/window_handles.h"
 
@@ -24,6 +28,15 @@ constexpr std::int32_t kLongestText = 1024 * 1024;  // characters
 constexpr std::int32_t kLongestLine = 65'535;
 constexpr std::int32_t kLongestItem = 65'536;
 
+// The messages that text fields answer with their text, a part of it, or its length.
+constexpr UINT kAskForText[] = {WM_GETTEXT,   WM_GETTEXTLENGTH, EM_GETHANDLE,
+                                EM_GETLINE,   EM_GETSELTEXT,    EM_GETTEXTRANGE,
+                                EM_STREAMOUT, EM_GETTEXTEX,     EM_GETTEXTLENGTHEX};
+
+bool AsksForText(UINT message) {
+  return std::find(std::begin(kAskForText), std::end(kAskForText), message) != std::end(kAskForText);
+}
+
 LPARAM Address(wchar_t* text) { return reinterpret_cast<LPARAM>(text); }
 
 // The control answered with a count but left the size of the buffer, which is no character, at its beginning.
@@ -33,29 +46,36 @@ bool IsUntouched(const wchar_t* line) { return line[0] == kLongestLine; }
 }  // namespace
 
 std::optional<std::int32_t> WinControlMessages::Ask(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (!patience_.MayAsk(window)) return std::nullopt;
+  const auto ask = [this](HWND field, UINT question) { return AskOpenly(field, question, 0, 0); };
+  if (AsksForText(message) && HoldsPassword(window, ask)) return std::nullopt;
+  return AskOpenly(window, message, wParam, lParam);
+}
+
+std::optional<std::int32_t> WinControlMessages::AskOpenly(HWND window, UINT message, WPARAM wParam,
+                                                          LPARAM lParam) {
+  if (!unresponsiveThreads_.MayAsk(window)) return std::nullopt;
   DWORD_PTR result = 0;
   const ULONGLONG begin = GetTickCount64();
   SetLastError(0);
   if (SendMessageTimeoutW(window, message, wParam, lParam, kHowToWait, kLimit, &result) != 0) {
-    NoteTaken(window, begin, GetTickCount64());
+    CountTime(window, begin, GetTickCount64());
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(result));
   }
   const DWORD error = GetLastError();
-  if (error == 0 || error == ERROR_TIMEOUT) patience_.RanOver(window);
+  if (error == 0 || error == ERROR_TIMEOUT) unresponsiveThreads_.TimedOut(window);
   return std::nullopt;
 }
 
-// A slow control that the pointer has left is not asked the rest: where the pointer is now waits. The clock
-// goes on in steps of several milliseconds, so most answers take no time by it and cost no look at the
-// pointer.
-void WinControlMessages::NoteTaken(HWND window, ULONGLONG begin, ULONGLONG end) {
+// A slow control that the pointer has left is not asked the rest: what is under the pointer now waits to be
+// named. The clock advances in steps of several milliseconds, so most answers take 0 by it and cost no look
+// at the pointer.
+void WinControlMessages::CountTime(HWND window, ULONGLONG begin, ULONGLONG end) {
   if (begin == end) return;
   if (begin > lastSlowAnswer_ + kLimit) takenSinceLeft_ = 0;  // an earlier control's
   lastSlowAnswer_ = end;
   if (ThreadUnderPointer() == GetWindowThreadProcessId(window, nullptr)) return;
   takenSinceLeft_ += end - begin;
-  if (takenSinceLeft_ >= kLeftLimit) patience_.RanOver(window);
+  if (takenSinceLeft_ >= kLeftLimit) unresponsiveThreads_.TimedOut(window);
 }
 
 std::optional<std::int32_t> WinControlMessages::Send(WindowHandle window, std::uint32_t message,

@@ -3,13 +3,14 @@
 
 #include "platform/control_messages.h"
 #include "win32/guarded_buffer.h"
-#include "win32/patience.h"
+#include "win32/unresponsive_threads.h"
 
 namespace pointalk::win32 {
 
 class WinControlMessages final : public ControlMessages {
  public:
-  explicit WinControlMessages(Patience& patience) : patience_(patience) {}
+  explicit WinControlMessages(UnresponsiveThreads& unresponsiveThreads)
+      : unresponsiveThreads_(unresponsiveThreads) {}
 
   std::optional<std::int32_t> Send(WindowHandle window, std::uint32_t message, std::uint64_t wParam,
                                    std::uint64_t lParam) override;
@@ -18,11 +19,13 @@ class WinControlMessages final : public ControlMessages {
   std::optional<Text> ListBoxText(WindowHandle window, std::int32_t item, std::int32_t length) override;
 
  private:
-  // The low 32 bits of the result, signed; no value when the message was not answered.
+  // The low 32 bits of the result, signed; no value when the message was not answered, nor when it asks for
+  // the text of a password field. All messages go out here.
   std::optional<std::int32_t> Ask(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-  void NoteTaken(HWND window, ULONGLONG begin, ULONGLONG end);
+  std::optional<std::int32_t> AskOpenly(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  void CountTime(HWND window, ULONGLONG begin, ULONGLONG end);
 
-  Patience& patience_;
+  UnresponsiveThreads& unresponsiveThreads_;
   ULONGLONG lastSlowAnswer_ = 0;  // by the system's clock, in milliseconds
   ULONGLONG takenSinceLeft_ = 0;  // milliseconds
   GuardedBuffer room_;            // for texts of a length that the control decides

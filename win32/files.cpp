@@ -30,12 +30,28 @@ OwnedHandle Open(const std::wstring& path, DWORD access, DWORD how) {
   return OwnedHandle(file == INVALID_HANDLE_VALUE ? nullptr : file);
 }
 
-bool WriteAll(const std::wstring& path, DWORD access, DWORD how, const std::string& bytes) {
+// What a file has to outlive. The disk is waited for only where it is more than the process.
+enum class Outlives { kProcess, kPowerCut };
+
+bool WriteAll(const std::wstring& path, DWORD access, DWORD how, const std::string& bytes,
+              Outlives outlives) {
   const OwnedHandle file = Open(path, access, how);
   if (!file) return false;
   DWORD written = 0;
   return WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
-         written == bytes.size() && FlushFileBuffers(file.get());
+         written == bytes.size() && (outlives == Outlives::kProcess || FlushFileBuffers(file.get()));
+}
+
+std::optional<std::string> ReadAll(const std::wstring& path) {
+  const OwnedHandle file = Open(path, GENERIC_READ, OPEN_EXISTING);
+  LARGE_INTEGER size;
+  if (!file || !GetFileSizeEx(file.get(), &size) || size.QuadPart > kLargestFile) return std::nullopt;
+  std::string bytes(static_cast<std::size_t>(size.QuadPart), '\0');
+  DWORD read = 0;
+  if (!ReadFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr))
+    return std::nullopt;
+  bytes.resize(read);
+  return bytes;
 }
 
 bool IsReadOnly(const std::wstring& path) {
@@ -43,15 +59,24 @@ bool IsReadOnly(const std::wstring& path) {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
 }
 
-bool Replace(const std::wstring& from, const std::wstring& to) {
+bool Replace(const std::wstring& from, const std::wstring& to, Outlives outlives) {
+  const DWORD waits = outlives == Outlives::kPowerCut ? MOVEFILE_WRITE_THROUGH : 0;
   for (int attempt = 1;; ++attempt) {
-    if (MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
-      return true;
+    if (MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | waits)) return true;
     const DWORD error = GetLastError();
     const bool mayBeHeld = error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED;
     if (!mayBeHeld || attempt == kReplaceAttempts || IsReadOnly(to)) return false;
     Sleep(kAttemptPause);
   }
+}
+
+// The new content is whole before it takes the old one's name.
+bool WriteWhole(const std::wstring& path, const std::string& bytes, Outlives outlives) {
+  const std::wstring fresh = path + L".new";
+  if (WriteAll(fresh, GENERIC_WRITE, CREATE_ALWAYS, bytes, outlives) && Replace(fresh, path, outlives))
+    return true;
+  DeleteFileW(fresh.c_str());
+  return false;
 }
 
 }  // namespace
@@ -62,28 +87,23 @@ bool WinFiles::Exists(FilePath path) {
 }
 
 std::optional<Text> WinFiles::Read(FilePath path) {
-  const OwnedHandle file = Open(WholePath(path), GENERIC_READ, OPEN_EXISTING);
-  LARGE_INTEGER size;
-  if (!file || !GetFileSizeEx(file.get(), &size) || size.QuadPart > kLargestFile) return std::nullopt;
-  std::string bytes(static_cast<std::size_t>(size.QuadPart), '\0');
-  DWORD read = 0;
-  if (!ReadFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr))
-    return std::nullopt;
-  bytes.resize(read);
-  return Widen(bytes);
+  const auto bytes = ReadAll(WholePath(path));
+  if (!bytes) return std::nullopt;
+  return Widen(*bytes);
 }
 
-// The new content is whole, and on the disk, before it takes the old one's name.
 bool WinFiles::Write(FilePath path, TextView text) {
+  return WriteWhole(WholePath(path), Narrow(text), Outlives::kPowerCut);
+}
+
+bool WinFiles::WriteLog(FilePath path, TextView text) {
   const std::wstring whole = WholePath(path);
-  const std::wstring fresh = whole + L".new";
-  if (WriteAll(fresh, GENERIC_WRITE, CREATE_ALWAYS, Narrow(text)) && Replace(fresh, whole)) return true;
-  DeleteFileW(fresh.c_str());
-  return false;
+  const std::string bytes = Narrow(text);
+  return ReadAll(whole) == bytes || WriteWhole(whole, bytes, Outlives::kProcess);
 }
 
 bool WinFiles::Append(FilePath path, TextView text) {
-  return WriteAll(WholePath(path), FILE_APPEND_DATA, OPEN_ALWAYS, Narrow(text));
+  return WriteAll(WholePath(path), FILE_APPEND_DATA, OPEN_ALWAYS, Narrow(text), Outlives::kPowerCut);
 }
 
 }  // namespace pointalk::win32

@@ -10,6 +10,7 @@ class WinFiles final : public Files {
   bool Exists(FilePath path) override;
   std::optional<Text> Read(FilePath path) override;
   bool Write(FilePath path, TextView text) override;
+  bool WriteLog(FilePath path, TextView text) override;
   bool Append(FilePath path, TextView text) override;
 };
 

@@ -1,4 +1,4 @@
-// Room for a text whose writer cannot be told how much there is.
+// A buffer for a text whose writer cannot be told its size.
 #pragma once
 
 #include <windows.h>
@@ -7,8 +7,8 @@
 
 namespace pointalk::win32 {
 
-// Far more characters than any text that is asked for, with memory behind them that nobody can write to: a
-// program that gives more than it announced spoils nothing of ours.
+// Far more characters than any text that is asked for, with inaccessible memory behind them, so that a
+// program that gives more than it announced overwrites nothing of ours.
 class GuardedBuffer {
  public:
   static constexpr std::size_t kCharacters = 2 * 1024 * 1024;
@@ -18,7 +18,8 @@ class GuardedBuffer {
   GuardedBuffer(const GuardedBuffer&) = delete;
   GuardedBuffer& operator=(const GuardedBuffer&) = delete;
 
-  // The first characters, made NULs; null when there is no memory. The memory is taken when first asked for.
+  // The buffer with that many NULs at its beginning; null when there is no memory, which is allocated by the
+  // first call.
   wchar_t* Cleared(std::size_t characters);
 
  private:

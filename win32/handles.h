@@ -1,4 +1,4 @@
-// Owners of the system's handles, which give them back.
+// Owners of the system's handles, which release them.
 #pragma once
 
 #include <windows.h>
@@ -8,13 +8,13 @@
 
 namespace pointalk::win32 {
 
-// Gives a resource back by a function of the system's.
-template <auto Give> struct GivenBackBy {
-  template <typename Pointer> void operator()(Pointer* resource) const { Give(resource); }
+// Releases a resource by a function of the system's.
+template <auto release> struct Deleter {
+  template <typename Pointer> void operator()(Pointer* resource) const { release(resource); }
 };
 
-template <typename Handle, auto Give>
-using Owned = std::unique_ptr<std::remove_pointer_t<Handle>, GivenBackBy<Give>>;
+template <typename Handle, auto release>
+using Owned = std::unique_ptr<std::remove_pointer_t<Handle>, Deleter<release>>;
 
 using OwnedHandle = Owned<HANDLE, CloseHandle>;
 using OwnedFont = Owned<HFONT, DeleteObject>;

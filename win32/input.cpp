@@ -14,7 +14,9 @@ std::optional<Point> WinInput::PointerPosition() {
   return Point{place.x, place.y};
 }
 
-bool WinInput::KeyDown(int virtualKey) { return GetAsyncKeyState(virtualKey) != 0; }
+bool WinInput::KeyDown(int virtualKey) {
+  return GetAsyncKeyState(virtualKey == kKeyLeftButton ? LeftButton() : virtualKey) != 0;
+}
 
 std::optional<ScreenSize> WinInput::Screen() {
   const int width = GetSystemMetrics(SM_CXSCREEN);

@@ -20,7 +20,7 @@ class LateBound {
   LateBound() = default;  // no object: every member fails
   explicit LateBound(ComPointer<IDispatch> object) : object_(std::move(object)) {}
 
-  // An object of a class; no value when the class is not there.
+  // An object of a class; no value when the class is not registered.
   static std::optional<LateBound> Create(const CLSID& classId);
 
   // Arguments are in the order in which the member has them.
@@ -30,6 +30,11 @@ class LateBound {
   std::optional<LateBound> Fetch(const wchar_t* member, Arguments arguments = {});
   [[nodiscard]] bool Put(const wchar_t* member, const Variant& value);
   [[nodiscard]] bool PutReference(const wchar_t* member, const LateBound& value);
+
+  // The object by an interface of another kind; null where it lacks that.
+  template <typename Interface> ComPointer<Interface> As() const {
+    return object_ ? InterfaceOf<Interface>(*object_) : nullptr;
+  }
 
  private:
   struct Member {

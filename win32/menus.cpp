@@ -1,14 +1,16 @@
 #include "win32/menus.h"
 
 #include <algorithm>
+#include <string>
 
 #include "win32/ansi.h"
+#include "win32/wide_text.h"
 #include "win32/window_handles.h"
 
 namespace pointalk::win32 {
 namespace {
 
-constexpr int kLongestItem = 64 * 1024;  // bytes
+constexpr int kLongestMenuText = 64 * 1024;  // characters
 
 HMENU ToMenu(MenuHandle menu) { return reinterpret_cast<HMENU>(static_cast<std::uintptr_t>(menu)); }
 
@@ -30,11 +32,11 @@ std::int32_t WinMenus::ItemAt(WindowHandle window, MenuHandle menu, Point screen
 
 std::int32_t WinMenus::ItemText(MenuHandle menu, std::int32_t position, Text& buffer, int capacity) {
   if (position < 0 || capacity <= 1) return 0;
-  std::string bytes(static_cast<std::size_t>(std::min(capacity, kLongestItem)), '\0');
-  const int length = GetMenuStringA(ToMenu(menu), static_cast<UINT>(position), bytes.data(),
-                                    static_cast<int>(bytes.size()), MF_BYPOSITION);
-  bytes.resize(static_cast<std::size_t>(std::max(length, 0)));
-  const Text text = Widen(bytes);
+  std::wstring item(static_cast<std::size_t>(std::min(capacity, kLongestMenuText)), L'\0');
+  const int length = GetMenuStringW(ToMenu(menu), static_cast<UINT>(position), item.data(),
+                                    static_cast<int>(item.size()), MF_BYPOSITION);
+  item.resize(static_cast<std::size_t>(std::max(length, 0)));
+  const Text text = ThroughAnsi(FromWide(item));
   buffer.replace(0, text.size(), text);
   return static_cast<std::int32_t>(text.size());
 }

@@ -5,8 +5,11 @@ namespace {
 
 constexpr UINT kCheckInterval = 1000;  // milliseconds
 
-// A hook is called on the thread that installed it, with no argument that tells for whom.
-thread_local MouseReports* watching = nullptr;
+// The hook is called before the system takes a press into account, which may take so many milliseconds.
+constexpr DWORD kPressSettles = 100;
+
+// A hook is called with no argument that tells for whom. Written and read by the hook's thread alone.
+MouseReports* watching = nullptr;
 
 DoubleClicks::Limits SystemLimits() {
   return {GetDoubleClickTime(), GetSystemMetrics(SM_CXDOUBLECLK), GetSystemMetrics(SM_CYDOUBLECLK)};
@@ -14,10 +17,13 @@ DoubleClicks::Limits SystemLimits() {
 
 }  // namespace
 
+int LeftButton() { return GetSystemMetrics(SM_SWAPBUTTON) != 0 ? VK_RBUTTON : VK_LBUTTON; }
+
 bool MouseReports::Start() {
   if (thread_) return hook_ != nullptr;
   ready_.reset(CreateEventW(nullptr, TRUE, FALSE, nullptr));
   if (!ready_) return false;
+  stops_ = false;
   thread_.reset(CreateThread(nullptr, 0, &ThreadMain, this, 0, &threadId_));
   if (!thread_) return false;
   // The pointer must not stutter because something else keeps the processors busy.
@@ -28,7 +34,8 @@ bool MouseReports::Start() {
 
 void MouseReports::Stop() {
   if (!thread_) return;
-  PostThreadMessageW(threadId_, WM_QUIT, 0, 0);
+  stops_ = true;
+  PostThreadMessageW(threadId_, WM_NULL, 0, 0);  // where it has no room, the timer wakes the thread
   WaitForSingleObject(thread_.get(), INFINITE);
   thread_.reset();
 }
@@ -41,12 +48,16 @@ DWORD WINAPI MouseReports::ThreadMain(void* reports) {
 void MouseReports::Watch() {
   watching = this;
   MSG message;
-  PeekMessageW(&message, nullptr, WM_USER, WM_USER, PM_NOREMOVE);  // makes the queue that WM_QUIT will go to
+  PeekMessageW(&message, nullptr, WM_USER, WM_USER,
+               PM_NOREMOVE);  // makes the queue that Stop's message will go to
   Install();
   SetEvent(ready_.get());
   const UINT_PTR timer = SetTimer(nullptr, 0, kCheckInterval, nullptr);
-  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-    if (message.message == WM_TIMER) CheckHook();
+  while (!stops_) {
+    GetMessageW(&message, nullptr, 0, 0);
+    if (message.message != WM_TIMER) continue;
+    CheckHook();
+    CheckButton();
   }
   KillTimer(nullptr, timer);
   Remove();
@@ -79,6 +90,15 @@ void MouseReports::CheckHook() {
   lastPlace_ = place;
 }
 
+// A release over a window of more rights than ours is told to nobody. Only a button that is down by the
+// messages is asked for: the question uses up the press that the form asks for.
+void MouseReports::CheckButton() {
+  if (!leftDown_ || GetTickCount() - leftPress_ < kPressSettles) return;
+  if (GetAsyncKeyState(LeftButton()) < 0) return;
+  leftDown_ = false;
+  PostMessageW(form_, kMouseReport, WM_LBUTTONUP, 0);
+}
+
 LRESULT CALLBACK MouseReports::OnMouse(int code, WPARAM message, LPARAM details) {
   if (code == HC_ACTION) {
     watching->Note(static_cast<UINT>(message), *reinterpret_cast<const MSLLHOOKSTRUCT*>(details));
@@ -97,6 +117,8 @@ void MouseReports::Note(UINT message, const MSLLHOOKSTRUCT& details) {
     case WM_MBUTTONUP: break;
     default: return;
   }
+  if (message == WM_LBUTTONDOWN) leftPress_ = GetTickCount();
+  if (message == WM_LBUTTONDOWN || message == WM_LBUTTONUP) leftDown_ = message == WM_LBUTTONDOWN;
   const std::int32_t report = clicks_.Report(static_cast<std::int32_t>(message), {details.pt.x, details.pt.y},
                                              details.time, SystemLimits());
   PostMessageW(form_, kMouseReport, static_cast<WPARAM>(report), 0);

@@ -13,6 +13,10 @@ namespace pointalk::win32 {
 // Posted to the form's window for each report, with the mouse message's number in wParam.
 inline constexpr UINT kMouseReport = WM_APP + 1;
 
+// The number of the button that is the left one by the user's settings. Messages, the hook's included, are
+// told of buttons as the user's settings have them; the state of a key is that of the button on the mouse.
+int LeftButton();
+
 // The hook that sees every mouse message on the machine runs on a thread that does nothing else, for until it
 // answers the mouse stands still; a report is only posted, and the form takes it when it has time.
 class MouseReports {
@@ -30,10 +34,12 @@ class MouseReports {
   static DWORD WINAPI ThreadMain(void* reports);
   static LRESULT CALLBACK OnMouse(int code, WPARAM message, LPARAM details);
 
+  // Ends when Stop says so, and not for a message that any program may post.
   void Watch();
   bool Install();
   void Remove();
   void CheckHook();
+  void CheckButton();
   void Note(UINT message, const MSLLHOOKSTRUCT& details);
 
   HWND form_;
@@ -42,11 +48,14 @@ class MouseReports {
   DWORD threadId_ = 0;
 
   std::atomic<HHOOK> hook_ = nullptr;
+  std::atomic<bool> stops_ = false;
 
   // Of the thread alone.
   DoubleClicks clicks_;
-  bool heard_ = false;    // the hook was called since the last check
-  POINT lastPlace_ = {};  // of the pointer, at the last check
+  bool leftDown_ = false;  // by the messages
+  DWORD leftPress_ = 0;    // when it went down, by the system's clock of 32 bits, in milliseconds
+  bool heard_ = false;     // the hook was called since the last check
+  POINT lastPlace_ = {};   // of the pointer, at the last check
 };
 
 }  // namespace pointalk::win32

@@ -6,31 +6,18 @@
 
 #include "win32/com.h"
 #include "win32/handles.h"
+#include "win32/locked.h"
 #include "win32/object_question.h"
 
 namespace pointalk::win32 {
-namespace {
-
-class Locked {
- public:
-  explicit Locked(SRWLOCK& lock) : lock_(lock) { AcquireSRWLockExclusive(&lock_); }
-  ~Locked() { ReleaseSRWLockExclusive(&lock_); }
-  Locked(const Locked&) = delete;
-  Locked& operator=(const Locked&) = delete;
-
- private:
-  SRWLOCK& lock_;
-};
-
-}  // namespace
 
 struct ObjectWorker::Shared {
   SRWLOCK lock = SRWLOCK_INIT;
   CONDITION_VARIABLE asked = CONDITION_VARIABLE_INIT;
   CONDITION_VARIABLE answered = CONDITION_VARIABLE_INIT;
-  std::optional<Point> question;  // not yet answered
-  std::optional<AccessibleFacts> answer;
-  OwnedHandle event;  // once somebody waits for it
+  std::optional<Point> question;          // not yet answered
+  std::optional<AccessibleFacts> answer;  // what there is of it, while the question is under way
+  OwnedHandle event;                      // once somebody waits for it
   bool unwanted = false;
 
   void Serve();
@@ -46,10 +33,15 @@ std::optional<Point> ObjectWorker::Shared::NextQuestion() {
 
 void ObjectWorker::Shared::Serve() {
   const ComThread com(COINIT_MULTITHREADED);
+  AutomationQuestion automation;
+  const auto early = [this](const std::optional<AccessibleFacts>& facts) {
+    const Locked locked(lock);
+    answer = facts;
+  };
   while (const auto place = NextQuestion()) {
     std::optional<AccessibleFacts> facts;
     try {
-      facts = AskObjectAt(*place);
+      facts = AskObjectAt(*place, automation, early);
     } catch (const std::exception&) {  // a text too long for our memory
       facts.reset();
     }

@@ -16,7 +16,7 @@ class ObjectWorker {
   // Null when the system gives no thread.
   static std::unique_ptr<ObjectWorker> Start();
 
-  // The thread ends once it is back from what it was asked last; nobody waits for that.
+  // The thread ends once its last question returns; the destructor does not wait for that.
   ~ObjectWorker();
   ObjectWorker(const ObjectWorker&) = delete;
   ObjectWorker& operator=(const ObjectWorker&) = delete;
@@ -24,7 +24,7 @@ class ObjectWorker {
   // Only while no other question is under way.
   void Ask(Point screen);
 
-  // Waits for the answer; false when it is not there in time.
+  // Waits for the answer; false on timeout.
   bool AnswersWithin(DWORD milliseconds);
 
   // An event that is set when the answer is there. Setting it costs more than the wait above; it is for
@@ -32,6 +32,7 @@ class ObjectWorker {
   HANDLE AnswerEvent();
 
   bool IsBack() { return AnswersWithin(0); }
+  // While the question is under way, what there is of its answer.
   std::optional<AccessibleFacts> TakeAnswer();
 
  private:

@@ -1,17 +1,24 @@
 #include "win32/panel.h"
 
-#include <climits>
+#include <dbt.h>
 
+#include <climits>
+#include <utility>
+
+#include "win32/foreground.h"
 #include "win32/late_procedure.h"
 #include "win32/mouse_reports.h"
+#include "win32/one_pointalk.h"
 #include "win32/panel_commands.h"
 #include "win32/wide_text.h"
 
 namespace pointalk::win32 {
 namespace {
 
-constexpr wchar_t kClassName[] = L"PointalkPanel";
 constexpr UINT_PTR kPollTimer = 1;
+constexpr UINT_PTR kDevicesTimer = 2;
+constexpr UINT kDevicesSettle = 1000;  // milliseconds after the last change, of which there are many at once
+constexpr UINT kDevicesAgain = 100;    // milliseconds: the tones are silent for moments only
 constexpr DWORD kStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
 constexpr UINT kUsualDpi = 96;
 
@@ -38,7 +45,7 @@ void RegisterPanelClass(WNDPROC procedure) {
   panel.hIcon = LoadIconW(panel.hInstance, MAKEINTRESOURCEW(1));
   panel.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));
   panel.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
-  panel.lpszClassName = kClassName;
+  panel.lpszClassName = kPanelClass;
   RegisterClassExW(&panel);  // a second panel in one process finds it there
 }
 
@@ -59,18 +66,49 @@ bool TakeMessage(MSG& message) {
          PeekMessageW(&message, nullptr, WM_KEYLAST + 1, UINT_MAX, kHow) != FALSE;
 }
 
+// A rectangle where a message says that there is one. Any program may send the message, with any number for
+// an address; no value where nothing can be read.
+std::optional<RECT> RectangleAt(LPARAM address) {
+  RECT place{};
+  SIZE_T count = 0;
+  if (!ReadProcessMemory(GetCurrentProcess(), reinterpret_cast<const void*>(address), &place, sizeof place,
+                         &count) ||
+      count != sizeof place)
+    return std::nullopt;
+  return place;
+}
+
 bool IsBox(HWND window) { return GetClassLongW(window, GCW_ATOM) == LOWORD(WC_DIALOG); }
 
+BOOL CALLBACK TakeOpenBox(HWND window, LPARAM found) {
+  if (!IsBox(window) || !IsWindowVisible(window) || !IsWindowEnabled(window)) return TRUE;
+  *reinterpret_cast<HWND*>(found) = window;
+  return FALSE;
+}
+
+// The box that waits for the user's answer; null where none is open.
+HWND OpenBox() {
+  HWND open = nullptr;
+  EnumThreadWindows(GetCurrentThreadId(), &TakeOpenBox, reinterpret_cast<LPARAM>(&open));
+  return open;
+}
+
+bool TellsOfDevices(UINT message, WPARAM wParam) {
+  return (message == WM_POWERBROADCAST && wParam == PBT_APMRESUMEAUTOMATIC) ||
+         (message == WM_DEVICECHANGE && wParam == DBT_DEVNODES_CHANGED);
+}
+
 bool MayTakeLong(UINT message) {
-  return message == WM_COMMAND || message == WM_LBUTTONUP || message == WM_CLOSE || message == WM_SYSCOMMAND;
+  return message == WM_COMMAND || message == WM_LBUTTONUP || message == WM_CLOSE ||
+         message == WM_SYSCOMMAND || message == ComeForwardMessage();
 }
 
 }  // namespace
 
-WinPanel::WinPanel() : keys_(MakePanelAccelerators()) {
+WinPanel::WinPanel(const VoiceThread& voice) : voice_(voice), keys_(MakePanelAccelerators()) {
   RegisterPanelClass(&OnMessage);
   menu_ = MakePanelMenu();
-  window_ = CreateWindowExW(0, kClassName, Wide(kPanelCaption).c_str(), kStyle, CW_USEDEFAULT, CW_USEDEFAULT,
+  window_ = CreateWindowExW(0, kPanelClass, Wide(kPanelCaption).c_str(), kStyle, CW_USEDEFAULT, CW_USEDEFAULT,
                             400, 200, nullptr, menu_, GetModuleHandleW(nullptr), nullptr);
   SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   controls_.emplace(window_);
@@ -98,8 +136,9 @@ LRESULT CALLBACK WinPanel::OnMessage(HWND window, UINT message, WPARAM wParam, L
   if (panel == nullptr) return DefWindowProcW(window, message, wParam, lParam);
   // Another program that presses a button waits until the press is handled, and a command may ask the user
   // and speak for minutes, or a menu stay open: it becomes an event of its own.
-  if (MayTakeLong(message) && InSendMessage()) {
-    PostMessageW(window, message, wParam, lParam);
+  if (MayTakeLong(message) && InSendMessage()) return panel->HandleLater(message, wParam, lParam);
+  if (message == ComeForwardMessage()) {
+    panel->ComeForward();
     return 0;
   }
   auto result = panel->HandleEvent(message, wParam);
@@ -107,16 +146,31 @@ LRESULT CALLBACK WinPanel::OnMessage(HWND window, UINT message, WPARAM wParam, L
   return result ? *result : DefWindowProcW(window, message, wParam, lParam);
 }
 
+// While a text is spoken that the form waits for, it is not known whether the program ends after it: a second
+// start gets no promise then, and asks again.
+LRESULT WinPanel::HandleLater(UINT message, WPARAM wParam, LPARAM lParam) {
+  const bool comesForward = message == ComeForwardMessage();
+  if (!comesForward || !std::exchange(toComeForward_, true)) PostMessageW(window_, message, wParam, lParam);
+  return comesForward && !voice_.IsWaitedFor() ? AnswerToSecondStart(window_) : 0;
+}
+
 std::optional<LRESULT> WinPanel::HandleEvent(UINT message, WPARAM wParam) {
   if (events_ == nullptr) return std::nullopt;
+  if (TellsOfDevices(message, wParam)) SetTimer(window_, kDevicesTimer, kDevicesSettle, nullptr);
   switch (message) {
-    case WM_TIMER: TellTick(); return 0;
+    case WM_TIMER:
+      if (wParam == kDevicesTimer) {
+        TellDevices();
+      } else {
+        TellTick();
+      }
+      return 0;
     case kMouseReport: events_->OnMouse(static_cast<std::int32_t>(wParam)); return 0;
     case WM_COMMAND: TellCommand(LOWORD(wParam)); return 0;
     case WM_LBUTTONUP: events_->OnClick(); return 0;
     case WM_CLOSE: events_->OnUnload(); return 0;
     case WM_ENDSESSION:
-      if (wParam != FALSE) events_->OnUnload();
+      if (wParam != FALSE) events_->OnSessionEnd();
       return 0;
     default: return std::nullopt;
   }
@@ -140,12 +194,22 @@ std::optional<LRESULT> WinPanel::HandleWindow(UINT message, WPARAM wParam, LPARA
     case DM_GETDEFID: return MAKELONG(GetDlgCtrlID(controls_->FirstButton()), DC_HASDEFID);
     case WM_DPICHANGED: {
       if (IsIconic(window_)) return 0;  // what is suggested then is a place for the icon
-      const RECT& suggested = *reinterpret_cast<const RECT*>(lParam);
-      Fit({suggested.left, suggested.top});
+      if (const auto suggested = RectangleAt(lParam)) Fit({suggested->left, suggested->top});
       return 0;
     }
     default: return std::nullopt;
   }
+}
+
+// An open box is what the user has to answer first.
+void WinPanel::ComeForward() {
+  toComeForward_ = false;
+  askedFor_ = !runs_;
+  if (runs_) ShowWindow(window_, SW_RESTORE);
+  const HWND box = OpenBox();
+  if (box == nullptr && !runs_) return;
+  ClaimForeground();
+  SetForegroundWindow(box != nullptr ? box : window_);
 }
 
 void WinPanel::KeepFocus() {
@@ -168,6 +232,8 @@ void WinPanel::HandOn(MSG& message) {
 }
 
 void WinPanel::Run() {
+  runs_ = true;
+  if (askedFor_) ComeForward();
   MSG message;
   while (GetMessageW(&message, nullptr, 0, 0) > 0) HandOn(message);
 }
@@ -179,7 +245,7 @@ void WinPanel::LetMessagesRun() {
   while (TakeMessage(message)) {
     if (message.message == WM_QUIT) return PostQuitMessage(static_cast<int>(message.wParam));  // for Run
     HandOn(message);
-    if (message.message == WM_TIMER) return;
+    if (message.message == WM_TIMER && message.wParam == kPollTimer) return;
   }
 }
 
@@ -213,6 +279,14 @@ void WinPanel::TellTick() {
   if (timerEnabled_) return events_->OnTick();
   KillTimer(window_, kPollTimer);
   timerArmed_ = false;
+}
+
+void WinPanel::TellDevices() {
+  if (events_->OnDevices()) {
+    KillTimer(window_, kDevicesTimer);
+  } else {
+    SetTimer(window_, kDevicesTimer, kDevicesAgain, nullptr);
+  }
 }
 
 bool WinPanel::MenuChecked(TextView name) {

@@ -8,23 +8,27 @@
 #include "platform/panel.h"
 #include "win32/panel_controls.h"
 #include "win32/panel_events.h"
+#include "win32/voice_thread.h"
 
 namespace pointalk::win32 {
+
+inline constexpr wchar_t kPanelClass[] = L"PointalkPanel";
 
 class WinPanel final : public Panel {
  public:
   // The window is made hidden, and tells nobody anything before Serve.
-  WinPanel();
+  explicit WinPanel(const VoiceThread& voice);
   ~WinPanel() override;
   WinPanel(const WinPanel&) = delete;
   WinPanel& operator=(const WinPanel&) = delete;
 
-  HWND window() const { return window_; }
+  HWND Window() const { return window_; }
 
   // From now on the form hears what happens; it has to stay for as long as messages are handled.
   void Serve(PanelEvents* events) { events_ = events; }
 
-  // Handles messages until somebody ends the thread's message loop.
+  // Handles messages until somebody ends the thread's message loop. A panel that was asked for earlier comes
+  // to the front first.
   void Run();
 
   void Minimise() override;
@@ -40,14 +44,18 @@ class WinPanel final : public Panel {
 
   std::optional<LRESULT> HandleEvent(UINT message, WPARAM wParam);
   std::optional<LRESULT> HandleWindow(UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT HandleLater(UINT message, WPARAM wParam, LPARAM lParam);
   void HandOn(MSG& message);
+  void ComeForward();
   void KeepFocus();
   void TellTick();
+  void TellDevices();
   void TellCommand(UINT command);
   void Fit(POINT place);
 
   void ArmTimer();
 
+  const VoiceThread& voice_;
   HWND window_ = nullptr;
   HMENU menu_ = nullptr;  // the window's
   OwnedAccelerators keys_;
@@ -55,6 +63,9 @@ class WinPanel final : public Panel {
   UINT dpi_ = 0;          // that it was laid out for
   HWND focus_ = nullptr;  // the control that had the keyboard when the window last lost it
   PanelEvents* events_ = nullptr;
+  bool runs_ = false;           // start-up, which minimises the panel, is over
+  bool askedFor_ = false;       // by a second start, before that
+  bool toComeForward_ = false;  // a second start's message, which it sends again and again, is posted
 
   bool timerEnabled_ = false;
   bool timerArmed_ = false;  // the system's timer runs, which may be so a moment longer than it is enabled

@@ -16,8 +16,12 @@ class PanelEvents {
   virtual void OnClick() = 0;
   virtual void OnCommand(Handler handler) = 0;
 
-  // The window closes, or the user's session ends.
-  virtual void OnUnload() = 0;
+  // Devices came or went a second ago, or the machine woke up. False when nothing could be done about it yet:
+  // it is told again soon.
+  virtual bool OnDevices() = 0;
+
+  virtual void OnUnload() = 0;      // the window closes
+  virtual void OnSessionEnd() = 0;  // of the user's session; the program has to end at once
 };
 
 }  // namespace pointalk::win32

@@ -3,17 +3,19 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <cstring>
+#include <exception>
 #include <string>
 #include <utility>
 
 #include "win32/ansi.h"
+#include "win32/wide_text.h"
 
 namespace pointalk::win32 {
 namespace {
 
-constexpr std::uint32_t kLongestName = 64 * 1024;          // bytes
-constexpr std::uint32_t kLargestValue = 16 * 1024 * 1024;  // bytes
-constexpr DWORD kClassNameRoom = 1024;                     // bytes
+constexpr std::uint32_t kLongestName = 64 * 1024;  // characters
+constexpr DWORD kClassNameRoom = 1024;             // characters
 
 // The numbers of the root keys have 32 bits, and as handles of 64 their sign is carried on.
 HKEY ToKey(RegistryKey key) {
@@ -24,14 +26,46 @@ HKEY ToKey(RegistryKey key) {
 
 RegistryKey FromKey(HKEY key) { return reinterpret_cast<std::uintptr_t>(key); }
 
-// Keys and values are enumerated in the same way.
-template <typename Enumerate> RegistryName NameFrom(std::uint32_t capacity, Enumerate enumerate) {
-  std::string name(std::min(capacity, kLongestName), '\0');
-  auto length = static_cast<DWORD>(name.size());
-  const LSTATUS code = enumerate(name.data(), &length);
-  if (code != ERROR_SUCCESS) return {code, {}};
-  name.resize(std::min<std::size_t>(length, name.size()));
-  return {code, Widen(name)};
+bool IsText(DWORD type) { return type == REG_SZ || type == REG_EXPAND_SZ || type == REG_MULTI_SZ; }
+
+// The data as 8-bit programs have them: texts are kept in Unicode, all else as it is.
+std::vector<std::byte> InEightBits(DWORD type, std::vector<std::byte> stored) {
+  if (!IsText(type)) return stored;
+  Text text(stored.size() / sizeof(char16_t), u'\0');
+  std::memcpy(text.data(), stored.data(), text.size() * sizeof(char16_t));
+  return WinAnsi().ToBytes(text);
+}
+
+// What the question gives, or the platform's code where there is no memory for a value, whose size is another
+// program's choice.
+template <typename Question> auto WithinMemory(Question ask) -> decltype(ask()) {
+  try {
+    return ask();
+  } catch (const std::exception&) {
+    decltype(ask()) failed;
+    failed.code = ERROR_OUTOFMEMORY;
+    return failed;
+  }
+}
+
+RegistryValueData Stored(HKEY key, const std::wstring& name) {
+  DWORD size = 0;
+  LSTATUS code = RegQueryValueExW(key, name.c_str(), nullptr, nullptr, nullptr, &size);
+  if (code != ERROR_SUCCESS) return {code, 0, {}};
+  std::vector<std::byte> data(size);
+  DWORD type = 0;
+  code = RegQueryValueExW(key, name.c_str(), nullptr, &type, reinterpret_cast<BYTE*>(data.data()), &size);
+  if (code != ERROR_SUCCESS) return {code, 0, {}};
+  data.resize(std::min<std::size_t>(size, data.size()));
+  return {code, type, InEightBits(type, std::move(data))};
+}
+
+std::wstring AsGiven(TextView name) { return Wide(ThroughAnsi(name)); }
+
+std::wstring Room(std::uint32_t capacity) { return std::wstring(std::min(capacity, kLongestName), L'\0'); }
+
+Text NameIn(const std::wstring& room, DWORD length) {
+  return ThroughAnsi(FromWide(std::wstring_view(room).substr(0, length)));
 }
 
 }  // namespace
@@ -59,20 +93,14 @@ std::int32_t WinRegistry::SetValue(RegistryKey key, TextView name, std::uint32_t
 }
 
 RegistryValueSize WinRegistry::QueryValueSize(RegistryKey key, TextView name) {
-  DWORD type = 0;
-  DWORD size = 0;
-  const LSTATUS code = RegQueryValueExA(ToKey(key), Narrow(name).c_str(), nullptr, &type, nullptr, &size);
-  return {code, type, size};
+  const RegistryValueData stored = WithinMemory([&] { return Stored(ToKey(key), AsGiven(name)); });
+  return {stored.code, stored.type, static_cast<std::uint32_t>(stored.data.size())};
 }
 
 RegistryValueData WinRegistry::QueryValue(RegistryKey key, TextView name, std::uint32_t bytes) {
-  std::vector<std::byte> data(std::min(bytes, kLargestValue));
-  DWORD type = 0;
-  auto size = static_cast<DWORD>(data.size());
-  const LSTATUS code = RegQueryValueExA(ToKey(key), Narrow(name).c_str(), nullptr, &type,
-                                        reinterpret_cast<BYTE*>(data.data()), &size);
-  data.resize(code == ERROR_SUCCESS ? std::min<std::size_t>(size, data.size()) : 0);
-  return {code, type, std::move(data)};
+  RegistryValueData stored = WithinMemory([&] { return Stored(ToKey(key), AsGiven(name)); });
+  if (stored.data.size() > bytes) return {ERROR_MORE_DATA, 0, {}};
+  return stored;
 }
 
 std::int32_t WinRegistry::DeleteValue(RegistryKey key, TextView name) {
@@ -80,27 +108,42 @@ std::int32_t WinRegistry::DeleteValue(RegistryKey key, TextView name) {
 }
 
 RegistryKeyInfo WinRegistry::QueryKey(RegistryKey key) {
-  char className[kClassNameRoom];
+  wchar_t className[kClassNameRoom];
   DWORD classNameRoom = kClassNameRoom;
   DWORD subKeys = 0;
   DWORD longestSubKeyName = 0;
   DWORD values = 0;
   DWORD longestValueName = 0;
   const LSTATUS code =
-      RegQueryInfoKeyA(ToKey(key), className, &classNameRoom, nullptr, &subKeys, &longestSubKeyName, nullptr,
+      RegQueryInfoKeyW(ToKey(key), className, &classNameRoom, nullptr, &subKeys, &longestSubKeyName, nullptr,
                        &values, &longestValueName, nullptr, nullptr, nullptr);
   return {code, subKeys, longestSubKeyName, values, longestValueName};
 }
 
 RegistryName WinRegistry::SubKeyName(RegistryKey key, std::uint32_t index, std::uint32_t capacity) {
-  return NameFrom(capacity, [&](char* name, DWORD* length) {
-    return RegEnumKeyExA(ToKey(key), index, name, length, nullptr, nullptr, nullptr, nullptr);
-  });
+  std::wstring name = Room(capacity);
+  auto length = static_cast<DWORD>(name.size());
+  const LSTATUS code =
+      RegEnumKeyExW(ToKey(key), index, name.data(), &length, nullptr, nullptr, nullptr, nullptr);
+  if (code != ERROR_SUCCESS) return {code, {}};
+  return {code, NameIn(name, length)};
 }
 
-RegistryName WinRegistry::ValueName(RegistryKey key, std::uint32_t index, std::uint32_t capacity) {
-  return NameFrom(capacity, [&](char* name, DWORD* length) {
-    return RegEnumValueA(ToKey(key), index, name, length, nullptr, nullptr, nullptr, nullptr);
+RegistryEnumeratedValue WinRegistry::ValueAt(RegistryKey key, std::uint32_t index, std::uint32_t capacity) {
+  return WithinMemory([&]() -> RegistryEnumeratedValue {
+    std::wstring name = Room(capacity);
+    auto length = static_cast<DWORD>(name.size());
+    DWORD size = 0;
+    LSTATUS code = RegEnumValueW(ToKey(key), index, name.data(), &length, nullptr, nullptr, nullptr, &size);
+    if (code != ERROR_SUCCESS) return {code, {}, 0, {}};
+    std::vector<std::byte> data(size);
+    DWORD type = 0;
+    length = static_cast<DWORD>(name.size());
+    code = RegEnumValueW(ToKey(key), index, name.data(), &length, nullptr, &type,
+                         reinterpret_cast<BYTE*>(data.data()), &size);
+    if (code != ERROR_SUCCESS) return {code, {}, 0, {}};
+    data.resize(std::min<std::size_t>(size, data.size()));
+    return {code, NameIn(name, length), type, InEightBits(type, std::move(data))};
   });
 }
 

@@ -1,4 +1,5 @@
-// The registry's 8-bit functions.
+// The registry as its 8-bit functions give it. What comes out is asked for in Unicode and narrowed here: the
+// system itself would put a similar letter for one that the code page lacks.
 #pragma once
 
 #include "platform/registry_api.h"
@@ -17,7 +18,7 @@ class WinRegistry final : public RegistryApi {
   std::int32_t DeleteValue(RegistryKey key, TextView name) override;
   RegistryKeyInfo QueryKey(RegistryKey key) override;
   RegistryName SubKeyName(RegistryKey key, std::uint32_t index, std::uint32_t capacity) override;
-  RegistryName ValueName(RegistryKey key, std::uint32_t index, std::uint32_t capacity) override;
+  RegistryEnumeratedValue ValueAt(RegistryKey key, std::uint32_t index, std::uint32_t capacity) override;
   std::int32_t DeleteKey(RegistryKey key, TextView subKey) override;
 };
 

@@ -3,105 +3,127 @@
 #include <tuple>
 #include <utility>
 
-#include "win32/ansi.h"
-
 namespace pointalk::win32 {
 namespace {
 
-// {96749377-3391-11D2-9EE3-00C04F797396}
-constexpr CLSID kSapi5Voice = {0x96749377, 0x3391, 0x11D2, {0x9E, 0xE3, 0x00, 0xC0, 0x4F, 0x79, 0x73, 0x96}};
-// {EEE78591-FE22-11D0-8BEF-0060081841DE}
-constexpr CLSID kSapi4Control = {
-    0xEEE78591, 0xFE22, 0x11D0, {0x8B, 0xEF, 0x00, 0x60, 0x08, 0x18, 0x41, 0xDE}};
-
-std::optional<std::int32_t> AsNumber(std::optional<Variant> value) {
-  if (!value || !value->Become(VT_I4)) return std::nullopt;
-  return value->Get().lVal;
-}
-
-std::optional<double> AsReal(std::optional<Variant> value) {
-  if (!value || !value->Become(VT_R8)) return std::nullopt;
-  return value->Get().dblVal;
-}
-
-bool CreateInto(LateBound& object, const CLSID& classId) {
-  auto created = LateBound::Create(classId);
-  if (!created) return false;
-  object = std::move(*created);
-  return true;
-}
+constexpr DWORD kLastWordsAnswer = 500;  // milliseconds
 
 }  // namespace
 
-bool WinSapi5Voice::Create() { return CreateInto(voice_, kSapi5Voice); }
-
-std::optional<double> WinSapi5Voice::Rate() { return AsNumber(voice_.Get(L"Rate")); }
-
-bool WinSapi5Voice::SetRate(double rate) { return voice_.Put(L"Rate", Variant(rate)); }
-
-bool WinSapi5Voice::SetVolume(double volume) { return voice_.Put(L"Volume", Variant(volume)); }
-
-std::optional<std::int32_t> WinSapi5Voice::VoiceCount() {
-  auto voices = voice_.Fetch(L"GetVoices");
-  if (!voices) return std::nullopt;
-  return AsNumber(voices->Get(L"Count"));
+bool WinSapi5Voice::Create() {
+  created_ = thread_.Ask([](Engines& engines) { return engines.sapi5.Create(); }).value_or(false);
+  return created_;
 }
 
-std::optional<LateBound> WinSapi5Voice::VoiceAt(std::int32_t index) {
-  auto voices = voice_.Fetch(L"GetVoices");
-  if (!voices) return std::nullopt;
-  return voices->Fetch(L"Item", {Variant(index).Get()});
+void WinSapi5Voice::Release() {
+  created_ = false;
+  std::ignore = thread_.Ask([](Engines& engines) { return engines.sapi5.Release(), true; });
+}
+
+std::optional<double> WinSapi5Voice::Rate() {
+  return thread_.Ask([](Engines& engines) { return engines.sapi5.Rate(); }).value_or(std::nullopt);
+}
+
+bool WinSapi5Voice::SetRate(double rate) {
+  return thread_.Ask([rate](Engines& engines) { return engines.sapi5.SetRate(rate); }).value_or(false);
+}
+
+bool WinSapi5Voice::SetVolume(double volume) {
+  return thread_.Ask([volume](Engines& engines) { return engines.sapi5.SetVolume(volume); }).value_or(false);
+}
+
+std::optional<std::int32_t> WinSapi5Voice::VoiceCount() {
+  return thread_.Ask([](Engines& engines) { return engines.sapi5.VoiceCount(); }).value_or(std::nullopt);
 }
 
 std::optional<Text> WinSapi5Voice::VoiceDescription(std::int32_t index) {
-  auto voice = VoiceAt(index);
-  if (!voice) return std::nullopt;
-  auto description = voice->Get(L"GetDescription");
-  if (!description || !description->Become(VT_BSTR)) return std::nullopt;
-  return FromComText(description->Get().bstrVal);
+  return thread_.Ask([index](Engines& engines) { return engines.sapi5.VoiceDescription(index); })
+      .value_or(std::nullopt);
 }
 
 bool WinSapi5Voice::SetVoice(std::int32_t index) {
-  const auto voice = VoiceAt(index);
-  return voice && voice_.PutReference(L"voice", *voice);
+  return thread_.Ask([index](Engines& engines) { return engines.sapi5.SetVoice(index); }).value_or(false);
 }
 
 bool WinSapi5Voice::Speak(TextView text, std::optional<int> flags) {
-  const Variant words(text);
-  if (!flags) return voice_.Call(L"Speak", {words.Get()});
-  return voice_.Call(L"Speak", {words.Get(), Variant(std::int32_t{*flags}).Get()});
+  auto speak = [said = Text(text), flags](Engines& engines) { return engines.sapi5.Speak(said, flags); };
+  const int given = flags.value_or(0);
+  if ((given & kSpeakAsync) == 0) return thread_.Ask(std::move(speak)).value_or(false);
+  if (created_) thread_.Hand(std::move(speak), (given & kSpeakPurgeFirst) != 0);
+  return created_;
 }
 
-bool WinSapi4Control::Create() { return CreateInto(control_, kSapi4Control); }
+bool WinSapi5Voice::IsSpeaking() {
+  return created_ &&
+         thread_.Ask([](Engines& engines) { return engines.sapi5.IsSpeaking(); }, kLastWordsAnswer)
+             .value_or(true);
+}
 
-std::optional<double> WinSapi4Control::Speed() { return AsReal(control_.Get(L"Speed")); }
+bool WinSapi4Control::Create() {
+  created_ = thread_.Ask([](Engines& engines) { return engines.sapi4.Create(); }).value_or(false);
+  return created_;
+}
 
-bool WinSapi4Control::SetSpeed(double speed) { return control_.Put(L"Speed", Variant(speed)); }
+void WinSapi4Control::Release() {
+  created_ = false;
+  std::ignore = thread_.Ask([](Engines& engines) { return engines.sapi4.Release(), true; });
+}
 
-bool WinSapi4Control::SetVolumeLeft(double volume) { return control_.Put(L"VolumeLeft", Variant(volume)); }
+std::optional<double> WinSapi4Control::Speed() {
+  return thread_.Ask([](Engines& engines) { return engines.sapi4.Speed(); }).value_or(std::nullopt);
+}
 
-bool WinSapi4Control::SetVolumeRight(double volume) { return control_.Put(L"VolumeRight", Variant(volume)); }
+bool WinSapi4Control::SetSpeed(double speed) {
+  return thread_.Ask([speed](Engines& engines) { return engines.sapi4.SetSpeed(speed); }).value_or(false);
+}
+
+bool WinSapi4Control::SetVolumeLeft(double volume) {
+  return thread_.Ask([volume](Engines& engines) { return engines.sapi4.SetVolumeLeft(volume); })
+      .value_or(false);
+}
+
+bool WinSapi4Control::SetVolumeRight(double volume) {
+  return thread_.Ask([volume](Engines& engines) { return engines.sapi4.SetVolumeRight(volume); })
+      .value_or(false);
+}
 
 std::optional<double> WinSapi4Control::Find(TextView criteria) {
-  const Variant wanted(ThroughAnsi(criteria));
-  return AsReal(control_.Get(L"Find", {wanted.Get()}));
+  return thread_.Ask([wanted = Text(criteria)](Engines& engines) { return engines.sapi4.Find(wanted); })
+      .value_or(std::nullopt);
 }
 
-bool WinSapi4Control::Select(double voice) { return control_.Call(L"Select", {Variant(voice).Get()}); }
+bool WinSapi4Control::Select(double voice) {
+  return thread_.Ask([voice](Engines& engines) { return engines.sapi4.Select(voice); }).value_or(false);
+}
 
-bool WinSapi4Control::AudioReset() { return control_.Call(L"AudioReset"); }
+bool WinSapi4Control::AudioReset() {
+  constexpr bool kCutsOff = true;
+  if (created_) thread_.Hand([](Engines& engines) { std::ignore = engines.sapi4.AudioReset(); }, kCutsOff);
+  return created_;
+}
 
 bool WinSapi4Control::Speak(TextView text) {
-  const Variant words(text);
-  return control_.Call(L"Speak", {words.Get()});
+  constexpr bool kCutsOff = false;
+  if (created_)
+    thread_.Hand([said = Text(text)](Engines& engines) { std::ignore = engines.sapi4.Speak(said); },
+                 kCutsOff);
+  return created_;
 }
 
 std::optional<double> WinSapi4Control::LastWordPosition() {
-  return AsReal(control_.Get(L"LastWordPosition"));
+  return thread_.Ask([](Engines& engines) { return engines.sapi4.LastWordPosition(); })
+      .value_or(std::nullopt);
 }
 
 bool WinSapi4Control::SetLastWordPosition(double position) {
-  return control_.Put(L"LastWordPosition", Variant(position));
+  return thread_.Ask([position](Engines& engines) { return engines.sapi4.SetLastWordPosition(position); })
+      .value_or(false);
+}
+
+bool WinSapi4Control::IsSpeaking() {
+  return created_ &&
+         thread_.Ask([](Engines& engines) { return engines.sapi4.IsSpeaking(); }, kLastWordsAnswer)
+             .value_or(true);
 }
 
 }  // namespace pointalk::win32

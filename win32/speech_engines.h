@@ -1,15 +1,18 @@
-// The two generations of speech engines, created by their class identifiers and called by member name.
+// The two generations of speech engines. The form's calls, with all that they carry, go to the voice's
+// thread.
 #pragma once
 
 #include "platform/speech_engines.h"
-#include "win32/late_bound.h"
+#include "win32/voice_thread.h"
 
 namespace pointalk::win32 {
 
 class WinSapi5Voice final : public Sapi5Voice {
  public:
+  explicit WinSapi5Voice(VoiceThread& thread) : thread_(thread) {}
+
   bool Create() override;
-  void Release() override { voice_ = LateBound(); }
+  void Release() override;
   std::optional<double> Rate() override;
   bool SetRate(double rate) override;
   bool SetVolume(double volume) override;
@@ -18,16 +21,20 @@ class WinSapi5Voice final : public Sapi5Voice {
   bool SetVoice(std::int32_t index) override;
   bool Speak(TextView text, std::optional<int> flags) override;
 
- private:
-  std::optional<LateBound> VoiceAt(std::int32_t index);
+  // False for a voice that does not tell, but true for one that does not answer for now.
+  bool IsSpeaking();
 
-  LateBound voice_;
+ private:
+  VoiceThread& thread_;
+  bool created_ = false;
 };
 
 class WinSapi4Control final : public Sapi4Control {
  public:
+  explicit WinSapi4Control(VoiceThread& thread) : thread_(thread) {}
+
   bool Create() override;
-  void Release() override { control_ = LateBound(); }
+  void Release() override;
   std::optional<double> Speed() override;
   bool SetSpeed(double speed) override;
   bool SetVolumeLeft(double volume) override;
@@ -39,8 +46,12 @@ class WinSapi4Control final : public Sapi4Control {
   std::optional<double> LastWordPosition() override;
   bool SetLastWordPosition(double position) override;
 
+  // Also true for a control that does not tell, from a text on until it is reset, or does not answer for now.
+  bool IsSpeaking();
+
  private:
-  LateBound control_;
+  VoiceThread& thread_;
+  bool created_ = false;
 };
 
 }  // namespace pointalk::win32

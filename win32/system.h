@@ -4,12 +4,14 @@
 #include <windows.h>
 
 #include "platform/system.h"
+#include "win32/speech_engines.h"
 
 namespace pointalk::win32 {
 
 class WinSystem final : public System {
  public:
-  explicit WinSystem(HWND form) : form_(form) {}
+  WinSystem(HWND form, WinSapi5Voice& sapi5, WinSapi4Control& sapi4)
+      : form_(form), sapi5_(sapi5), sapi4_(sapi4) {}
 
   std::optional<SystemVersion> Version() override;
   Text ProgramFolder() override;
@@ -17,10 +19,15 @@ class WinSystem final : public System {
   bool SetClipboard(TextView text) override;
   bool ShellOpen(TextView operation, TextView file, TextView parameters, TextView directory,
                  int show) override;
-  [[noreturn]] void EndProgram() override { ExitProcess(0); }
+
+  // Once the last words were heard.
+  [[noreturn]] void EndProgram() override;
+  [[noreturn]] static void EndAtOnce() { ExitProcess(0); }
 
  private:
   HWND form_;
+  WinSapi5Voice& sapi5_;
+  WinSapi4Control& sapi4_;
 };
 
 }  // namespace pointalk::win32

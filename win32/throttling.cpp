@@ -9,7 +9,7 @@
 namespace pointalk::win32 {
 
 // The first mask is for systems that know both kinds of throttling, the second for older ones.
-void RefuseThrottling() {
+void OptOutOfThrottling() {
   const auto setInformation =
       LateProcedure<decltype(&SetProcessInformation)>(L"kernel32.dll", "SetProcessInformation");
   if (setInformation == nullptr) return;

@@ -3,7 +3,7 @@
 
 namespace pointalk::win32 {
 
-// Does nothing on systems that do not do so.
-void RefuseThrottling();
+// Has no effect on a system without throttling.
+void OptOutOfThrottling();
 
 }  // namespace pointalk::win32

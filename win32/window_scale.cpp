@@ -9,7 +9,7 @@ template <typename Procedure> Procedure Find(const char* name) {
   return LateProcedure<Procedure>(L"user32.dll", name);
 }
 
-// What older systems do not have: there, all windows count alike.
+// Older systems lack these: there, all windows count in the same pixels.
 struct ScaleProcedures {
   decltype(&GetWindowDpiAwarenessContext) ofWindow =
       Find<decltype(&GetWindowDpiAwarenessContext)>("GetWindowDpiAwarenessContext");

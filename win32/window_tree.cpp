@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "win32/ansi.h"
+#include "win32/password_field.h"
 #include "win32/wide_text.h"
 #include "win32/window_handles.h"
 #include "win32/window_scale.h"
@@ -10,7 +11,6 @@
 namespace pointalk::win32 {
 namespace {
 
-constexpr int kLongestClassName = 256;        // characters, which the system allows no more of
 constexpr int kLongestCaption = 1024 * 1024;  // characters
 
 }  // namespace
@@ -52,7 +52,7 @@ std::optional<Point> WinWindowTree::ToClient(WindowHandle window, Point screen) 
 
 // For a window of another program the system gives the text that it keeps itself, without asking there.
 Text WinWindowTree::CaptionOf(WindowHandle window, int capacity) {
-  if (capacity <= 1) return {};
+  if (capacity <= 1 || KeeperOfText(ToWindow(window)).signs == PasswordSigns::kPassword) return {};
   std::wstring caption(static_cast<std::size_t>(std::min(capacity, kLongestCaption)), L'\0');
   const int length = GetWindowTextW(ToWindow(window), caption.data(), static_cast<int>(caption.size()));
   caption.resize(static_cast<std::size_t>(std::max(length, 0)));

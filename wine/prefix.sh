@@ -7,6 +7,8 @@
 #   prefix.sh engines PREFIX WHICH DLL which speech engines are there: sapi5, sapi4, both or none; DLL is the
 #                                      built pointalk_voice.dll, which is copied into the prefix; programs of its
 #                                      width, 64 or 32 bits, find them
+#   prefix.sh automation PREFIX DLL    has programs of the width of DLL, the built pointalk_automation.dll, find it in
+#                                      place of Wine's own client for UI Automation
 #
 # No display is needed. Programs are to be started with
 # WINEDLLOVERRIDES="mscoree,mshtml,winedbg.exe,winemenubuilder.exe=;winmm=n,b": the last of the four that are left out would put
@@ -67,14 +69,27 @@ windows_path() {
 
 sapi5='{96749377-3391-11D2-9EE3-00C04F797396}'
 sapi4='{EEE78591-FE22-11D0-8BEF-0060081841DE}'
+automation='{FF48DBA4-60EF-4201-AA87-54103EEF594E}'
 
-# Wine's own SpVoice, which answers no call, goes as well when there is to be none.
-engine_keys() {
+# Wine's own class of that identifier, whose objects answer few calls, goes as well when there is to be none.
+class_keys() {
   printf '[-HKEY_LOCAL_MACHINE\\Software\\Classes\\CLSID\\%s]\n\n' "$1"
   [ "$2" = present ] || return 0
-  printf '[HKEY_LOCAL_MACHINE\\Software\\Classes\\CLSID\\%s]\n@="Pointalk voice"\n\n' "$1"
+  printf '[HKEY_LOCAL_MACHINE\\Software\\Classes\\CLSID\\%s]\n@="Pointalk"\n\n' "$1"
   printf '[HKEY_LOCAL_MACHINE\\Software\\Classes\\CLSID\\%s\\InprocServer32]\n' "$1"
-  printf '@="C:\\\\windows\\\\system32\\\\pointalk_voice.dll"\n"ThreadingModel"="Apartment"\n\n'
+  printf '@="C:\\\\windows\\\\system32\\\\%s"\n"ThreadingModel"="%s"\n\n' "$3" "$4"
+}
+
+# Copies a library to where programs of its width look for it.
+bring() {
+  bits=$(bits_of "$1")
+  case $bits in
+  64) system=$prefix/drive_c/windows/system32 ;;
+  32) system=$prefix/drive_c/windows/syswow64 ;;
+  esac
+  [ -e "$system/kernel32.dll" ] || { echo "$prefix was made by a Wine without $bits bits" >&2; exit 1; }
+  rm -f "$system/${1##*/}"
+  cp "$1" "$system/"
 }
 
 set_engines() {
@@ -85,15 +100,14 @@ set_engines() {
   none) five=absent four=absent ;;
   *) usage ;;
   esac
-  bits=$(bits_of "$2")
-  case $bits in
-  64) system=$prefix/drive_c/windows/system32 ;;
-  32) system=$prefix/drive_c/windows/syswow64 ;;
-  esac
-  [ -e "$system/kernel32.dll" ] || { echo "$prefix was made by a Wine without $bits bits" >&2; exit 1; }
-  rm -f "$system/pointalk_voice.dll"
-  cp "$2" "$system/"
-  { engine_keys "$sapi5" "$five"; engine_keys "$sapi4" "$four"; } | import "$bits"
+  bring "$2"
+  { class_keys "$sapi5" "$five" pointalk_voice.dll Apartment
+    class_keys "$sapi4" "$four" pointalk_voice.dll Apartment; } | import "$bits"
+}
+
+set_automation() {
+  bring "$1"
+  class_keys "$automation" present pointalk_automation.dll Both | import "$bits"
 }
 
 # The machine that a library for Windows is for, at the place that its first header names.
@@ -125,6 +139,11 @@ engines)
   [ $# = 4 ] || usage
   prefix=$(realpath -m "$2")
   set_engines "$3" "$4"
+  ;;
+automation)
+  [ $# = 3 ] || usage
+  prefix=$(realpath -m "$2")
+  set_automation "$3"
   ;;
 *) usage ;;
 esac

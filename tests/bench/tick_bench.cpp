@@ -24,18 +24,18 @@ using namespace pointalk;
 // Makes each call several times, but for those that a second time would leave something behind.
 class Repeater final : public testing::Watcher {
  public:
-  explicit Repeater(int theTimes) : times(theTimes) {}
+  explicit Repeater(int times) : times_(times) {}
 
   bool Enter(const char* call) override {
-    repeated = std::string_view(call) != "RemoteMemory::Allocate";
+    repeated_ = std::string_view(call) != "RemoteMemory::Allocate";
     return true;
   }
   void Leave() override {}
-  int Times() override { return repeated ? times : 1; }
+  int Times() override { return repeated_ ? times_ : 1; }
 
  private:
-  int times;
-  bool repeated = true;
+  int times_;
+  bool repeated_ = true;
 };
 
 std::string ScriptWith(const std::string& windows) {

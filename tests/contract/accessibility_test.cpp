@@ -30,7 +30,8 @@ class AccessibilityContract : public testing::Test {
         kPushButton,
         u"\u4E2D",
         u"\u4E2D"},
-       {"objects", {110, 260, 200, 300}}},
+       {"objects", {110, 260, 200, 300}},
+       {"objects", {110, 310, 200, 350}, u"Password", kListItem, u"For the sea", u"marlin", true}},
   });
   Accessibility& accessibility_ = world_->Seam().accessibility;
 };
@@ -59,6 +60,15 @@ TEST_F(AccessibilityContract, AnObjectMayHaveNothingAtAll) {
   EXPECT_EQ(facts->name, std::nullopt);
 }
 
+TEST_F(AccessibilityContract, AProtectedObjectTellsAllButItsValue) {
+  const auto facts = AskUntilAnswered({150, 330});
+  ASSERT_TRUE(facts);
+  EXPECT_EQ(facts->name, u"Password");
+  EXPECT_EQ(facts->description, u"For the sea");
+  EXPECT_EQ(facts->value, std::nullopt);
+  EXPECT_EQ(RoleOf(*facts), kListItem.text);
+}
+
 TEST_F(AccessibilityContract, ItsTextsComeInFullUnicode) {
   const auto facts = AskUntilAnswered({150, 230});
   ASSERT_TRUE(facts);
@@ -71,6 +81,7 @@ TEST_F(AccessibilityContract, ARoleHasATextOfThePlatform) {
   EXPECT_EQ(accessibility_.RoleText(0, 128), u"unknown object");
   EXPECT_EQ(accessibility_.RoleText(-1, 128), u"");
   EXPECT_EQ(accessibility_.RoleText(0, 0), u"");
+  EXPECT_EQ(accessibility_.RoleText(0, 7), u"unknown");
 }
 
 TEST_F(AccessibilityContract, AHungProgramTellsNothing) {
@@ -81,7 +92,7 @@ TEST_F(AccessibilityContract, AHungProgramTellsNothing) {
 
 TEST_F(AccessibilityContract, NoQueryIsOutThatWasAnswered) {
   EXPECT_TRUE(AskUntilAnswered({150, 130}));
-  EXPECT_FALSE(accessibility_.QueryStillOut(world_->Window("objects")));
+  EXPECT_FALSE(accessibility_.QueryPending(world_->Window("objects")));
 }
 
 }  // namespace

@@ -20,6 +20,12 @@ class ControlMessagesContract : public testing::Test {
       {"frame", u"ContractFrame", u"Title \u4E2D end", {100, 100, 700, 500}},
       {"edit", u"Edit", u"first line\r\nthe second\r\n\r\nlast", {110, 110, 300, 250}, "frame"},
       {"list", u"ListBox", u"", {310, 110, 450, 250}, "frame", {u"Apple", u"Caf\u00E9", u"", u"Date"}},
+      {.name = "password",
+       .className = u"Edit",
+       .title = u"marlin",
+       .place = {460, 110, 600, 140},
+       .parent = "frame",
+       .password = true},
   }});
   ControlMessages& messages_ = world_->Seam().messages;
   WindowTree& windows_ = world_->Seam().windows;
@@ -59,6 +65,19 @@ TEST_F(ControlMessagesContract, AnEditFindsTheCharacterUnderAPoint) {
   EXPECT_EQ(messages_.Send(edit, kEmCharFromPos, 0, point), 65536 + 16);
   EXPECT_EQ(messages_.Send(edit, kEmLineFromChar, 16, 0), 1);
   EXPECT_EQ(messages_.Send(edit, kEmLineLength, 12, 0), 10);
+}
+
+TEST_F(ControlMessagesContract, APasswordFieldGivesNeitherItsTextNorItsLength) {
+  const WindowHandle password = world_->Window("password");
+  EXPECT_EQ(messages_.Send(password, kWmGetTextLength, 0, 0), std::nullopt);
+  EXPECT_EQ(messages_.WindowText(password, 100), std::nullopt);
+  EXPECT_EQ(messages_.EditLine(password, 0, 100), std::nullopt);
+}
+
+TEST_F(ControlMessagesContract, APasswordFieldTellsWhereItsCharactersStand) {
+  const WindowHandle password = world_->Window("password");
+  EXPECT_EQ(messages_.Send(password, kEmLineFromChar, 3, 0), 0);
+  EXPECT_EQ(messages_.Send(password, kEmLineLength, 3, 0), 6);
 }
 
 TEST_F(ControlMessagesContract, AListBoxFindsAndGivesItsItems) {

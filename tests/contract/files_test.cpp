@@ -32,6 +32,15 @@ TEST_P(FilesContract, WritingReplacesTheWholeContent) {
   EXPECT_EQ(files_.Read(file_), u"");
 }
 
+TEST_P(FilesContract, ALogHoldsWhatWasWrittenLast) {
+  for (const TextView text :
+       {TextView(u"^Grid\r\n"), TextView(u"Grid\r\n"), TextView(u"Grid\r\n"), TextView(u"Gr\u00FC\r\n")}) {
+    EXPECT_TRUE(files_.WriteLog(file_, text));
+    EXPECT_EQ(files_.Read(file_), text);
+  }
+  EXPECT_EQ(world_->FileBytes(file_), "Gr\xFC\r\n");
+}
+
 TEST_P(FilesContract, AppendingAddsAtTheEnd) {
   EXPECT_TRUE(files_.Append(file_, u"one\r\n"));
   EXPECT_TRUE(files_.Append(file_, u"two\r\n"));
@@ -50,6 +59,7 @@ TEST_P(FilesContract, AFileThatCannotBeWrittenStaysAsItWas) {
   EXPECT_TRUE(files_.Write(file_, u"old"));
   world_->MakeReadOnly(file_);
   EXPECT_FALSE(files_.Write(file_, u"new"));
+  EXPECT_FALSE(files_.WriteLog(file_, u"new"));
   EXPECT_FALSE(files_.Append(file_, u"new"));
   EXPECT_EQ(files_.Read(file_), u"old");
 }

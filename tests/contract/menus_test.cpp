@@ -16,7 +16,7 @@ class MenusContract : public testing::Test {
        {100, 300, 500, 500},
        "",
        {},
-       {{u"&File", {u"&Open", u"Caf\u00E9"}}, {u"&Edit", {u"Cu&t"}}}},
+       {{u"&File", {u"&Open", u"Caf\u00E9", u"\u0101\u2192 z"}}, {u"&Edit", {u"Cu&t"}}}},
   }});
   Menus& menus_ = world_->Seam().menus;
   WindowHandle window_ = world_->Window("menu");
@@ -56,6 +56,8 @@ TEST_F(MenusContract, AnItemsTextIsWrittenOverTheBuffersBeginning) {
   buffer = u"12";
   EXPECT_EQ(menus_.ItemText(file, 1, buffer, 255), 4);
   EXPECT_EQ(buffer, u"Caf\u00E9");
+  EXPECT_EQ(menus_.ItemText(file, 2, buffer, 255), 4);
+  EXPECT_EQ(buffer, u"?? z");
 }
 
 TEST_F(MenusContract, AnItemsTextIsCutToItsRoom) {
@@ -68,7 +70,7 @@ TEST_F(MenusContract, AnItemsTextIsCutToItsRoom) {
 TEST_F(MenusContract, WhatIsNoItemLeavesTheBuffer) {
   const MenuHandle file = menus_.SubMenuOf(menus_.MenuOf(window_), 0);
   Text buffer = u"kept";
-  EXPECT_EQ(menus_.ItemText(file, 2, buffer, 255), 0);
+  EXPECT_EQ(menus_.ItemText(file, 3, buffer, 255), 0);
   EXPECT_EQ(menus_.ItemText(file, -1, buffer, 255), 0);
   EXPECT_EQ(menus_.ItemText(0, 0, buffer, 255), 0);
   EXPECT_EQ(buffer, u"kept");

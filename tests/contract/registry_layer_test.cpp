@@ -120,17 +120,19 @@ TEST_F(RegistryLayerContract, TakesAnEmptyNameForTheDefaultValue) {
 
 TEST_F(RegistryLayerContract, TellsWhatDoesNotExist) {
   const RegistryError missing{0, u"Registry[API Call]", u"Key/Value does not exist."};
+  const RegistryError refused{0, u"Registry[API Call]", u"Undefined key error code!"};
+  layer_.ClearError();
   EXPECT_EQ(layer_.ReadRegistry(kOwnKey, u"x"), Variant());
   EXPECT_EQ(layer_.Error(), missing);
   layer_.DeleteRegistry(kOwnKey, u"x");
-  EXPECT_EQ(layer_.Error(), missing);
+  EXPECT_EQ(layer_.Error(), refused);
   layer_.DeleteRegistry(kOwnKey);
-  EXPECT_EQ(layer_.Error(), missing);
+  EXPECT_EQ(layer_.Error(), refused);
   EXPECT_TRUE(layer_.EnumerateRegistryValues(kOwnKey).empty());
-  EXPECT_EQ(layer_.Error(), missing);
+  EXPECT_EQ(layer_.Error(), refused);
   layer_.WriteRegistry(kOwnKey, u"y", std::int32_t{1});
   EXPECT_EQ(layer_.ReadRegistry(kOwnKey, u"x"), Variant());
-  EXPECT_EQ(layer_.Error(), missing);
+  EXPECT_EQ(layer_.Error(), RegistryError());
   layer_.DeleteRegistry(kOwnKey, u"x");
   EXPECT_EQ(layer_.Error(), missing);
 }
@@ -207,13 +209,46 @@ TEST_F(RegistryLayerContract, EnumeratesEveryValueInThePlatformsOrder) {
   const RegistryKey key = registry_.OpenKey(kCurrentUser, kOwnSubKey).key;
   std::set<Text> names;
   for (std::uint32_t index = 0; index < 3; ++index) {
-    EXPECT_EQ(values[index].name, registry_.ValueName(key, index, 1024).name);
+    EXPECT_EQ(values[index].name, registry_.ValueAt(key, index, 1024).name);
     EXPECT_EQ(values[index].value, layer_.ReadRegistry(kOwnKey, values[index].name));
     EXPECT_EQ(values[index].type, Stored(values[index].name).type);
     names.insert(values[index].name);
   }
   EXPECT_EQ(names, (std::set<Text>{u"zero", longName, u"A\u00E9"}));
   EXPECT_EQ(registry_.CloseKey(key), 0);
+}
+
+TEST_F(RegistryLayerContract, EnumeratesValuesOfOneNameEachWithItsOwnData) {
+  world_->MakeRegistryText(kOwnSubKey, u"a\u2192", u"right");
+  world_->MakeRegistryText(kOwnSubKey, u"a\u2190", u"left \u0101");
+  layer_.WriteRegistry(kOwnKey, u"a?", Text(u"asks"));
+  std::set<Text> texts;
+  for (const NamedRegistryValue& value : layer_.EnumerateRegistryValues(kOwnKey)) {
+    EXPECT_EQ(value.name, u"a?");
+    EXPECT_EQ(value.type, kStringType);
+    texts.insert(VariantText(value.value));
+  }
+  EXPECT_EQ(texts, (std::set<Text>{u"right", u"left ?", u"asks"}));
+}
+
+TEST_F(RegistryLayerContract, ReadsAValueOfAnySize) {
+  VariantArray large(20 * 1024 * 1024, std::byte{7});
+  large.back() = std::byte{9};
+  layer_.WriteRegistry(kOwnKey, u"large", large);
+  EXPECT_TRUE(layer_.ReadRegistry(kOwnKey, u"large") == Variant(large));
+  const auto values = layer_.EnumerateRegistryValues(kOwnKey);
+  ASSERT_EQ(values.size(), 1u);
+  EXPECT_TRUE(values[0].value == Variant(large));
+}
+
+// It cannot be named in 8-bit text, and a similar name is another key's.
+TEST_F(RegistryLayerContract, LeavesATreeWithAKeyThatTheCodePageCannotName) {
+  const Text tree = Text(kOwnSubKey) + u"\\Tree";
+  world_->MakeRegistryText(tree + u"\\\u0101", u"", u"");
+  layer_.DeleteRegistry(kOwnKey + u"\\Tree");
+  EXPECT_EQ(layer_.Error(), (RegistryError{0, u"Registry[API Call]", u"Access to Registry Denied."}));
+  EXPECT_TRUE(HasKey(tree));
+  world_->RemoveRegistryKey(tree + u"\\\u0101");
 }
 
 TEST_F(RegistryLayerContract, KnowsThatAnOpenKeyIsGone) {

@@ -50,6 +50,13 @@ TEST_F(SystemContract, TheCodePageConvertsBothWays) {
   EXPECT_EQ(seam_.ansi.ToText({}), u"");
 }
 
+TEST_F(SystemContract, TheCodePageTakesNoLetterForASimilarOne) {
+  const auto bytes = seam_.ansi.ToBytes(u"\u0101\u2192\u2011\uFF21\u0100z\U0001F600");
+  EXPECT_EQ(seam_.ansi.ToText(bytes), u"?????z??");
+  EXPECT_TRUE(seam_.system.SetClipboard(u"\u0101"));
+  EXPECT_EQ(world_->Clipboard(), u"?");
+}
+
 TEST_F(SystemContract, TheDelayLoopTakesTime) {
   const double before = seam_.clock.SecondsSinceMidnight();
   EXPECT_GE(before, 0);

@@ -37,6 +37,7 @@ struct WindowSpec {
   std::string parent = {};       // a window before it
   std::vector<Text> items = {};  // of a list
   std::vector<MenuSpec> menu = {};
+  bool password = false;  // an edit is a password field, of one line
 };
 
 struct Role {
@@ -54,6 +55,7 @@ struct ObjectSpec {
   std::optional<Role> role = {};
   std::optional<Text> description = {};
   std::optional<Text> value = {};
+  bool isProtected = false;  // its value is a password
 };
 
 struct Scene {
@@ -103,6 +105,11 @@ class World {
   virtual void MakeReadOnly(FilePath path) = 0;
 
   virtual Text Clipboard() = 0;
+
+  // A key below HKEY_CURRENT_USER and a text in it, made as other programs make them: in Unicode.
+  virtual void MakeRegistryText(TextView key, TextView name, TextView text) = 0;
+  // The key has no sub-keys.
+  virtual void RemoveRegistryKey(TextView key) = 0;
 };
 
 // One at a time.

@@ -21,12 +21,12 @@ class SlowAccessibility final : public testing::ForwardingAccessibility {
  public:
   using ForwardingAccessibility::ForwardingAccessibility;
 
-  bool QueryStillOut(WindowHandle window) override { return window == stillOut; }
+  bool QueryPending(WindowHandle window) override { return window == pending; }
 
-  WindowHandle stillOut = 0;
+  WindowHandle pending = 0;
 };
 
-TEST(ClassLog, KeepsItsMarkWhileTheQueryIsStillOut) {
+TEST(ClassLog, KeepsItsMarkWhileTheQueryIsPending) {
   sim::Simulated simulated(kLogging);
   sim::Machine& machine = simulated.machine;
   machine.setup.files[u"current\\DidWarn.flg"] = u"x";
@@ -38,7 +38,7 @@ TEST(ClassLog, KeepsItsMarkWhileTheQueryIsStillOut) {
   mouse.Form_Load();
   const Text& log = machine.setup.files[u"program\\ClassName.txt"];
 
-  slow.stillOut = 2;
+  slow.pending = 2;
   machine.pointer = {310, 110};
   mouse.Timer1_Timer();
   EXPECT_EQ(log, u"^Grid\r\n");
@@ -49,7 +49,7 @@ TEST(ClassLog, KeepsItsMarkWhileTheQueryIsStillOut) {
   machine.pointer = {310, 210};
   mouse.Timer1_Timer();
   EXPECT_EQ(log, u"Pane\r\n");
-  slow.stillOut = 0;
+  slow.pending = 0;
   machine.pointer = {310, 110};
   mouse.Timer1_Timer();
   EXPECT_EQ(log, u"Grid\r\n");

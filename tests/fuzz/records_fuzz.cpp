@@ -14,7 +14,7 @@ namespace {
 // Takes its answers from the input, over and over.
 class Source {
  public:
-  Source(const std::uint8_t* theData, std::size_t theSize) : data(theData), size(theSize) {}
+  Source(const std::uint8_t* data, std::size_t size) : data_(data), size_(size) {}
 
   std::int32_t Number() {
     std::int32_t number = 0;
@@ -22,7 +22,7 @@ class Source {
       number = static_cast<std::int32_t>(static_cast<std::uint32_t>(number) << 8U | Byte());
     return number;
   }
-  std::uint8_t Byte() { return size == 0 ? 0 : data[at++ % size]; }
+  std::uint8_t Byte() { return size_ == 0 ? 0 : data_[at_++ % size_]; }
   Text Characters(std::size_t most) {
     Text text(Byte() % (most + 1), u'\0');
     for (char16_t& character : text) character = static_cast<char16_t>(Byte() | Byte() << 8);
@@ -30,50 +30,53 @@ class Source {
   }
 
  private:
-  const std::uint8_t* data;
-  std::size_t size;
-  std::size_t at = 0;
+  const std::uint8_t* data_;
+  std::size_t size_;
+  std::size_t at_ = 0;
 };
 
 class HostileControls final : public ControlMessages {
  public:
-  explicit HostileControls(Source& theSource) : source(theSource) {}
+  explicit HostileControls(Source& source) : source_(source) {}
 
   std::optional<std::int32_t> Send(WindowHandle, std::uint32_t, std::uint64_t, std::uint64_t) override {
-    if (source.Byte() % 8 == 0) return std::nullopt;
-    return source.Number();
+    if (source_.Byte() % 8 == 0) return std::nullopt;
+    return source_.Number();
   }
   std::optional<Text> WindowText(WindowHandle, std::int32_t capacity) override {
-    return source.Characters(static_cast<std::size_t>(std::min(capacity, 200)) - 1);
+    return source_.Characters(static_cast<std::size_t>(std::min(capacity, 200)) - 1);
   }
   std::optional<Text> EditLine(WindowHandle, std::int32_t, std::int32_t capacity) override {
-    return source.Characters(static_cast<std::size_t>(std::min(capacity, 200)));
+    return source_.Characters(static_cast<std::size_t>(std::min(capacity, 200)));
   }
   std::optional<Text> ListBoxText(WindowHandle, std::int32_t, std::int32_t length) override {
-    Text text = source.Characters(200);
+    Text text = source_.Characters(200);
     text.resize(static_cast<std::size_t>(length));
     return text;
   }
 
  private:
-  Source& source;
+  Source& source_;
 };
 
 class HostileMemory final : public RemoteMemory {
  public:
-  explicit HostileMemory(Source& theSource) : source(theSource) {}
+  explicit HostileMemory(Source& source) : source_(source) {}
 
-  int PointerBytes(ProcessId) override { return source.Byte() % 2 == 0 ? 4 : 8; }
-  RemoteAddress Allocate(ProcessId, std::size_t) override { return source.Byte() % 8; }
-  bool Write(ProcessId, RemoteAddress, std::span<const std::byte>) override { return source.Byte() % 8 != 0; }
+  int PointerBytes(ProcessId) override { return source_.Byte() % 2 == 0 ? 4 : 8; }
+  RemoteAddress Allocate(ProcessId, std::size_t) override { return source_.Byte() % 8; }
+  bool Write(ProcessId, RemoteAddress, std::span<const std::byte>) override {
+    return source_.Byte() % 8 != 0;
+  }
   bool Read(ProcessId, RemoteAddress, std::span<std::byte> to) override {
-    for (std::byte& byte : to) byte = std::byte{source.Byte()};
+    for (std::byte& byte : to) byte = std::byte{source_.Byte()};
     return true;
   }
   void Free(ProcessId, RemoteAddress) override {}
+  void FreeOnceAnswered(ProcessId, RemoteAddress, WindowHandle) override {}
 
  private:
-  Source& source;
+  Source& source_;
 };
 
 constexpr std::array<TextView, 8> kClasses = {u"SysListView32",  u"ListBox", u"RichEdit20A",

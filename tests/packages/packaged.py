@@ -7,11 +7,13 @@ import sys
 import tempfile
 import unittest
 
+import yaml
+
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "tools"))
 
 from harness import BUILD, KILLED_AT_ITS_END, Desktop, Panel, Run, wait_until  # noqa: E402
-from make_packages import make_packages, version  # noqa: E402
+from make_packages import describe_packages, make_packages, version  # noqa: E402
 
 __all__ = ["APP_PATHS", "BUILD", "DONE_BEFORE", "KILLED_AT_ITS_END", "PackageCase", "ROOT", "RUN", "SOON", "UNINSTALL",
            "WELCOME", "version", "wait_until"]
@@ -43,6 +45,8 @@ class PackageCase(unittest.TestCase):
         cls.panel = Panel(cls.probe, cls.hand, AWAY)
         folder = pathlib.Path(enter(tempfile.TemporaryDirectory()))
         cls.zip, cls.setup = make_packages(folder, BUILD / "Pointalk.exe")
+        describe_packages(folder, [(cls.zip, cls.setup)])
+        cls.manifest = yaml.safe_load(next(folder.glob("winget/*.installer.yaml")).read_text("utf-8"))
         cls.home, = [home for home in cls.desktop.drive().glob("users/*") if home.name != "Public"]
         cls.folder = cls.home / "AppData" / "Local" / "Programs" / "Pointalk"
 

@@ -53,7 +53,8 @@ class Silent(PackageCase):
 
     def setUp(self):
         super().setUp()
-        self.assertIn(self.wine(self.setup, "/S"), (0, KILLED_AT_ITS_END))
+        silently = self.manifest["InstallerSwitches"]["Silent"]
+        self.assertIn(self.wine(self.setup, silently), (0, KILLED_AT_ITS_END))
 
     def write(self, files):
         for name, data in files.items():
@@ -74,6 +75,14 @@ class Silent(PackageCase):
             "DisplayName": "Pointalk", "DisplayVersion": version(), "DisplayIcon": folder + r"\Pointalk.exe",
             "Publisher": "Corvane", "InstallLocation": folder, "EstimatedSize": hex(size), "NoModify": "0x1", "NoRepair": "0x1",
             "UninstallString": f'"{folder}\\Uninstall.exe"', "QuietUninstallString": f'"{folder}\\Uninstall.exe" /S'})
+
+    def test_winget_finds_the_entry_and_the_exit_codes_that_it_is_told(self):
+        told, = self.manifest["AppsAndFeaturesEntries"]
+        written = {**self.registry(UNINSTALL), "ProductCode": UNINSTALL.rpartition("\\")[2]}
+        self.assertEqual(told, {name: written[name] for name in ("DisplayName", "Publisher", "DisplayVersion", "ProductCode")})
+        self.assertEqual(self.manifest["ProductCode"], written["ProductCode"])
+        codes = {code["ReturnResponse"]: code["InstallerReturnCode"] for code in self.manifest["ExpectedReturnCodes"]}
+        self.assertEqual(codes, {"cancelledByUser": LEFT, "packageInUse": RUNNING})
 
     def test_the_start_menu_starts_it_in_its_own_folder(self):
         pointalk = self.pointalk(self.folder)
@@ -161,6 +170,12 @@ class Boxes(PackageCase):
     def test_who_leaves_it_has_nothing_installed(self):
         self.assertEqual(self.begin_to_install("Escape").wait(SOON), LEFT)
         self.assertEqual((self.files(), self.shortcuts(), self.registry(UNINSTALL)), ({}, {}, {}))
+
+    def test_its_first_box_has_the_keyboard_over_another_program(self):
+        self.addCleanup(self.wine, "taskkill", "/f", "/im", "notepad.exe")
+        self.begin("notepad")
+        wait_until(lambda: self.panel.focus()["window"]["class"] == "Notepad", SOON, "a notepad with the keyboard")
+        self.assertEqual(self.begin_to_install("Escape").wait(SOON), LEFT)
 
     def test_who_goes_on_may_start_it_at_once_and_has_to_end_it_for_an_update(self):
         setup = self.begin_to_install("Return")

@@ -1,20 +1,10 @@
 """The crash report: armed by the menu, made by a right click or Shift, mailed by the link that the shell opens."""
 
-from harness import Mail, names_desktop, now, wait_until
-from panel_case import SOON, DesktopCase
+import shutil
 
-QUESTION = ("Corvane is serious about reliability.  In the unlikely event that viewing a certain object were to crash Pointalk, "
-            "you could use this tool to send us a crash report. Do you need to send one?")
-ARMED = ("We will send a crash report to Corvane, but first we need to gather information about the object that has been "
-         "causing Pointalk to crash.  I have disabled all but the safest of accessibility methods. This should allow you to "
-         "navigate more safely, but with limited narration. Please use this mode to find and Right Click on the object that "
-         "has been giving you trouble.  As soon as you right click on it we will make the report. If Right Clicking the object "
-         "doesn't start me talking again, hit the Shift key.")
-DONE = ("I have asked your browser to create an email message that you can send.\r\nI have also copied some special information "
-        "to your windows clipboard. \r\nPlease paste it into the email message, and then add your description \r\nof the "
-        "troublesome object, and what program it is part of, including \r\nthe version number and Home Web Page U R L, if you "
-        "have it.")
-LINK = "mailto:support@pointalk.example?subject=CrashReport"
+from harness import BUILD, now, wait_until
+from panel_case import SOON
+from report_case import DONE, LINK, ReportCase
 
 
 def report(class_name, name="", value="", text="", role="", description=""):
@@ -22,12 +12,7 @@ def report(class_name, name="", value="", text="", role="", description=""):
             f"maccRole = {role}\r\nmaccDescription = {description}\r\nmaccParent = ")
 
 
-class Report(DesktopCase):
-    @classmethod
-    def setUpClass(cls):
-        super().setUpClass()
-        cls.mail = Mail(cls.desktop)
-
+class Report(ReportCase):
     def setUp(self):
         self.target = self.enterContext(self.desktop.target())
         self.target.create("thing", class_="TroubleSome", rect=(100, 300, 300, 400), thread="thing")
@@ -37,34 +22,10 @@ class Report(DesktopCase):
         self.start(self.pointalk)
         self.mailed = len(self.mail.links())
 
-    def arm(self):
-        since = now()
-        self.panel.choose("Send Crash Report")
-        self.panel.answer("Crash Report Dialog", "y")
-        self.pointalk.heard.wait_words(ARMED, SOON, since)
-        self.assertEqual([text for text in self.pointalk.heard.words(since) if not names_desktop(text)],
-                         [QUESTION + " Y for yes, N for No.", "Yes.", ARMED])
-        self.panel.wait_for_keyboard()
-
     def hears(self, name, text):
         since = now()
         self.hand.move(*self.target.centre(name))
         self.pointalk.heard.wait_words(text, SOON, since)
-
-    def wiggle_until_said(self, text, since):
-        """Keeps the pointer on the move, as a rest is not described, until the text is said."""
-        x, y = self.hand_at
-        moves = iter(range(1_000_000))
-
-        def said():
-            self.hand.move(x + next(moves) % 2, y)
-            return any(line.get("text") == text for line in self.pointalk.heard.lines(since))
-
-        wait_until(said, SOON, lambda: f"{text}; heard {self.pointalk.heard.words(since)}", pause=0.02)
-
-    def go(self, name):
-        self.hand_at = self.target.centre(name)
-        self.hand.move(*self.hand_at)
 
     def mailed_once(self):
         wait_until(lambda: len(self.mail.links()) > self.mailed, SOON, "a mail")
@@ -101,6 +62,27 @@ class Report(DesktopCase):
         self.hand.release("shift")
         self.assertEqual(self.probe.ask("clipboard")["text"], report("Blank", role="client"))
         self.mailed_once()
+
+    def opens_the_mail_beside_a_start_in(self, folder):
+        shutil.copy(BUILD / "wine" / "target" / "target.exe", folder / "start.exe")
+        self.arm()
+        self.go("thing")
+        since = now()
+        self.hand.click("right")
+        self.wiggle_until_said(DONE, since)
+        self.mailed_once()
+
+    def test_a_program_named_start_beside_pointalk_is_not_started(self):
+        self.opens_the_mail_beside_a_start_in(self.pointalk.folder)
+
+    def test_a_program_named_start_in_the_current_folder_is_not_started(self):
+        self.pointalk.kill()
+        (self.pointalk.folder / "status.txt").unlink()
+        elsewhere = self.desktop.folder / "elsewhere"
+        elsewhere.mkdir()
+        (elsewhere / "DidWarn.flg").touch()
+        self.start(self.pointalk, directory=elsewhere)
+        self.opens_the_mail_beside_a_start_in(elsewhere)
 
     def test_where_there_is_no_program_named_start_the_link_is_opened_itself(self):
         start = self.desktop.drive() / "windows" / "system32" / "start.exe"

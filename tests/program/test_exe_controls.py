@@ -1,10 +1,14 @@
 """Buttons, labels, boxes, trees, scroll bars, parts of a menu bar, and the task bar with its clock."""
 
-from harness import now
+import contextlib
+
+from harness import now, wait_until
 from listening import EARCON, QUICK, SOON, Listening, note_on
 
 SCROLL_UP, SCROLL_DOWN = ([note_on(EARCON, note, 90) for note in notes]
                           for notes in ((*range(209, 217), 216), (*range(216, 208, -1), 209)))
+
+STEPS = 4  # of a pixel, of a move that is not answered
 
 # What is said of each control of the stand-in, in this order.
 CONTROLS = (
@@ -69,20 +73,22 @@ class Controls(Listening):
         self.hand.down()
         self.addCleanup(self.hand.up)
         x, y = thumb
-        for place, sound in (((x + 9, y), SCROLL_UP), ((x - 9, y), SCROLL_DOWN), ((x - 9, y - 8), SCROLL_UP),
-                             ((x - 9, y + 8), SCROLL_DOWN)):
+        for place, (right, down), sound in (((x + 9, y), (1, 0), SCROLL_UP), ((x - 9, y), (-1, 0), SCROLL_DOWN),
+                                            ((x - 9, y - 6), (0, -1), SCROLL_UP), ((x - 9, y + 4), (0, 1), SCROLL_DOWN)):
             with self.subTest(place):
-                since = now()
-                self.hand.move(*place)
-                self.hears_sound(sound, since)
-        since = now()
-        self.hand.move(*page_up)
-        self.hears_sound(SCROLL_UP, since)
+                self.hears_sound(sound, place, right, down)
+        self.hears_sound(SCROLL_UP, page_up, 0, -1)
 
-    def hears_sound(self, notes, since):
-        """Waits for its last note; all of its notes, in their order."""
+    def hears_sound(self, notes, place, right, down):
+        """Moves there and waits for the last note; all of its notes, in their order. Where the bar did not answer in time, as on a
+        very busy machine, the move goes on by a pixel."""
+        since = now()
         numbers = lambda: [message for message in self.heard.midi(since) if message & 0xFF == 0x90 + EARCON]
-        self.heard.wait(lambda line: len(numbers()) >= len(notes), SOON, since)
+        for step in range(STEPS):
+            self.hand.move(place[0] + step * right, place[1] + step * down)
+            with contextlib.suppress(AssertionError):
+                wait_until(lambda: len(numbers()) >= len(notes), SOON / STEPS, "the sound")
+                break
         self.assertEqual(numbers()[:len(notes)], notes)
 
     def test_the_task_bar_and_its_clock(self):

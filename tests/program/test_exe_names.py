@@ -71,6 +71,13 @@ class Names(Listening):
                 since = self.give(name=name)
                 self.hears(said, since)
 
+    def test_a_name_that_begins_like_markup_is_said_to_be_none(self):
+        for name, flags in (("< Back", (18, 19)), ("Back <", (2, 3))):
+            with self.subTest(name):
+                since = self.give(name=name)
+                self.hears(name, since)
+                self.assertIn(dict(map(reversed, self.speech(since)))[name], flags)
+
     def test_half_a_surrogate_and_a_nul_are_survived(self):
         for name, remains in (("\ud800 alone", " alone"), ("a\0b c", "a")):
             with self.subTest(remains):

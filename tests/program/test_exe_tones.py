@@ -80,6 +80,7 @@ class Tones(unittest.TestCase):
         start(self.hand, pointalk, AWAY, **QUICK)
         self.heard = pointalk.heard
         self.expected = Expected(melody_format)
+        return pointalk
 
     def hears(self, messages, since):
         """Just these messages."""
@@ -115,7 +116,7 @@ class Tones(unittest.TestCase):
     def test_every_place_has_its_notes_and_velocities_in_every_format(self):
         for melody_format in range(4):
             with self.subTest(melody_format=melody_format):
-                self.run_format(melody_format)
+                pointalk = self.run_format(melody_format)
                 with self.left_held():  # or a pointer that waits for the machine would rest
                     for place in PLACES:
                         self.move(place)
@@ -123,6 +124,7 @@ class Tones(unittest.TestCase):
                 ending = self.expected.rest()
                 self.assertEqual(len(ending), 4 if melody_format < 2 else 2)
                 self.hears(ending, since)
+                pointalk.kill()  # only one runs in a session
 
     def test_nothing_is_heard_after_the_rest_until_the_pointer_moves(self):
         self.run_format(1)

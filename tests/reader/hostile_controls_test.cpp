@@ -105,7 +105,7 @@ TEST_F(HostileControls, TextFieldsOfAnyNumbersAreRead) {
       EXPECT_EQ(edits.ReadRichEdit(spot).find(u"\r\r"), Text::npos);
     }
   }
-  EXPECT_EQ(platform.memory.memory().BlockCount(), 0u);
+  EXPECT_EQ(platform.memory.Memory().BlockCount(), 0u);
 }
 
 TEST_F(HostileControls, LineThatIsShorterThanAnnouncedIsNotUsed) {

@@ -34,6 +34,7 @@ class WrittenMemory final : public RemoteMemory {
     return true;
   }
   void Free(ProcessId, RemoteAddress) override {}
+  void FreeOnceAnswered(ProcessId, RemoteAddress, WindowHandle) override {}
 
   std::vector<std::pair<ProcessId, std::size_t>> allocated;
   std::vector<std::byte> written;

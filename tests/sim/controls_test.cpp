@@ -9,6 +9,7 @@
 namespace pointalk::sim {
 namespace {
 
+constexpr std::uint32_t kTextLength = 14;
 constexpr std::uint32_t kCharacterFromPoint = 0xD7;
 constexpr std::uint32_t kLineLength = 0xC1;
 constexpr std::uint32_t kLineFromCharacter = 0xC9;
@@ -28,7 +29,7 @@ class Controls : public testing::Test {
   }
 
   RemoteAddress Put(ProcessId process, const std::vector<std::uint32_t>& numbers) {
-    ProcessMemory& memory = simulated_.platform.memory.memory();
+    ProcessMemory& memory = simulated_.platform.memory.Memory();
     const RemoteAddress block = memory.Allocate(process, numbers.size() * 4);
     for (std::size_t i = 0; i < numbers.size(); ++i) {
       EXPECT_TRUE(memory.WriteNumber(process, block + 4 * i, numbers[i]));
@@ -37,7 +38,7 @@ class Controls : public testing::Test {
   }
 
   std::uint32_t Number(RemoteAddress at, ProcessId process = 1) {
-    return simulated_.platform.memory.memory().ReadNumber(process, at).value_or(0xDEADBEEF);
+    return simulated_.platform.memory.Memory().ReadNumber(process, at).value_or(0xDEADBEEF);
   }
 
   // What a list view writes into a buffer of 8 bytes when it is told of a capacity.
@@ -63,7 +64,12 @@ class Controls : public testing::Test {
     {"id": 7, "richEdit": {"text": "ab\r\rxyz", "charWidth": 10, "lineHeight": 20}},
     {"id": 8, "richEdit": {}},
     {"id": 9, "hung": true, "title": "stuck", "listBox": {"items": ["a"]}, "edit": {"text": "a"}},
-    {"id": 10, "process": 0, "listView": {"items": []}, "richEdit": {"text": "a"}}]})"};
+    {"id": 10, "process": 0, "listView": {"items": []}, "richEdit": {"text": "a"}},
+    {"id": 11, "title": "marlin",
+     "edit": {"text": "ab\r\nmarlin", "charWidth": 10, "lineHeight": 20, "password": true}},
+    {"id": 12, "title": "marlin",
+     "richEdit": {"text": "ab\rmarlin", "charWidth": 10, "lineHeight": 20, "password": true}},
+    {"id": 13, "title": "marlin", "edit": {"text": "marlin", "password": false}}]})"};
 };
 
 TEST_F(Controls, AWindowGivesItsTextAndNothingElse) {
@@ -186,6 +192,43 @@ TEST_F(Controls, ARichEditTakesItsPointFromMemoryAndCountsALineEndOnce) {
   EXPECT_EQ(Ask(7, kLineLength, 4), 3);
   EXPECT_EQ(Ask(7, kLineFromCharacter, 4), 2);
   EXPECT_EQ(simulated_.platform.messages.EditLine(7, 2, 100), u"xyz");
+}
+
+TEST_F(Controls, APasswordFieldKeepsItsText) {
+  for (const WindowHandle window : {WindowHandle{11}, WindowHandle{12}}) {
+    EXPECT_EQ(Ask(window, kTextLength), std::nullopt) << window;
+    EXPECT_EQ(simulated_.platform.messages.WindowText(window, 100), std::nullopt) << window;
+    EXPECT_EQ(simulated_.platform.messages.EditLine(window, 0, 100), std::nullopt) << window;
+    EXPECT_EQ(simulated_.platform.messages.EditLine(window, 1, 100), std::nullopt) << window;
+  }
+  EXPECT_EQ(Ask(13, kTextLength), 6);
+  EXPECT_EQ(simulated_.platform.messages.WindowText(13, 100), u"marlin");
+  EXPECT_EQ(simulated_.platform.messages.EditLine(13, 0, 100), u"marlin");
+}
+
+TEST_F(Controls, APasswordFieldAnswersEverythingElse) {
+  EXPECT_EQ(Ask(11, kCharacterFromPoint, 0, Packed(15, 20)), 65536 + 5);
+  EXPECT_EQ(Ask(11, kLineLength, 4), 6);
+  EXPECT_EQ(Ask(11, kLineFromCharacter, 4), 1);
+  EXPECT_EQ(Ask(12, kCharacterFromPoint, 0, Put(1, {15, 20})), 4);
+  EXPECT_EQ(Ask(12, kLineLength, 3), 6);
+  EXPECT_EQ(Ask(12, kLineFromCharacter, 3), 1);
+  EXPECT_EQ(simulated_.platform.windows.CaptionOf(11, 100), u"marlin");
+}
+
+TEST_F(Controls, AFieldBecomesAPasswordFieldAndAnOpenOneAgain) {
+  const auto change = [&](Edit::Reading reading) {
+    WindowFields fields;
+    fields.id = 13;
+    fields.edit = Edit(u"marlin", {}, u"\r\n", reading);
+    simulated_.machine.desktop.Change(fields);
+  };
+  change(Edit::Reading::kPassword);
+  EXPECT_EQ(Ask(13, kTextLength), std::nullopt);
+  EXPECT_EQ(simulated_.platform.messages.EditLine(13, 0, 100), std::nullopt);
+  change(Edit::Reading::kOpen);
+  EXPECT_EQ(Ask(13, kTextLength), 6);
+  EXPECT_EQ(simulated_.platform.messages.EditLine(13, 0, 100), u"marlin");
 }
 
 }  // namespace

@@ -150,7 +150,9 @@ constexpr std::string_view kObjects = R"({"machine": {"roleZero": "none\u0416"},
       {"rect": [20, 10, 30, 20], "role": ""},
       {"rect": [30, 10, 40, 20], "role": "client\u0416"},
       {"rect": [40, 10, 50, 20], "fails": true, "kills": true},
-      {"rect": [60, 10, 70, 20], "kills": true}]})";
+      {"rect": [60, 10, 70, 20], "kills": true},
+      {"rect": [70, 10, 80, 20], "name": "n", "description": "d", "value": "marlin", "protected": true},
+      {"rect": [80, 10, 90, 20], "value": "marlin", "protected": false}]})";
 
 TEST(AccessibleObjects, TheTopmostTellsWhatItHas) {
   Simulated simulated(kObjects);
@@ -167,6 +169,16 @@ TEST(AccessibleObjects, TheTopmostTellsWhatItHas) {
   EXPECT_FALSE(bare->name || bare->role || bare->description || bare->value);
   EXPECT_EQ(accessibility.RoleText(accessibility.ObjectAt({20, 10})->role.value(), 128), u"");
   EXPECT_EQ(accessibility.ObjectAt({30, 10})->role, below->role);
+}
+
+TEST(AccessibleObjects, AProtectedOneTellsAllButItsValue) {
+  Simulated simulated(kObjects);
+  const auto facts = simulated.platform.accessibility.ObjectAt({70, 10});
+  ASSERT_TRUE(facts);
+  EXPECT_EQ(facts->name, u"n");
+  EXPECT_EQ(facts->description, u"d");
+  EXPECT_EQ(facts->value, std::nullopt);
+  EXPECT_EQ(simulated.platform.accessibility.ObjectAt({80, 10})->value, u"marlin");
 }
 
 TEST(AccessibleObjects, RoleZeroHasTheMachinesText) {

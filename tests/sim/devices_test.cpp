@@ -244,7 +244,7 @@ TEST(Machine, AProgramThatIsGoneHasNoMoreEffects) {
   EXPECT_TRUE(simulated.platform.sapi5.Speak(u"a", 1));
   simulated.platform.memory.Free(1, block);
   EXPECT_EQ(simulated.transcript(), "");
-  EXPECT_EQ(simulated.platform.memory.memory().BlockCount(), 1u);
+  EXPECT_EQ(simulated.platform.memory.Memory().BlockCount(), 1u);
 }
 
 }  // namespace

@@ -29,11 +29,11 @@ bool CanFail(std::string_view call) {
 // Counts the calls that can fail, and lets one of them fail.
 class OneFault final : public testing::Watcher {
  public:
-  explicit OneFault(int theFailing) : failing(theFailing) {}
+  explicit OneFault(int failing) : failing_(failing) {}
 
   bool Enter(const char* call) override {
     ++calls;
-    return !CanFail(call) || ++failable != failing;
+    return !CanFail(call) || ++failable != failing_;
   }
   void Leave() override {}
 
@@ -41,7 +41,7 @@ class OneFault final : public testing::Watcher {
   int failable = 0;
 
  private:
-  int failing;
+  int failing_;
 };
 
 constexpr int kMostCalls = 50'000;

@@ -298,7 +298,7 @@ std::string LongDay::Tour() {
     }
     Rest();
   }
-  return std::exchange(machine.transcript, {}).text();
+  return std::exchange(machine.transcript, {}).Lines();
 }
 
 std::int64_t TicksWanted() {

@@ -102,8 +102,12 @@ TEST(SimRegistry, CountsAndNamesWhatAKeyHolds) {
   const RegistryKey values = registry.OpenKey(0x80000001, u"A").key;
   EXPECT_EQ(registry.QueryKey(values).values, 3u);
   EXPECT_EQ(registry.QueryKey(values).longestValueName, 1u);
-  EXPECT_EQ(registry.ValueName(values, 0, 3).name, u"b");
-  EXPECT_EQ(registry.ValueName(values, 3, 3).code, 259);
+  const RegistryEnumeratedValue first = registry.ValueAt(values, 0, 2);
+  EXPECT_EQ(first.name, u"b");
+  EXPECT_EQ(first.type, 1u);
+  EXPECT_EQ(first.data, Data("2"));
+  EXPECT_EQ(registry.ValueAt(values, 0, 1).code, 234);
+  EXPECT_EQ(registry.ValueAt(values, 3, 3).code, 259);
   EXPECT_EQ(registry.QueryValue(values, u"B", 2).data, Data("3"));
   EXPECT_EQ(registry.QueryValue(values, u"b", 2).data, Data("2"));
   EXPECT_EQ(registry.QueryValue(values, u"A", 2).data, Data("1"));
@@ -132,7 +136,7 @@ TEST(SimRegistry, DeniesEverythingWhereTheScriptSaysSo) {
   EXPECT_EQ(registry.DeleteValue(1, u"a"), 5);
   EXPECT_EQ(registry.QueryKey(1).code, 5);
   EXPECT_EQ(registry.SubKeyName(1, 0, 9).code, 5);
-  EXPECT_EQ(registry.ValueName(1, 0, 9).code, 5);
+  EXPECT_EQ(registry.ValueAt(1, 0, 9).code, 5);
   EXPECT_EQ(registry.DeleteKey(1, u"a"), 5);
   EXPECT_EQ(simulated.transcript(), "");
 }
@@ -141,7 +145,7 @@ TEST(SimRegistry, IsShownSortedAsItIsSpelt) {
   Simulated simulated(kRegistry);
   Transcript transcript;
   ShowRegistry(simulated.machine.setup.registry, transcript);
-  EXPECT_EQ(transcript.text(),
+  EXPECT_EQ(transcript.Lines(),
             "value \"HKEY_CURRENT_USER\\\\A\" \"B\" 1 \"3\"\n"
             "value \"HKEY_CURRENT_USER\\\\A\" \"a\" 1 \"1\"\n"
             "value \"HKEY_CURRENT_USER\\\\A\" \"b\" 1 \"2\"\n"

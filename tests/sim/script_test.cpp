@@ -125,12 +125,17 @@ constexpr BadScript kBadWindows[] = {
      "windows[0].edit.charWidth: must be a whole number from 1 to 2147483647"},
     {"{\"windows\": [{\"id\": 1, \"richEdit\": {\"lineHeight\": 0}}]}",
      "windows[0].richEdit.lineHeight: must be a whole number from 1 to 2147483647"},
+    {"{\"windows\": [{\"id\": 1, \"edit\": {\"password\": 1}}]}",
+     "windows[0].edit.password: must be true or false"},
+    {"{\"windows\": [{\"id\": 1, \"richEdit\": {\"password\": \"yes\"}}]}",
+     "windows[0].richEdit.password: must be true or false"},
     {"{\"windows\": [{\"id\": 1, \"listView\": {\"items\": [\"a\"]}}]}",
      "windows[0].listView.items[0]: must be an object"},
     {"{\"windows\": [{\"id\": 1, \"title\": \"\\u0000\"}]}", "windows[0].title: holds a NUL"},
     {"{\"windows\": [{\"id\": 1, \"listBox\": null}]}", "windows[0].listBox: must be an object"},
     {"{\"objects\": [{\"role\": 9}]}", "objects[0].role: must be a text"},
     {"{\"objects\": [{\"fails\": \"yes\"}]}", "objects[0].fails: must be true or false"},
+    {"{\"objects\": [{\"protected\": 1}]}", "objects[0].protected: must be true or false"},
     {"{\"objects\": [{\"colour\": 1}]}", "objects[0].colour: unknown key"},
 };
 

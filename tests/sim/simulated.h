@@ -15,7 +15,7 @@ struct Simulated {
   Simulated(const Simulated&) = delete;
   Simulated& operator=(const Simulated&) = delete;
 
-  const std::string& transcript() const { return machine.transcript.text(); }
+  const std::string& transcript() const { return machine.transcript.Lines(); }
 
   Machine machine;
   SimPlatform platform;

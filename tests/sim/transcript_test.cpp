@@ -11,7 +11,7 @@ namespace {
 template <typename... Parts> std::string Line(const Parts&... parts) {
   Transcript transcript;
   transcript.Add("x", parts...);
-  return transcript.text();
+  return transcript.Lines();
 }
 
 TEST(Transcript, WritesNumbersWithFifteenDigitsAndNoExponent) {
@@ -59,7 +59,7 @@ TEST(Transcript, ForgetsWhatItIsToldTo) {
   transcript.Add("x", 1);
   transcript.Clear();
   transcript.Add("x", 2);
-  EXPECT_EQ(transcript.text(), "x 2\n");
+  EXPECT_EQ(transcript.Lines(), "x 2\n");
 }
 
 TEST(Transcript, WritesHexadecimalNumbersAndBareNames) {

@@ -21,15 +21,15 @@ inline constexpr std::int32_t kAccessIsDenied = 5;
 // Keep the base and the watcher alive longer than this.
 template <class Seam> class Forwarding : public Seam {
  public:
-  explicit Forwarding(Seam& theBase, Watcher* theWatcher = nullptr) : base(theBase), watcher(theWatcher) {}
+  explicit Forwarding(Seam& base, Watcher* watcher = nullptr) : base_(base), watcher_(watcher) {}
 
  protected:
   // Makes a call of the base. One that a watcher lets fail gives an empty result.
   template <class Result, class... Parameters, class... Arguments>
   Result Pass(const char* name, Result (Seam::*call)(Parameters...), Arguments&... arguments) {
     if constexpr (std::is_void_v<Result>) {
-      if (!watcher) return (base.*call)(arguments...);
-      watcher->Pass(name, [&] { (base.*call)(arguments...); });
+      if (!watcher_) return (base_.*call)(arguments...);
+      watcher_->Pass(name, [&] { (base_.*call)(arguments...); });
     } else {
       return PassOr({}, name, call, arguments...);
     }
@@ -39,14 +39,14 @@ template <class Seam> class Forwarding : public Seam {
   template <class Result, class... Parameters, class... Arguments>
   Result PassOr(std::type_identity_t<Result> failure, const char* name, Result (Seam::*call)(Parameters...),
                 Arguments&... arguments) {
-    if (!watcher) return (base.*call)(arguments...);
-    return watcher->Pass(name, failure, [&] { return (base.*call)(arguments...); });
+    if (!watcher_) return (base_.*call)(arguments...);
+    return watcher_->Pass(name, failure, [&] { return (base_.*call)(arguments...); });
   }
 
-  Seam& base;
+  Seam& base_;
 
  private:
-  Watcher* watcher;
+  Watcher* watcher_;
 };
 
 class ForwardingInput : public Forwarding<Input> {
@@ -129,6 +129,9 @@ class ForwardingRemoteMemory : public Forwarding<RemoteMemory> {
   void Free(ProcessId process, RemoteAddress block) override {
     Pass("RemoteMemory::Free", &RemoteMemory::Free, process, block);
   }
+  void FreeOnceAnswered(ProcessId process, RemoteAddress block, WindowHandle window) override {
+    Pass("RemoteMemory::FreeOnceAnswered", &RemoteMemory::FreeOnceAnswered, process, block, window);
+  }
 };
 
 class ForwardingAnsiCodePage : public Forwarding<AnsiCodePage> {
@@ -167,8 +170,8 @@ class ForwardingAccessibility : public Forwarding<Accessibility> {
   std::optional<AccessibleFacts> ObjectAt(Point screen) override {
     return Pass("Accessibility::ObjectAt", &Accessibility::ObjectAt, screen);
   }
-  bool QueryStillOut(WindowHandle window) override {
-    return Pass("Accessibility::QueryStillOut", &Accessibility::QueryStillOut, window);
+  bool QueryPending(WindowHandle window) override {
+    return Pass("Accessibility::QueryPending", &Accessibility::QueryPending, window);
   }
   Text RoleText(std::int32_t role, int capacity) override {
     return Pass("Accessibility::RoleText", &Accessibility::RoleText, role, capacity);
@@ -287,6 +290,9 @@ class ForwardingFiles : public Forwarding<Files> {
   bool Write(FilePath path, TextView text) override {
     return Pass("Files::Write", &Files::Write, path, text);
   }
+  bool WriteLog(FilePath path, TextView text) override {
+    return Pass("Files::WriteLog", &Files::WriteLog, path, text);
+  }
   bool Append(FilePath path, TextView text) override {
     return Pass("Files::Append", &Files::Append, path, text);
   }
@@ -327,8 +333,8 @@ class ForwardingRegistryApi : public Forwarding<RegistryApi> {
     return PassOr({kAccessIsDenied, {}}, "RegistryApi::SubKeyName", &RegistryApi::SubKeyName, key, index,
                   capacity);
   }
-  RegistryName ValueName(RegistryKey key, std::uint32_t index, std::uint32_t capacity) override {
-    return PassOr({kAccessIsDenied, {}}, "RegistryApi::ValueName", &RegistryApi::ValueName, key, index,
+  RegistryEnumeratedValue ValueAt(RegistryKey key, std::uint32_t index, std::uint32_t capacity) override {
+    return PassOr({kAccessIsDenied, {}, 0, {}}, "RegistryApi::ValueAt", &RegistryApi::ValueAt, key, index,
                   capacity);
   }
   std::int32_t DeleteKey(RegistryKey key, TextView subKey) override {
@@ -362,7 +368,7 @@ class ForwardingSystem : public Forwarding<System> {
                  int show) override {
     return Pass("System::ShellOpen", &System::ShellOpen, operation, file, parameters, directory, show);
   }
-  void EndProgram() override { base.EndProgram(); }
+  void EndProgram() override { base_.EndProgram(); }
 };
 
 }  // namespace pointalk::testing

@@ -41,15 +41,16 @@ struct WatchedPlatform::Parts {
   ForwardingSystem system;
 };
 
-WatchedPlatform::WatchedPlatform(const Platform& theBase, Watcher& theWatcher)
-    : parts(std::make_unique<Parts>(theBase, theWatcher)) {}
+WatchedPlatform::WatchedPlatform(const Platform& base, Watcher& watcher)
+    : parts_(std::make_unique<Parts>(base, watcher)) {}
 
 WatchedPlatform::~WatchedPlatform() = default;
 
 Platform WatchedPlatform::Get() {
-  return {parts->input,         parts->windows,  parts->messages, parts->memory, parts->ansi,    parts->menus,
-          parts->accessibility, parts->midi,     parts->sapi5,    parts->sapi4,  parts->dialogs, parts->panel,
-          parts->files,         parts->registry, parts->clock,    parts->system};
+  return {parts_->input, parts_->windows,  parts_->messages,      parts_->memory,
+          parts_->ansi,  parts_->menus,    parts_->accessibility, parts_->midi,
+          parts_->sapi5, parts_->sapi4,    parts_->dialogs,       parts_->panel,
+          parts_->files, parts_->registry, parts_->clock,         parts_->system};
 }
 
 }  // namespace pointalk::testing

@@ -11,7 +11,7 @@ namespace pointalk::testing {
 // Keep the base and the watcher alive longer than this.
 class WatchedPlatform {
  public:
-  WatchedPlatform(const Platform& theBase, Watcher& theWatcher);
+  WatchedPlatform(const Platform& base, Watcher& watcher);
   ~WatchedPlatform();
   WatchedPlatform(const WatchedPlatform&) = delete;
   WatchedPlatform& operator=(const WatchedPlatform&) = delete;
@@ -20,7 +20,7 @@ class WatchedPlatform {
 
  private:
   struct Parts;
-  std::unique_ptr<Parts> parts;
+  std::unique_ptr<Parts> parts_;
 };
 
 }  // namespace pointalk::testing

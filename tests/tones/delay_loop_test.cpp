@@ -10,18 +10,18 @@ namespace {
 
 class PassClock final : public Clock {
  public:
-  PassClock(double theStart, double theSecondsOfAPass) : start(theStart), secondsOfAPass(theSecondsOfAPass) {}
+  PassClock(double start, double secondsOfAPass) : start_(start), secondsOfAPass_(secondsOfAPass) {}
 
   double SecondsSinceMidnight() override {
-    return std::fmod(start + secondsOfAPass * static_cast<double>(passes), 86400.0);
+    return std::fmod(start_ + secondsOfAPass_ * static_cast<double>(passes), 86400.0);
   }
   void SpinPass() override { ++passes; }
 
   std::int64_t passes = 0;
 
  private:
-  double start;
-  double secondsOfAPass;
+  double start_;
+  double secondsOfAPass_;
 };
 
 struct Measured {

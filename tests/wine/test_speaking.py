@@ -43,6 +43,15 @@ class SpeakReturns(CompanionTest):
         self.assertEqual(self.order(*SAID), [("sapi5 speak", 1), ("sounding", 1), ("sapi5 speak", 2), ("cut", 1),
                                              ("sounding", 2), ("spoken", 2), ("sapi5 speak over", 2)])
 
+    def test_whether_all_is_said_can_be_asked(self):
+        done = ("call", "v", "WaitUntilDone", "i:0")
+        answers = self.voice(create("v"), done, speak(ENDLESS, ASYNCHRONOUS), done, speak("Yes.", ASYNCHRONOUS | PURGE),
+                             ("call", "v", "WaitUntilDone", "i:-1"), done)
+        self.assertEqual([answers[place].value for place in (1, 3, 5, 6)], ["true", "false", "true", "true"])
+        self.assertEqual(self.order("spoken"), [("spoken", 2)])
+        self.assertEqual([(line["limit"], line["done"]) for line in self.heard("sapi5 wait until done")],
+                         [(0, True), (0, False), (-1, True), (0, True)])
+
     def test_at_once_for_a_blank(self):
         _, *spoke = self.voice(create("v"), *(speak(text, flags) for text in ("", " ", "\u00a0  ") for flags in (0, 2)))
         for answer in spoke:

@@ -71,6 +71,12 @@ class Pretending(CompanionTest):
         self.environment["POINTALK_MIDI_OPEN"] = "4,0,69"
         self.assertEqual(self.midi("open", "open", "close", "open", "open"), [4, 0, 0, 69, 0])
 
+    def test_a_port_that_loses_its_device(self):
+        self.environment["POINTALK_MIDI_LOSE"] = "2,6,1"
+        messages = ["short=9d"] * 4
+        self.assertEqual(self.midi("open", *messages, "close", "open", *messages), [0, 0, 0, 6, 6, 0, 0, 0, 0, 0, 0])
+        self.assertEqual([line["result"] for line in self.heard("midi")], [0, 0, 6, 6, 0, 0, 0, 0])
+
     def test_slow_messages(self):
         slow = {"POINTALK_MIDI_DELAY": "600000"}
         with mock.patch.dict(self.environment, slow):

@@ -115,6 +115,15 @@ class Sapi4Members(CompanionTest):
         self.assertEqual(self.order()[1:], [("sapi4 speak", 1), ("sounding", 1), "sapi4 audio reset", ("cut", 1)])
         self.assertEqual(self.only("sapi4 speak")["text"], ENDLESS)
 
+    def test_whether_it_speaks_can_be_asked_unless_it_does_not_tell(self):
+        self.sound_for(HOUR, ENDLESS)
+        speaking = ("call", "v", "Speaking")
+        before, _, during, *_, after = self.four(speaking, speak(ENDLESS), speaking, ("call", "v", "AudioReset"), awaited("cut"),
+                                                 ("leaves", "v", "Speaking", "true"))
+        self.assertEqual([answer.value for answer in (before, during, after)], ["false", "true", "false"])
+        self.environment["POINTALK_SAPI4_SPEAKING"] = "untold"
+        self.assertFalse(self.four(speaking)[0].worked)
+
     def test_the_last_word_position_moves_on_and_can_be_put_back(self):
         text, inside = "one two three four five six seven eight nine ten", 2
         self.sound_for(10, "one two")

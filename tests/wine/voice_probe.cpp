@@ -63,6 +63,7 @@ Words Split(const std::string& line) {
 
 std::string Shown(VARIANT& value) {
   if (value.vt == VT_I4) return "whole " + std::to_string(value.lVal);
+  if (value.vt == VT_BOOL) return value.boolVal != VARIANT_FALSE ? "true" : "false";
   if (value.vt == VT_R8) return "real " + std::to_string(value.dblVal);
   if (value.vt == VT_DISPATCH) return "object";
   if (value.vt == VT_EMPTY) return "nothing";

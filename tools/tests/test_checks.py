@@ -122,6 +122,74 @@ class Layers(CheckCase):
         self.spoilt("tones/c.h", '#include "tones/b.h"\n', "include cycle")
 
 
+class Names(CheckCase):
+    def test_given_names_and_words_that_only_begin_alike(self):
+        self.put("app/a.h", "// theTimer\nint mMuted = 0, then = 0, anchor = 0, another = 0;\n")
+        self.put("win32/a.h", "int mouse = 0, theme = 0;\n")
+        self.passes("check_names.py", "--root", self.root)
+
+    def test_an_article(self):
+        self.put("tests/a.h", "\nint theTimer = 0;\n")
+        self.fails("check_names.py", "--root", self.root, because="tests/a.h:2: theTimer")
+
+    def test_a_field_of_the_form_elsewhere(self):
+        self.put("wine/voice/a.h", "int mMuted = 0;\n")
+        self.fails("check_names.py", "--root", self.root, because="wine/voice/a.h:1: mMuted")
+
+
+@unittest.skipUnless(shutil.which("clang-tidy-14"), "clang-tidy-14 is not installed")
+class Tidy(CheckCase):
+    def setUp(self):
+        super().setUp()
+        self.put(".clang-tidy", (TOOLS.parent / ".clang-tidy").read_text())
+        self.put("app/a.h", "class A {\n public:\n  int Next();\n\n private:\n  int last_ = 0;\n};\n")
+        self.put("app/a.cpp", '#include "app/a.h"\n\nint A::Next() { return ++last_; }\n')
+        self.target("app", "app/a.cpp", "clang++")
+
+    def target(self, name, source, compiler):
+        """A build folder with one target, as CMake leaves it when a target is compiled as one file."""
+        unity = self.put(f"build/CMakeFiles/pointalk_{name}.dir/unity.cxx", f'#include "{self.root}/{source}"\n')
+        command = f"ccache /usr/bin/{compiler} -I{self.root} -std=c++20 -Wall -o pointalk_{name}.dir/unity.o -c {unity}"
+        self.put("build/compile_commands.json",
+                 json.dumps([{"directory": f"{self.root}/build", "command": command, "file": str(unity)}]))
+
+    def run_tool(self, tool, *arguments, **keywords):
+        return super().run_tool(tool, "--root", self.root, self.root / "build", *arguments, **keywords)
+
+    def test_a_clean_target_is_remembered(self):
+        self.passes("check_tidy.py")
+        self.assertIn("1 of 1 targets changed", self.output)
+        self.passes("check_tidy.py")
+        self.assertIn("0 of 1 targets changed", self.output)
+        self.assertEqual(self.last_line, "1 passed, 0 failed")
+
+    def test_a_header_of_a_clean_target_is_spoilt(self):
+        self.passes("check_tidy.py")
+        self.put("app/a.h", "class A {\n public:\n  int Next();\n\n private:\n  int last_ = 0;\n  int mNext = 0;\n};\n")
+        for _ in range(2):
+            self.fails("check_tidy.py", because="app/a.h:7:7: error: invalid case style for private member 'mNext'")
+
+    def test_a_given_name_is_no_fault(self):
+        self.put("app/a.h", "class A {\n public:\n  int Next();\n\n private:\n  int last_ = 0;\n  bool mMuted = false;\n};\n")
+        self.passes("check_tidy.py")
+
+    def test_a_source_that_does_not_compile(self):
+        self.put("app/a.cpp", '#include "app/missing.h"\n')
+        self.fails("check_tidy.py", because="'app/missing.h' file not found")
+
+    def test_a_target_for_windows(self):
+        self.target("win32", "win32/a.cpp", "x86_64-w64-mingw32-g++-posix")
+        self.put("win32/a.cpp", "#include <windef.h>\n\n#include <cstdint>\n\nHWND None() { return nullptr; }\n")
+        self.passes("check_tidy.py")
+        self.put("win32/a.cpp", "#include <windef.h>\n\n#include <cstdint>\n\nHWND none() { return nullptr; }\n")
+        self.fails("check_tidy.py", because="win32/a.cpp:5:6: error: invalid case style for function 'none'")
+
+    def test_left_out_where_its_program_is_missing(self):
+        self.passes("check_tidy.py", environment={"PATH": str(self.root)})
+        self.assertEqual(self.output.splitlines(), [
+            "left out: clang-tidy finds no fault in the sources. clang-tidy-14 is not installed", "0 passed, 0 failed"])
+
+
 class Format(CheckCase):
     def setUp(self):
         super().setUp()

@@ -181,8 +181,8 @@ class Exe(Folder):
         super().setUp()
         self.exe = self.folder / "program.exe"
 
-    def link(self, source, *options):
-        subprocess.run(["x86_64-w64-mingw32-g++-posix", "-x", "c++", "-", "-o", self.exe, *options], input=source,
+    def link(self, source, *options, machine="x86_64"):
+        subprocess.run([f"{machine}-w64-mingw32-g++-posix", "-x", "c++", "-", "-o", self.exe, *options], input=source,
                        text=True, check=True, timeout=60)
 
     def check(self):
@@ -198,6 +198,7 @@ class Exe(Folder):
             self.assertIn(f"lacks {lack}", output)
         self.assertIn("ok: No DLL but the system's.", output)
         self.assertIn("ok: At most 1 MB.", output)
+        self.assertIn("ok: Its protection.", output)
 
     def test_a_library_beside_it(self):
         self.link("#include <thread>\nint main() { std::thread([] {}).join(); }\n")
@@ -207,6 +208,20 @@ class Exe(Folder):
         self.link("int table[400000] = {1};\nint main() { return table[1]; }\n", "-static")
         self.assertIn("FAILED: At most 1 MB.", self.check())
 
+    def test_a_program_without_protection(self):
+        self.link("int main() {}\n", "-static", "-Wl,--disable-dynamicbase,--disable-nxcompat,--disable-high-entropy-va")
+        output = self.check()
+        for lack in ("DYNAMIC_BASE", "NX_COMPAT", "HIGH_ENTROPY_VA"):
+            self.assertIn(f"lacks {lack}", output)
+
+    def test_calls_that_injected_code_makes(self):
+        self.link("#include <thread>\nint main() { std::thread([] {}).join(); }\n", "-static")
+        self.assertIn("imports SuspendThread", self.check())
+
+    def test_a_program_of_32_bits_with_large_addresses(self):
+        self.link("int main() {}\n", "-static", "-Wl,--large-address-aware", machine="i686")
+        self.assertIn("is large address aware", self.check())
+
     def test_a_program_that_is_another_in_each_build(self):
         self.link(f'#include <cstdio>\nint main() {{ std::puts("{TOOLS.parent}/main.cpp"); }}\n', "-static")
         output = self.check()
@@ -214,7 +229,7 @@ class Exe(Folder):
         self.assertIn("tells where it was built", output)
 
     def test_no_program(self):
-        self.assertTrue(self.check().endswith("0 passed, 5 failed\n"))
+        self.assertTrue(self.check().endswith("0 passed, 8 failed\n"))
 
 
 if __name__ == "__main__":

@@ -6,17 +6,17 @@
 Every wait has a limit; whatever was started is ended by its own process.
 """
 
-from .desktop import BUILD, ROOT, Desktop
+from .desktop import BUILD, ROOT, TARGET_BUILD, Desktop
 from .hand import Hand
 from .heard import Heard, names_desktop, now
 from .mail import Mail
 from .panel import Panel
 from .pointalk import Pointalk, Run
-from .programs import KILLED_AT_ITS_END, LineProgram, Probe, Target
+from .programs import KILLED_AT_ITS_END, LineProgram, Probe, Target, quoted
 from .settings import settings_text, written_scaling
 from .waiting import wait_until
 
 __all__ = [
     "BUILD", "KILLED_AT_ITS_END", "ROOT", "Desktop", "Hand", "Heard", "LineProgram", "Mail", "Panel", "Pointalk", "Probe",
-    "Run", "Target", "names_desktop", "now", "settings_text", "wait_until", "written_scaling",
+    "Run", "TARGET_BUILD", "Target", "names_desktop", "now", "quoted", "settings_text", "wait_until", "written_scaling",
 ]

@@ -74,21 +74,22 @@ class Desktop:
         self.run("wineserver", "-p", seconds=100)
 
     def _ready_prefix(self):
-        """The prefix with these engines, which is made once for each voice that was built; tests at the same time share it."""
+        """The prefix with these engines, which is made once for each build of them; tests at the same time share it."""
         base = pathlib.Path(os.environ.get("POINTALK_PREFIX_BASE", BUILD / "wine-prefix"))
-        voice = BUILD / "wine" / "pointalk_voice.dll"
+        voice, automation = (BUILD / "wine" / f"pointalk_{name}.dll" for name in ("voice", "automation"))
         ready = base.with_name(f"{base.name}-{self._engines}-{self.bits()}")
         base.parent.mkdir(parents=True, exist_ok=True)
         with open(base.with_name(f"{base.name}.lock"), "w", encoding="ascii") as lock:
             fcntl.flock(lock, fcntl.LOCK_EX)
             self.run(PREFIX_TOOL, "make", base, seconds=1000)
             mark = ready / "made-of"
-            made_of = f"{voice.stat().st_mtime_ns} {(base / 'pointalk-ready').stat().st_mtime_ns}"
+            made_of = " ".join(str(file.stat().st_mtime_ns) for file in (voice, automation, base / "pointalk-ready"))
             if not mark.exists() or mark.read_text("ascii") != made_of:
                 shutil.rmtree(ready, ignore_errors=True)
                 self.run(PREFIX_TOOL, "copy", base, ready, seconds=1000)
                 self.environment["WINEPREFIX"] = str(ready)
                 self.run(PREFIX_TOOL, "engines", ready, self._engines, voice, seconds=1000)
+                self.run(PREFIX_TOOL, "automation", ready, automation, seconds=1000)
                 self._end_wine()
                 mark.write_text(made_of, "ascii")
         return ready
@@ -111,10 +112,10 @@ class Desktop:
     def hand(self):
         return Hand(self.environment)
 
-    def pointalk(self, settings=None, first_run=False):
+    def pointalk(self, settings=None, first_run=False, build=BUILD):
         """A Pointalk that is not started yet, in a folder of its own."""
         self._runs += 1
-        return Pointalk(BUILD, self.folder / f"Pointalk{self._runs}", self.environment, settings, first_run)
+        return Pointalk(build, self.folder / f"Pointalk{self._runs}", self.environment, settings, first_run)
 
     def screenshot(self, path):
         self.run("import", "-window", "root", path, seconds=100)

@@ -1,5 +1,7 @@
 """Pointalk's control panel and the boxes that it asks with, by keys alone."""
 
+import contextlib
+
 from .waiting import wait_until
 
 PANEL_CLASS = "PointalkPanel"
@@ -24,6 +26,7 @@ MENU_FRAME = 3   # pixels around a menu's entries
 MARK_WIDTH = 14  # pixels before an entry's text
 
 LIMIT = 100     # seconds
+PRESSES = 4     # of a key that is not answered
 
 
 class Panel:
@@ -80,9 +83,15 @@ class Panel:
         self.wait_for_keyboard()
 
     def open_menu(self, key):
-        """Opens a drop-down menu by its access key; returns its window."""
-        self._hand.tap("alt+" + key)
-        return wait_until(lambda: self.focus()["menu"] and self._top_window(MENU_CLASS), LIMIT, f"the menu of {key}")
+        """Opens a drop-down menu by its access key; returns its window. Where a program that comes up just then takes the
+        keyboard, and the key with it, the panel is raised and the key pressed again."""
+        opened = lambda: self.focus()["menu"] and self._top_window(MENU_CLASS)
+        for _ in range(PRESSES):
+            self._hand.tap("alt+" + key)
+            with contextlib.suppress(AssertionError):
+                return wait_until(opened, LIMIT / PRESSES, "a menu")
+            self.raise_it()
+        raise AssertionError(f"not the menu of {key}: {self.focus()}")
 
     def close_menu(self):
         self._hand.tap("Escape", "Escape")

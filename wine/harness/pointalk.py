@@ -24,10 +24,14 @@ class Run:
         """Starts the program, in its own folder or another directory, by its path or a command that lasts as long; names and
         values are added to its environment."""
         self._began = now()
-        self.process = subprocess.Popen(command or ["wine", str(self.folder / "Pointalk.exe")], cwd=directory or self.folder,
-                                        stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
-                                        env={**self._environment, **environment})
+        self.process = self.launch(directory, command, **environment)
         return self
+
+    def launch(self, directory=None, command=None, **environment):
+        """The same beside what was started before; returns the process, which is the caller's."""
+        return subprocess.Popen(command or ["wine", str(self.folder / "Pointalk.exe")], cwd=directory or self.folder,
+                                stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                                env={**self._environment, **environment})
 
     def wait_ready(self, limit=300):
         """Waits for the greeting of a run that is not the first."""

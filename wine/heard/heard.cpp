@@ -20,16 +20,16 @@ HANDLE OpenHeardFile() {
                      nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
 }
 
-// While it lives nobody else has a turn with the file: under Wine, appending first looks for the end and then
-// writes, and two writers may find the same end. The byte that stands for the turn is far behind any line.
-class FileTurn {
+// Locks the file for as long as it lives: under Wine, appending first looks for the end and then writes, and
+// two writers may find the same end. The byte that is locked lies far beyond any line.
+class FileLock {
  public:
-  explicit FileTurn(HANDLE file) : mFile(file) {
-    LockFileEx(mFile, LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &mByte);
+  explicit FileLock(HANDLE file) : file_(file) {
+    LockFileEx(file_, LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &byte_);
   }
-  ~FileTurn() { UnlockFileEx(mFile, 0, 1, 0, &mByte); }
-  FileTurn(const FileTurn&) = delete;
-  FileTurn& operator=(const FileTurn&) = delete;
+  ~FileLock() { UnlockFileEx(file_, 0, 1, 0, &byte_); }
+  FileLock(const FileLock&) = delete;
+  FileLock& operator=(const FileLock&) = delete;
 
  private:
   static OVERLAPPED FarByte() {
@@ -38,8 +38,8 @@ class FileTurn {
     return byte;
   }
 
-  HANDLE mFile;
-  OVERLAPPED mByte = FarByte();
+  HANDLE file_;
+  OVERLAPPED byte_ = FarByte();
 };
 
 void AppendEscape(std::string& line, char16_t unit) {
@@ -68,13 +68,13 @@ void AppendQuoted(std::string& line, std::u16string_view text) {
 
 }  // namespace
 
-HeardLine::HeardLine(std::string_view what) : mLine("{\"t\":" + std::to_string(Now())) {
+HeardLine::HeardLine(std::string_view what) : line_("{\"t\":" + std::to_string(Now())) {
   Ascii("what", what);
 }
 
 HeardLine& HeardLine::Number(std::string_view name, std::int64_t value) {
   Name(name);
-  mLine += std::to_string(value);
+  line_ += std::to_string(value);
   return *this;
 }
 
@@ -83,19 +83,19 @@ HeardLine& HeardLine::Real(std::string_view name, double value) {
   char digits[32];
   std::snprintf(digits, sizeof digits, "%.15g", value);
   Name(name);
-  mLine += digits;
+  line_ += digits;
   return *this;
 }
 
 HeardLine& HeardLine::Flag(std::string_view name, bool value) {
   Name(name);
-  mLine += value ? "true" : "false";
+  line_ += value ? "true" : "false";
   return *this;
 }
 
 HeardLine& HeardLine::Null(std::string_view name) {
   Name(name);
-  mLine += "null";
+  line_ += "null";
   return *this;
 }
 
@@ -107,7 +107,7 @@ HeardLine& HeardLine::Hex(std::string_view name, std::uint32_t value) {
 
 HeardLine& HeardLine::Text(std::string_view name, std::u16string_view value) {
   Name(name);
-  AppendQuoted(mLine, value);
+  AppendQuoted(line_, value);
   return *this;
 }
 
@@ -116,18 +116,18 @@ HeardLine& HeardLine::Ascii(std::string_view name, std::string_view value) {
 }
 
 void HeardLine::Name(std::string_view name) {
-  mLine += ",\"";
-  mLine += name;
-  mLine += "\":";
+  line_ += ",\"";
+  line_ += name;
+  line_ += "\":";
 }
 
 void HeardLine::Write() {
   static const HANDLE file = OpenHeardFile();
   if (file == INVALID_HANDLE_VALUE) return;
-  mLine += "}\n";
-  const FileTurn turn(file);
+  line_ += "}\n";
+  const FileLock lock(file);
   DWORD written = 0;
-  WriteFile(file, mLine.data(), static_cast<DWORD>(mLine.size()), &written, nullptr);
+  WriteFile(file, line_.data(), static_cast<DWORD>(line_.size()), &written, nullptr);
 }
 
 std::int64_t Now() {

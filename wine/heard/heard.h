@@ -37,7 +37,7 @@ class HeardLine {
  private:
   void Name(std::string_view name);
 
-  std::string mLine;
+  std::string line_;
 };
 
 // Microseconds of the clock above.

@@ -21,13 +21,13 @@ std::wstring NewFolder(const wchar_t* name) {
 
 }  // namespace
 
-LinuxHelper::LinuxHelper(const wchar_t* name, std::string_view script) : mFolder(NewFolder(name)) {
-  if (mFolder.empty() || !WriteWholeFile(PathOf(L"script"), script)) return;
+LinuxHelper::LinuxHelper(const wchar_t* name, std::string_view script) : folder_(NewFolder(name)) {
+  if (folder_.empty() || !WriteWholeFile(PathOf(L"script"), script)) return;
   if (Start()) OpenCommands();
 }
 
 LinuxHelper::~LinuxHelper() {
-  if (mCommands) CloseHandle(mCommands);
+  if (commands_) CloseHandle(commands_);
 }
 
 bool LinuxHelper::Start() {
@@ -36,7 +36,7 @@ bool LinuxHelper::Start() {
   startup.cb = sizeof startup;
   PROCESS_INFORMATION process{};  // Wine fills in no handle that could be used for a Linux program
   return CreateProcessW(L"Z:\\bin\\sh", command, nullptr, nullptr, FALSE, DETACHED_PROCESS, nullptr,
-                        mFolder.c_str(), &startup, &process) != FALSE;
+                        folder_.c_str(), &startup, &process) != FALSE;
 }
 
 // Opened for both ways: for writing only, the open would wait for a reader, and with it all of Wine.
@@ -46,16 +46,16 @@ void LinuxHelper::OpenCommands() {
                                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                     OPEN_EXISTING, 0, nullptr);
     if (file == INVALID_HANDLE_VALUE) continue;
-    mCommands = file;
+    commands_ = file;
     return;
   }
 }
 
 void LinuxHelper::Tell(const std::string& line) {
-  if (!mCommands) return;
+  if (!commands_) return;
   const std::string bytes = line + "\n";
   DWORD written = 0;
-  WriteFile(mCommands, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+  WriteFile(commands_, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
 }
 
 bool WriteWholeFile(const std::wstring& path, std::string_view bytes) {

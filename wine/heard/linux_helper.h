@@ -22,20 +22,20 @@ class LinuxHelper {
   LinuxHelper& operator=(const LinuxHelper&) = delete;
 
   // False when the script could not be started or did not make its FIFO in time.
-  bool Running() const { return mCommands != nullptr; }
+  bool Running() const { return commands_ != nullptr; }
 
   // Sends one line, given without its end. Blocks while the FIFO is full, which takes 64 KB that nobody
   // reads.
   void Tell(const std::string& line);
 
-  std::wstring PathOf(const std::wstring& file) const { return mFolder + L"\\" + file; }
+  std::wstring PathOf(const std::wstring& file) const { return folder_ + L"\\" + file; }
 
  private:
   bool Start();
   void OpenCommands();
 
-  std::wstring mFolder;
-  void* mCommands = nullptr;
+  std::wstring folder_;
+  void* commands_ = nullptr;
 };
 
 // False when the file could not be written whole.

@@ -17,9 +17,9 @@ class RemoteBlock {
   RemoteBlock(const RemoteBlock&) = delete;
   RemoteBlock& operator=(const RemoteBlock&) = delete;
 
-  LPARAM Address() const { return reinterpret_cast<LPARAM>(mBlock); }
+  LPARAM Address() const { return reinterpret_cast<LPARAM>(block_); }
   // Leaves the block behind in the other process.
-  void Abandon() { mBlock = nullptr; }
+  void Abandon() { block_ = nullptr; }
 
   template <class Record> void Put(const Record& record) { Write(&record, sizeof record); }
   template <class Record> void Get(Record& record) { Read(&record, sizeof record); }
@@ -27,8 +27,8 @@ class RemoteBlock {
   void Read(void* to, std::size_t size);
 
  private:
-  HANDLE mProcess = nullptr;
-  void* mBlock = nullptr;
+  HANDLE process_ = nullptr;
+  void* block_ = nullptr;
 };
 
 }  // namespace pointalk::probe

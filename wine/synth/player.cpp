@@ -47,9 +47,9 @@ Player& Player::Only() {
 }
 
 void Player::Begin() {
-  const std::lock_guard lock(mMutex);
-  if (mBegun) return;
-  mBegun = true;
+  const std::lock_guard lock(mutex_);
+  if (begun_) return;
+  begun_ = true;
   std::thread(&Player::Feed, this).detach();
 }
 
@@ -63,19 +63,19 @@ void Player::Silence() {
 }
 
 void Player::Queue(const std::string& line) {
-  const std::lock_guard lock(mMutex);
-  if (mLines.size() > kLongestQueue) return;
-  if (!mLines.empty()) mLines += '\n';
-  mLines += line;
-  mChanged.notify_one();
+  const std::lock_guard lock(mutex_);
+  if (lines_.size() > kLongestQueue) return;
+  if (!lines_.empty()) lines_ += '\n';
+  lines_ += line;
+  changed_.notify_one();
 }
 
 void Player::Feed() {
   LinuxHelper synthesizer(L"pointalk-synth", kPlayScript);
   if (!synthesizer.Running()) return;
-  for (std::unique_lock lock(mMutex);;) {
-    mChanged.wait(lock, [&] { return !mLines.empty(); });
-    const std::string lines = std::exchange(mLines, {});
+  for (std::unique_lock lock(mutex_);;) {
+    changed_.wait(lock, [&] { return !lines_.empty(); });
+    const std::string lines = std::exchange(lines_, {});
     lock.unlock();
     synthesizer.Tell(lines);
     lock.lock();

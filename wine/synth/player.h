@@ -31,10 +31,10 @@ class Player {
   void Queue(const std::string& line);
   void Feed();
 
-  std::mutex mMutex;
-  std::condition_variable mChanged;
-  std::string mLines;  // waiting to be sent
-  bool mBegun = false;
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  std::string lines_;  // waiting to be sent
+  bool begun_ = false;
 };
 
 }  // namespace pointalk::wine

@@ -28,6 +28,11 @@ SynthSettings ReadSettings() {
   SynthSettings settings;
   settings.openResults = Numbers("POINTALK_MIDI_OPEN");
   if (const auto devices = Numbers("POINTALK_MIDI_DEVICES"); !devices.empty()) settings.devices = devices[0];
+  if (const auto lose = Numbers("POINTALK_MIDI_LOSE"); lose.size() == 3) {
+    settings.taken = lose[0];
+    settings.refusal = lose[1];
+    settings.losingPorts = lose[2];
+  }
   if (const auto delay = Numbers("POINTALK_MIDI_DELAY"); !delay.empty())
     settings.delayMilliseconds = delay[0];
   return settings;

@@ -2,14 +2,15 @@
 // functions that Pointalk imports, and those that others of its kind do. Short messages sound through
 // FluidSynth where the machine has sound. Every call is written down with its exact arguments where
 // POINTALK_HEARD says so.
-#define _WINMM_  // the declarations below are this library's own, not imports
+// The declarations below are this library's own, not imports.
+#define _WINMM_  // NOLINT(readability-identifier-naming): the system's headers look for it
 #include <windows.h>
 
 #include <mmsystem.h>
 
 #include <atomic>
+#include <map>
 #include <mutex>
-#include <set>
 
 #include "wine/heard/heard.h"
 #include "wine/synth/player.h"
@@ -20,17 +21,17 @@ namespace pointalk::wine {
 namespace {
 
 struct Ports {
+  static Ports& Only() {
+    static Ports& ports = *new Ports;
+    return ports;
+  }
+
   std::mutex mutex;
-  std::set<std::uintptr_t> open;
-  std::uintptr_t lastHandle = 0;
+  std::map<std::uintptr_t, unsigned> open;  // by handle, how many messages it was sent
+  std::uintptr_t lastHandle = 0;            // they count from 1
   std::size_t openCalls = 0;
   DWORD volume = 0xFFFFFFFF;
 };
-
-Ports& ThePorts() {
-  static Ports& ports = *new Ports;
-  return ports;
-}
 
 std::int64_t Signed(UINT device) { return static_cast<INT>(device); }
 
@@ -44,12 +45,22 @@ MMRESULT ResultOfOpen(std::size_t call, UINT device) {
 }
 
 bool IsOpen(HMIDIOUT port) {
-  Ports& ports = ThePorts();
+  Ports& ports = Ports::Only();
   const std::lock_guard lock(ports.mutex);
   return ports.open.count(reinterpret_cast<std::uintptr_t>(port)) != 0;
 }
 
 MMRESULT OpenOr(HMIDIOUT port) { return IsOpen(port) ? MMSYSERR_NOERROR : MMSYSERR_INVALHANDLE; }
+
+MMRESULT ResultOfMessage(HMIDIOUT port) {
+  Ports& ports = Ports::Only();
+  const std::lock_guard lock(ports.mutex);
+  const auto open = ports.open.find(reinterpret_cast<std::uintptr_t>(port));
+  if (open == ports.open.end()) return MMSYSERR_INVALHANDLE;
+  const SynthSettings& settings = Settings();
+  const bool lost = open->first <= settings.losingPorts && open->second++ >= settings.taken;
+  return lost ? settings.refusal : MMSYSERR_NOERROR;
+}
 
 // A name below 0x10000, and any name with one of these flags, is a number and no text.
 bool IsText(const void* name, DWORD flags) {
@@ -89,6 +100,8 @@ template <class Caps> Caps SynthesizerCaps() {
 
 using namespace pointalk::wine;
 
+// The system's headers name the parameters otherwise.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 extern "C" {
 
 UINT WINAPI midiOutGetNumDevs() {
@@ -99,12 +112,12 @@ UINT WINAPI midiOutGetNumDevs() {
 MMRESULT WINAPI midiOutOpen(HMIDIOUT* port, UINT device, DWORD_PTR callback, DWORD_PTR instance,
                             DWORD flags) {
   HeardLine line("midi open");
-  Ports& ports = ThePorts();
+  Ports& ports = Ports::Only();
   std::unique_lock lock(ports.mutex);
   MMRESULT result = ResultOfOpen(ports.openCalls++, device);
   if (!port && result == MMSYSERR_NOERROR) result = MMSYSERR_INVALPARAM;
   if (result == MMSYSERR_NOERROR) {
-    ports.open.insert(++ports.lastHandle);
+    ports.open.emplace(++ports.lastHandle, 0);
     *port = reinterpret_cast<HMIDIOUT>(ports.lastHandle);
   }
   lock.unlock();
@@ -116,7 +129,7 @@ MMRESULT WINAPI midiOutOpen(HMIDIOUT* port, UINT device, DWORD_PTR callback, DWO
 
 MMRESULT WINAPI midiOutShortMsg(HMIDIOUT port, DWORD message) {
   HeardLine line("midi");
-  const MMRESULT result = OpenOr(port);
+  const MMRESULT result = ResultOfMessage(port);
   line.Hex("value", message).Number("result", result).Write();
   if (Settings().delayMilliseconds > 0) Sleep(Settings().delayMilliseconds);
   if (result == MMSYSERR_NOERROR) Player::Only().Play(message);
@@ -134,7 +147,7 @@ MMRESULT WINAPI midiOutClose(HMIDIOUT port) {
   const MMRESULT result = OpenOr(port);
   HeardLine("midi close").Number("result", result).Write();
   if (result != MMSYSERR_NOERROR) return result;
-  Ports& ports = ThePorts();
+  Ports& ports = Ports::Only();
   const std::lock_guard lock(ports.mutex);
   ports.open.erase(reinterpret_cast<std::uintptr_t>(port));
   if (ports.open.empty()) Player::Only().Silence();
@@ -156,7 +169,7 @@ MMRESULT WINAPI midiOutGetDevCapsW(UINT_PTR device, LPMIDIOUTCAPSW caps, UINT si
 // Kept and given back; the loudness of the notes themselves is what sounds.
 MMRESULT WINAPI midiOutSetVolume(HMIDIOUT, DWORD volume) {
   HeardLine("midi volume").Ascii("how", "put").Hex("value", volume).Write();
-  Ports& ports = ThePorts();
+  Ports& ports = Ports::Only();
   const std::lock_guard lock(ports.mutex);
   ports.volume = volume;
   return MMSYSERR_NOERROR;
@@ -164,7 +177,7 @@ MMRESULT WINAPI midiOutSetVolume(HMIDIOUT, DWORD volume) {
 
 MMRESULT WINAPI midiOutGetVolume(HMIDIOUT, LPDWORD volume) {
   if (!volume) return MMSYSERR_INVALPARAM;
-  Ports& ports = ThePorts();
+  Ports& ports = Ports::Only();
   const std::lock_guard lock(ports.mutex);
   HeardLine("midi volume").Ascii("how", "get").Hex("value", ports.volume).Write();
   *volume = ports.volume;
@@ -207,3 +220,4 @@ MMRESULT WINAPI timeEndPeriod(UINT period) {
 }
 
 }  // extern "C"
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)

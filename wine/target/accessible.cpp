@@ -41,6 +41,10 @@ void ConfigureElement(Element& element, const CommandLine& line) {
   } else if (element.roleType != L"bstr" && element.roleType != L"empty") {
     throw CommandError("unknown role type " + JsonText(element.roleType));
   }
+  if (line.OptionOr(L"state", L"") == L"none")
+    element.state.reset();
+  else if (line.Has(L"state"))
+    element.state = static_cast<LONG>(line.NumberOr(L"state", 0));
   if (line.Has(L"rect")) element.rect = ParseRect(line.Option(L"rect"));
   if (line.Has(L"fails")) element.fails = Names(line.Option(L"fails"));
   if (line.Has(L"object")) element.isObject = line.NumberOr(L"object", 0) != 0;
@@ -57,7 +61,7 @@ STDMETHODIMP AccessibleObject::QueryInterface(REFIID iid, void** object) {
 }
 
 STDMETHODIMP_(ULONG) AccessibleObject::Release() {
-  const ULONG left = --mReferences;
+  const ULONG left = --references_;
   if (left == 0) delete this;
   return left;
 }
@@ -73,14 +77,14 @@ STDMETHODIMP AccessibleObject::Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, V
 
 const Element* AccessibleObject::Find(const VARIANT& child) const {
   if (child.vt != VT_I4) return nullptr;
-  const auto found = mTable->elements.find(child.lVal == CHILDID_SELF ? mSelf : child.lVal);
-  return found == mTable->elements.end() ? nullptr : &found->second;
+  const auto found = table_->elements.find(child.lVal == CHILDID_SELF ? self_ : child.lVal);
+  return found == table_->elements.end() ? nullptr : &found->second;
 }
 
 HRESULT AccessibleObject::TextProperty(UINT call, const wchar_t* property, const VARIANT& child,
                                        std::optional<std::wstring> Element::*text, BSTR* result) {
   *result = nullptr;
-  if (mTable->behaviour->EnterCall(call)) return E_FAIL;
+  if (table_->behaviour->EnterCall(call)) return E_FAIL;
   const Element* element = Find(child);
   if (!element) return E_INVALIDARG;
   if (element->fails.contains(property)) return E_FAIL;
@@ -103,7 +107,7 @@ STDMETHODIMP AccessibleObject::get_accDescription(VARIANT child, BSTR* descripti
 
 STDMETHODIMP AccessibleObject::get_accRole(VARIANT child, VARIANT* role) {
   VariantInit(role);
-  if (mTable->behaviour->EnterCall(kAccRole)) return E_FAIL;
+  if (table_->behaviour->EnterCall(kAccRole)) return E_FAIL;
   const Element* element = Find(child);
   if (!element) return E_INVALIDARG;
   if (element->fails.contains(L"role")) return E_FAIL;
@@ -121,15 +125,15 @@ STDMETHODIMP AccessibleObject::get_accRole(VARIANT child, VARIANT* role) {
 
 STDMETHODIMP AccessibleObject::accHitTest(LONG x, LONG y, VARIANT* child) {
   VariantInit(child);
-  if (mTable->behaviour->EnterCall(kAccHitTest)) return E_FAIL;
+  if (table_->behaviour->EnterCall(kAccHitTest)) return E_FAIL;
   SetNumber(child, CHILDID_SELF);
-  if (mSelf != CHILDID_SELF) return S_OK;
-  for (const auto& [id, element] : mTable->elements) {
+  if (self_ != CHILDID_SELF) return S_OK;
+  for (const auto& [id, element] : table_->elements) {
     if (id == CHILDID_SELF || !PtInRect(&element.rect, {x, y})) continue;
     SetNumber(child, id);
     if (!element.isObject) return S_OK;
     child->vt = VT_DISPATCH;
-    child->pdispVal = new AccessibleObject(mTable, id);
+    child->pdispVal = new AccessibleObject(table_, id);
     return S_OK;
   }
   return S_OK;
@@ -137,7 +141,7 @@ STDMETHODIMP AccessibleObject::accHitTest(LONG x, LONG y, VARIANT* child) {
 
 STDMETHODIMP AccessibleObject::accLocation(LONG* left, LONG* top, LONG* width, LONG* height, VARIANT child) {
   *left = *top = *width = *height = 0;
-  if (mTable->behaviour->EnterCall(kAccOther)) return E_FAIL;
+  if (table_->behaviour->EnterCall(kAccOther)) return E_FAIL;
   const Element* element = Find(child);
   if (!element) return E_INVALIDARG;
   *left = element->rect.left;
@@ -149,37 +153,41 @@ STDMETHODIMP AccessibleObject::accLocation(LONG* left, LONG* top, LONG* width, L
 
 STDMETHODIMP AccessibleObject::get_accState(VARIANT child, VARIANT* state) {
   VariantInit(state);
-  if (mTable->behaviour->EnterCall(kAccOther)) return E_FAIL;
-  SetNumber(state, 0);
-  return Find(child) ? S_OK : E_INVALIDARG;
+  if (table_->behaviour->EnterCall(kAccState)) return E_FAIL;
+  const Element* element = Find(child);
+  if (!element) return E_INVALIDARG;
+  if (element->fails.contains(L"state")) return E_FAIL;
+  if (!element->state) return E_NOTIMPL;
+  SetNumber(state, *element->state);
+  return S_OK;
 }
 
 STDMETHODIMP AccessibleObject::get_accChildCount(LONG* count) {
   *count = 0;
-  if (mTable->behaviour->EnterCall(kAccOther)) return E_FAIL;
-  if (mSelf != CHILDID_SELF) return S_OK;
-  *count = static_cast<LONG>(mTable->elements.size() - mTable->elements.count(CHILDID_SELF));
+  if (table_->behaviour->EnterCall(kAccOther)) return E_FAIL;
+  if (self_ != CHILDID_SELF) return S_OK;
+  *count = static_cast<LONG>(table_->elements.size() - table_->elements.count(CHILDID_SELF));
   return S_OK;
 }
 
 STDMETHODIMP AccessibleObject::get_accChild(VARIANT child, IDispatch** object) {
   *object = nullptr;
-  if (mTable->behaviour->EnterCall(kAccOther)) return E_FAIL;
+  if (table_->behaviour->EnterCall(kAccOther)) return E_FAIL;
   const Element* element = Find(child);
   if (!element) return E_INVALIDARG;
   if (!element->isObject) return S_FALSE;
-  *object = new AccessibleObject(mTable, child.lVal);
+  *object = new AccessibleObject(table_, child.lVal);
   return S_OK;
 }
 
 STDMETHODIMP AccessibleObject::get_accParent(IDispatch** parent) {
   *parent = nullptr;
-  return mTable->behaviour->EnterCall(kAccOther) ? E_FAIL : S_FALSE;
+  return table_->behaviour->EnterCall(kAccOther) ? E_FAIL : S_FALSE;
 }
 
 HRESULT AccessibleObject::NoText(BSTR* text) {
   *text = nullptr;
-  return mTable->behaviour->EnterCall(kAccOther) ? E_FAIL : S_FALSE;
+  return table_->behaviour->EnterCall(kAccOther) ? E_FAIL : S_FALSE;
 }
 
 STDMETHODIMP AccessibleObject::get_accHelp(VARIANT, BSTR* help) { return NoText(help); }

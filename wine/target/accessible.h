@@ -26,8 +26,9 @@ struct Element {
   std::optional<std::wstring> description;
   std::wstring role = L"10";      // a number, or the text of a role of its own
   std::wstring roleType = L"i4";  // i2, i4, r8, bstr or empty: how the role is handed over
+  std::optional<LONG> state = 0;  // none: answered with E_NOTIMPL
   RECT rect{};                    // screen pixels
-  std::set<std::wstring> fails;   // name, value, description, role: answered with E_FAIL
+  std::set<std::wstring> fails;   // name, value, description, role, state: answered with E_FAIL
   bool isObject = false;          // handed over as an object of its own instead of a number
 };
 
@@ -43,10 +44,10 @@ void ConfigureElement(Element& element, const CommandLine& line);
 class AccessibleObject final : public IAccessible {
  public:
   // self is the child identifier of the element that this object is.
-  AccessibleObject(std::shared_ptr<ElementTable> table, LONG self) : mTable(std::move(table)), mSelf(self) {}
+  AccessibleObject(std::shared_ptr<ElementTable> table, LONG self) : table_(std::move(table)), self_(self) {}
 
   STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
-  STDMETHODIMP_(ULONG) AddRef() override { return ++mReferences; }
+  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
   STDMETHODIMP_(ULONG) Release() override;
 
   STDMETHODIMP GetTypeInfoCount(UINT* count) override;
@@ -83,9 +84,9 @@ class AccessibleObject final : public IAccessible {
                        std::optional<std::wstring> Element::*text, BSTR* result);
   HRESULT NoText(BSTR* text);
 
-  std::atomic<ULONG> mReferences = 1;
-  std::shared_ptr<ElementTable> mTable;
-  LONG mSelf;
+  std::atomic<ULONG> references_ = 1;
+  std::shared_ptr<ElementTable> table_;
+  LONG self_;
 };
 
 }  // namespace pointalk::target

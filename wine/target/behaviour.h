@@ -17,15 +17,15 @@ namespace pointalk::target {
 // What happens when another program sends a certain message.
 struct Rule {
   enum class Kind {
-    Die,     // the process ends inside the message
-    Result,  // the result alone, nothing written
-    Delay,   // as always, but later
-    Hold,    // as always, but not before the rule is taken away
-    Text,    // another text is written, as far as the sender's room goes, and the result given
-    Hit,     // the list view's hit test says another item and flags
-    Then,    // as always, and a command runs before the sender gets its answer
+    kDie,     // the process ends inside the message
+    kResult,  // the result alone, nothing written
+    kDelay,   // as always, but later
+    kHold,    // as always, but not before the rule is taken away
+    kText,    // another text is written, as far as the sender's room goes, and the result given
+    kHit,     // the list view's hit test says another item and flags
+    kThen,    // as always, and a command runs before the sender gets its answer
   };
-  Kind kind = Kind::Result;
+  Kind kind = Kind::kResult;
   LRESULT result = 0;
   DWORD milliseconds = 0;
   std::wstring text;
@@ -61,10 +61,10 @@ class Behaviour {
  private:
   const Rule* Lookup(UINT message) const;
 
-  mutable std::mutex mMutex;
-  std::condition_variable mRulesChanged;
-  std::map<UINT, std::int64_t> mCounts;
-  std::map<UINT, Rule> mRules;
+  mutable std::mutex mutex_;
+  std::condition_variable rulesChanged_;
+  std::map<UINT, std::int64_t> counts_;
+  std::map<UINT, Rule> rules_;
 };
 
 // Ends the process as a crash would: at once, with exit status 3.

@@ -5,11 +5,6 @@
 #include "wine/target/messages.h"
 
 namespace pointalk::target {
-namespace {
-
-std::string Done() { return JsonObject().Flag("ok", true).Line(); }
-
-}  // namespace
 
 std::string Commands::Run(const std::string& line) {
   try {
@@ -21,27 +16,21 @@ std::string Commands::Run(const std::string& line) {
 
 std::string Commands::Carry(const CommandLine& line) {
   static const std::map<std::wstring, WindowCommand> kWindowCommands = {
-      {L"items", &Commands::Items},
-      {L"data", &Commands::Data},
-      {L"menu", &Commands::Menu},
-      {L"element", &Commands::ElementOf},
-      {L"forget", &Commands::Forget},
-      {L"title", &Commands::Title},
-      {L"move", &Commands::Move},
-      {L"hide", &Commands::Hide},
-      {L"raise", &Commands::Raise},
-      {L"destroy", &Commands::Destroy},
-      {L"foreground", &Commands::Foreground},
-      {L"send", &Commands::Send},
-      {L"where", &Commands::Where},
+      {L"items", &Commands::Items},     {L"data", &Commands::Data},
+      {L"menu", &Commands::Menu},       {L"element", &Commands::ElementOf},
+      {L"forget", &Commands::Forget},   {L"title", &Commands::Title},
+      {L"conceal", &Commands::Conceal}, {L"move", &Commands::Move},
+      {L"hide", &Commands::Hide},       {L"raise", &Commands::Raise},
+      {L"destroy", &Commands::Destroy}, {L"foreground", &Commands::Foreground},
+      {L"send", &Commands::Send},       {L"where", &Commands::Where},
   };
   const std::wstring& name = line.Word(0);
   const auto command = kWindowCommands.find(name);
   if (command != kWindowCommands.end()) return RunOnWindow(line, command->second);
   if (name == L"create") return Create(line);
   if (name == L"show") return Show(*Find(line.Word(1)));
-  if (name == L"rule") return Bend(line);
-  if (name == L"unrule") return Unbend(line);
+  if (name == L"rule") return AddRule(line);
+  if (name == L"unrule") return RemoveRules(line);
   if (name == L"hang") return Find(line.Word(1))->Thread().Hang(), Done();
   if (name == L"wake") return Find(line.Word(1))->Thread().Wake(), Done();
   if (name == L"counts") return Counts(line);
@@ -49,7 +38,7 @@ std::string Commands::Carry(const CommandLine& line) {
   if (name == L"memory") return JsonObject().Raw("blocks", SmallPrivateBlocksJson()).Line();
   if (name == L"windows") return JsonObject().Raw("windows", JsonList(Windows())).Line();
   if (name == L"quit") {
-    mEnded = true;
+    ended_ = true;
     return Done();
   }
   throw CommandError("unknown command " + JsonText(name));
@@ -68,17 +57,17 @@ Commands::WindowPointer Commands::Find(const std::wstring& name) {
 }
 
 std::vector<Commands::WindowPointer> Commands::Living() {
-  const std::scoped_lock lock(mMutex);
+  const std::scoped_lock lock(mutex_);
   std::vector<WindowPointer> living;
-  for (const WindowPointer& window : mWindows) {
+  for (const WindowPointer& window : windows_) {
     if (IsWindow(window->Handle())) living.push_back(window);
   }
   return living;
 }
 
 UiThread& Commands::ThreadNamed(const std::wstring& name) {
-  const std::scoped_lock lock(mMutex);
-  auto& thread = mThreads[name];
+  const std::scoped_lock lock(mutex_);
+  auto& thread = threads_[name];
   if (!thread) thread = std::make_unique<UiThread>();
   return *thread;
 }
@@ -100,8 +89,8 @@ std::string Commands::Create(const CommandLine& line) {
   thread.Run([this, line, parent, window] {
     const HWND handle = MakeWindow(line, window->Base(), parent ? parent->Handle() : nullptr);
     window->Adopt(handle, line.NumberOr(L"bottom", 0) != 0);
-    const std::scoped_lock lock(mMutex);
-    mWindows.push_back(window);
+    const std::scoped_lock lock(mutex_);
+    windows_.push_back(window);
     return std::string();
   });
   return line.NumberOr(L"hidden", 0) != 0 ? window->Description() : Show(*window);
@@ -124,12 +113,12 @@ std::string Commands::Reset() {
   return Done();
 }
 
-std::string Commands::Bend(const CommandLine& line) {
+std::string Commands::AddRule(const CommandLine& line) {
   Find(line.Word(1))->Bent().Set(MessageNumber(line.Word(2)), ParseRule(line, 3));
   return Done();
 }
 
-std::string Commands::Unbend(const CommandLine& line) {
+std::string Commands::RemoveRules(const CommandLine& line) {
   Find(line.Word(1))->Bent().Clear(line.Count() > 2 ? MessageNumber(line.Word(2)) : kAnyMessage);
   return Done();
 }

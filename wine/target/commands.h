@@ -4,15 +4,16 @@
 //   [exstyle=N]
 //          [ansi=1] [frame=1] [hidden=1] [bottom=1] [topmost=1]
 //          a window; rectangles are screen pixels. base: the system class that a class of another name is
-//          made of. kind: check, radio, group (button), simple (combo box), multiline (edit), ownerdrawn
-//          (list box), report (list view), vertical (scroll bar). Windows of one thread hang together; a
-//          child has its parent's.
+//          made of. kind: check, radio, group (button), editable, simple (combo box), multiline, password
+//          (edit), password (rich edit), ownerdrawn (list box), report (list view), vertical (scroll bar).
+//          Windows of one thread hang together; a child has its parent's.
 //   items NAME TEXT...            replaces the items of a control
 //   data NAME NUMBER...           the same for an owner-drawn list box without strings
 //   menu NAME TITLE ITEM...       appends a drop-down menu; "-" is a separator
-//   element NAME ID [name=] [value=] [description=] [role=] [roletype=] [rect=] [fails=name,value,...]
-//   [object=1]
+//   element NAME ID [name=] [value=] [description=] [role=] [roletype=] [state=N|none] [rect=]
+//   [fails=name,value,...] [object=1]
 //          a part of the window's own accessible object; 0 is the whole. forget NAME: no such object any more
+//   conceal NAME                  from now on a text field, or a combo box's, has a password character
 //   title NAME TEXT | move NAME L T R B | show NAME | hide NAME | raise NAME | foreground NAME | destroy NAME
 //   send NAME MESSAGE WPARAM LPARAM      to itself; {"result": n}
 //   where NAME item|label|char|menu INDEX       {"rect": [...]} on the screen
@@ -45,7 +46,7 @@ class Commands {
   // The reply to a line; what goes wrong is in it as {"error": ...}. Callable from any thread.
   std::string Run(const std::string& line);
 
-  bool Ended() const { return mEnded; }
+  bool Ended() const { return ended_; }
   // Descriptions of all windows, one JSON object each, in the order of their making.
   std::vector<std::string> Windows();
 
@@ -63,8 +64,8 @@ class Commands {
   std::string Show(TargetWindow& window);
   std::string Counts(const CommandLine& line);
   std::string Reset();
-  std::string Bend(const CommandLine& line);
-  std::string Unbend(const CommandLine& line);
+  std::string AddRule(const CommandLine& line);
+  std::string RemoveRules(const CommandLine& line);
 
   std::string Items(const CommandLine& line, TargetWindow& window);
   std::string Data(const CommandLine& line, TargetWindow& window);
@@ -72,6 +73,7 @@ class Commands {
   std::string ElementOf(const CommandLine& line, TargetWindow& window);
   std::string Forget(const CommandLine& line, TargetWindow& window);
   std::string Title(const CommandLine& line, TargetWindow& window);
+  std::string Conceal(const CommandLine& line, TargetWindow& window);
   std::string Move(const CommandLine& line, TargetWindow& window);
   std::string Hide(const CommandLine& line, TargetWindow& window);
   std::string Raise(const CommandLine& line, TargetWindow& window);
@@ -80,10 +82,10 @@ class Commands {
   std::string Send(const CommandLine& line, TargetWindow& window);
   std::string Where(const CommandLine& line, TargetWindow& window);
 
-  std::mutex mMutex;  // guards the lists; never held while a window's thread is waited for
-  std::vector<WindowPointer> mWindows;
-  std::map<std::wstring, std::unique_ptr<UiThread>> mThreads;
-  std::atomic<bool> mEnded = false;
+  std::mutex mutex_;  // guards the lists; never held while a window's thread is waited for
+  std::vector<WindowPointer> windows_;
+  std::map<std::wstring, std::unique_ptr<UiThread>> threads_;
+  std::atomic<bool> ended_ = false;
 };
 
 }  // namespace pointalk::target

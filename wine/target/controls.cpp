@@ -19,6 +19,7 @@ struct ControlKind {
 
 constexpr DWORD kList = LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_BORDER;
 constexpr DWORD kText = ES_MULTILINE | ES_AUTOVSCROLL | WS_VSCROLL | WS_BORDER;
+constexpr DWORD kPassword = ES_PASSWORD | ES_AUTOHSCROLL | WS_BORDER;
 constexpr DWORD kBar = CCS_NORESIZE | CCS_NOPARENTALIGN | CCS_NODIVIDER;
 
 constexpr std::array kKinds = {
@@ -27,13 +28,19 @@ constexpr std::array kKinds = {
     ControlKind{L"button", L"radio", BS_AUTORADIOBUTTON},
     ControlKind{L"button", L"group", BS_GROUPBOX},
     ControlKind{L"combobox", L"", CBS_DROPDOWNLIST | CBS_HASSTRINGS | WS_VSCROLL},
+    ControlKind{L"combobox", L"editable", CBS_DROPDOWN | CBS_HASSTRINGS | WS_VSCROLL},
     ControlKind{L"combobox", L"simple", CBS_SIMPLE | CBS_HASSTRINGS | CBS_NOINTEGRALHEIGHT | WS_VSCROLL},
     ControlKind{L"edit", L"", ES_AUTOHSCROLL | WS_BORDER},
     ControlKind{L"edit", L"multiline", kText},
+    ControlKind{L"edit", L"password", kPassword},
     ControlKind{L"listbox", L"", kList | LBS_HASSTRINGS},
     ControlKind{L"listbox", L"ownerdrawn", kList | LBS_OWNERDRAWFIXED},
     ControlKind{L"richedit20a", L"", kText},
+    ControlKind{L"richedit20a", L"password", kPassword},
     ControlKind{L"richedit20w", L"", kText},
+    ControlKind{L"richedit20w", L"password", kPassword},
+    ControlKind{L"richedit50w", L"", kText},
+    ControlKind{L"richedit50w", L"password", kPassword},
     ControlKind{L"rebarwindow32", L"", kBar},
     ControlKind{L"scrollbar", L"", SBS_HORZ},
     ControlKind{L"scrollbar", L"vertical", SBS_VERT},
@@ -115,10 +122,11 @@ void LoadControlClasses() {
   controls.dwICC = ICC_WIN95_CLASSES | ICC_COOL_CLASSES | ICC_USEREX_CLASSES;
   InitCommonControlsEx(&controls);
   LoadLibraryW(L"riched20.dll");
+  LoadLibraryW(L"msftedit.dll");
 }
 
 std::wstring BaseOf(const CommandLine& line) {
-  const std::wstring base = Lower(line.OptionOr(L"base", L""));
+  std::wstring base = Lower(line.OptionOr(L"base", L""));
   if (!base.empty()) return base;
   const std::wstring className = Lower(line.Option(L"class"));
   return IsSystemClass(className) ? className : std::wstring();
@@ -150,6 +158,12 @@ HWND MakeWindow(const CommandLine& line, const std::wstring& base, HWND parent) 
   if (!window) throw CommandError("the window cannot be made: error " + std::to_string(GetLastError()));
   SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)), FALSE);
   return window;
+}
+
+void ConcealText(HWND window, const std::wstring& base) {
+  const HWND edit = base == L"combobox" ? FindWindowExW(window, nullptr, L"Edit", nullptr) : window;
+  if (!edit) throw CommandError("the combo box has no edit");
+  SendMessageW(edit, EM_SETPASSWORDCHAR, L'*', 0);
 }
 
 void AppendMenuTo(HWND window, const std::wstring& title, const std::vector<std::wstring>& items) {

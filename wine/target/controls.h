@@ -22,6 +22,9 @@ std::wstring BaseOf(const CommandLine& line);
 // system refuses.
 HWND MakeWindow(const CommandLine& line, const std::wstring& base, HWND parent);
 
+// Gives a text field, or the edit of a combo box, a password character.
+void ConcealText(HWND window, const std::wstring& base);
+
 // Appends a drop-down menu to the window's menu bar.
 void AppendMenuTo(HWND window, const std::wstring& title, const std::vector<std::wstring>& items);
 

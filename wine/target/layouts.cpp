@@ -98,17 +98,21 @@ Lines Elements() {
   };
 }
 
+std::string RoleLine(int role) {
+  const int left = 120 + role % 10 * 43;
+  const int top = 450 + role / 10 * 38;
+  const std::string number = std::to_string(role);
+  return "element roles " + std::to_string(role + 1) + " name=\"role " + number + "\" role=" + number +
+         " rect=" + std::to_string(left) + "," + std::to_string(top) + "," + std::to_string(left + 40) + "," +
+         std::to_string(top + 34);
+}
+
 // Every role that the platform has a text for, and the one that it has none for.
 Lines Roles() {
   Lines lines{R"(create roles class=TargetRoles title=Roles rect=110,440,560,730 thread=roles)",
               R"(element roles 0 name=Roles role=10 rect=110,440,560,730)"};
   for (int role = 0; role <= 64; ++role) {
-    const int left = 120 + role % 10 * 43;
-    const int top = 450 + role / 10 * 38;
-    const std::string number = std::to_string(role);
-    lines.push_back("element roles " + std::to_string(role + 1) + " name=\"role " + number +
-                    "\" role=" + number + " rect=" + std::to_string(left) + "," + std::to_string(top) + "," +
-                    std::to_string(left + 40) + "," + std::to_string(top + 34));
+    lines.push_back(RoleLine(role));
   }
   return lines;
 }

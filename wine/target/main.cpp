@@ -16,6 +16,7 @@
 #include "wine/target/channel.h"
 #include "wine/target/commands.h"
 #include "wine/target/controls.h"
+#include "wine/target/given_memory.h"
 #include "wine/target/layouts.h"
 
 namespace pointalk::target {
@@ -31,7 +32,7 @@ Options ParseOptions(int count, char** words) {
   for (int i = 1; i < count; i += 2) {
     if (i + 1 == count) throw CommandError(std::string("nothing follows ") + words[i]);
     if (std::strcmp(words[i], "--layout") == 0)
-      options.layouts.push_back(words[i + 1]);
+      options.layouts.emplace_back(words[i + 1]);
     else if (std::strcmp(words[i], "--report") == 0)
       options.report = words[i + 1];
     else
@@ -44,7 +45,7 @@ void SetUp(Commands& commands, const std::vector<std::string>& layouts) {
   for (const std::string& layout : layouts) {
     for (const std::string& line : LayoutLines(layout)) {
       const std::string reply = commands.Run(line);
-      if (reply.starts_with(R"({"error")")) throw CommandError(line + ": " + reply);
+      if (reply.starts_with(R"({"error")")) throw CommandError(std::string(line).append(": ").append(reply));
     }
   }
 }
@@ -53,12 +54,13 @@ void Serve(const Options& options) {
   std::FILE* out = options.report ? std::fopen(options.report, "wb") : stdout;
   if (!out) throw CommandError(std::string("cannot write ") + options.report);
   LoadControlClasses();
+  WatchGivenMemory();
   Commands commands;
   SetUp(commands, options.layouts);
   for (const std::string& window : commands.Windows()) WriteLine(out, window);
   WriteLine(out, JsonObject().Flag("ready", true).Number("process", GetCurrentProcessId()).Line());
   for (std::string line; !commands.Ended() && ReadLine(line);) WriteLine(out, commands.Run(line));
-  // Threads may be deaf and windows half gone: nothing is taken down in order.
+  // Threads may hang and windows be half destroyed, so there is no orderly shutdown.
   TerminateProcess(GetCurrentProcess(), 0);
 }
 

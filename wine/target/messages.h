@@ -16,6 +16,7 @@ enum AccessibleCall : UINT {
   kAccRole,
   kAccDescription,
   kAccValue,
+  kAccState,
   kAccOther,  // any other member
 };
 

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <utility>
 
+#include "wine/target/given_memory.h"
 #include "wine/target/messages.h"
 
 namespace pointalk::target {
@@ -37,59 +38,59 @@ void RestoreLineCapacity(LPARAM line) {
 }  // namespace
 
 TargetWindow::TargetWindow(std::wstring name, std::wstring base, UiThread& thread, CommandRunner runner)
-    : mName(std::move(name)), mBase(std::move(base)), mThread(thread), mRunner(std::move(runner)) {
-  mElements->behaviour = mBehaviour;
+    : name_(std::move(name)), base_(std::move(base)), thread_(thread), runner_(std::move(runner)) {
+  elements_->behaviour = behaviour_;
 }
 
 void TargetWindow::Adopt(HWND handle, bool keepAtBottom) {
-  mHandle = handle;
-  mKeepAtBottom = keepAtBottom;
-  mUnicode = IsWindowUnicode(handle) != 0;
+  handle_ = handle;
+  keepAtBottom_ = keepAtBottom;
+  unicode_ = IsWindowUnicode(handle) != 0;
   SetPropW(handle, kProperty, this);
   const auto procedure = reinterpret_cast<LONG_PTR>(&TargetWindow::Procedure);
-  mPrevious = reinterpret_cast<WNDPROC>(mUnicode ? SetWindowLongPtrW(handle, GWLP_WNDPROC, procedure)
+  previous_ = reinterpret_cast<WNDPROC>(unicode_ ? SetWindowLongPtrW(handle, GWLP_WNDPROC, procedure)
                                                  : SetWindowLongPtrA(handle, GWLP_WNDPROC, procedure));
 }
 
 std::string TargetWindow::Raise() {
-  SetWindowPos(mHandle, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  SetWindowPos(handle_, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
   return Description();
 }
 
 std::string TargetWindow::Show() {
-  SetWindowPos(mHandle, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
-  UpdateWindow(mHandle);
+  SetWindowPos(handle_, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+  UpdateWindow(handle_);
   return Description();
 }
 
 Element& TargetWindow::ElementAt(LONG id) {
-  if (!mObject) {
-    mObject = new AccessibleObject(mElements, CHILDID_SELF);
-    mElements->elements[CHILDID_SELF];
+  if (!object_) {
+    object_ = new AccessibleObject(elements_, CHILDID_SELF);
+    elements_->elements[CHILDID_SELF];
   }
-  InvalidateRect(mHandle, nullptr, TRUE);
-  return mElements->elements[id];
+  InvalidateRect(handle_, nullptr, TRUE);
+  return elements_->elements[id];
 }
 
 void TargetWindow::ForgetElements() {
-  mElements->elements.clear();
-  if (mObject) mObject->Release();
-  mObject = nullptr;
-  InvalidateRect(mHandle, nullptr, TRUE);
+  elements_->elements.clear();
+  if (object_) object_->Release();
+  object_ = nullptr;
+  InvalidateRect(handle_, nullptr, TRUE);
 }
 
 std::string TargetWindow::Description() const {
   std::array<wchar_t, 256> className{};
-  GetClassNameW(mHandle, className.data(), static_cast<int>(className.size()));
+  GetClassNameW(handle_, className.data(), static_cast<int>(className.size()));
   RECT rect{};
-  GetWindowRect(mHandle, &rect);
+  GetWindowRect(handle_, &rect);
   return JsonObject()
-      .Text("name", mName)
-      .Number("hwnd", reinterpret_cast<LONG_PTR>(mHandle))
+      .Text("name", name_)
+      .Number("hwnd", reinterpret_cast<LONG_PTR>(handle_))
       .Text("class", className.data())
       .Rect("rect", rect)
-      .Number("thread", mThread.Id())
-      .Flag("unicode", mUnicode)
+      .Number("thread", thread_.Id())
+      .Flag("unicode", unicode_)
       .Line();
 }
 
@@ -101,7 +102,7 @@ LRESULT CALLBACK TargetWindow::Procedure(HWND handle, UINT message, WPARAM wPara
 
 LRESULT TargetWindow::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
   // What a control sends itself while it answers another program is its own business and not counted.
-  int& depth = mThread.AnswerDepth();
+  int& depth = thread_.AnswerDepth();
   if (depth > 0 || !InSendMessage()) return AnswerAsBuilt(message, wParam, lParam);
   ++depth;
   const LRESULT result = AnswerStranger(message, wParam, lParam);
@@ -110,29 +111,30 @@ LRESULT TargetWindow::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT TargetWindow::AnswerStranger(UINT message, WPARAM wParam, LPARAM lParam) {
-  mBehaviour->Count(message);
-  if (message == EM_GETLINE && mUnicode) RestoreLineCapacity(lParam);
-  if (const auto rule = mBehaviour->Find(message)) return AnswerByRule(*rule, message, wParam, lParam);
+  behaviour_->Count(message);
+  const UseOfGivenMemory use(message);
+  if (message == EM_GETLINE && unicode_) RestoreLineCapacity(lParam);
+  if (const auto rule = behaviour_->Find(message)) return AnswerByRule(*rule, message, wParam, lParam);
   return AnswerAsBuilt(message, wParam, lParam);
 }
 
 LRESULT TargetWindow::AnswerByRule(const Rule& rule, UINT message, WPARAM wParam, LPARAM lParam) {
   switch (rule.kind) {
-    case Rule::Kind::Die: Die();
-    case Rule::Kind::Result: return rule.result;
-    case Rule::Kind::Delay: Sleep(rule.milliseconds); return AnswerAsBuilt(message, wParam, lParam);
-    case Rule::Kind::Hold: mBehaviour->WaitWhileHeld(message); return AnswerAsBuilt(message, wParam, lParam);
-    case Rule::Kind::Text: return AnswerText(rule, message, wParam, lParam);
-    case Rule::Kind::Hit: {
+    case Rule::Kind::kDie: Die();
+    case Rule::Kind::kResult: return rule.result;
+    case Rule::Kind::kDelay: Sleep(rule.milliseconds); return AnswerAsBuilt(message, wParam, lParam);
+    case Rule::Kind::kHold: behaviour_->WaitWhileHeld(message); return AnswerAsBuilt(message, wParam, lParam);
+    case Rule::Kind::kText: return AnswerText(rule, message, wParam, lParam);
+    case Rule::Kind::kHit: {
       const LRESULT result = AnswerAsBuilt(message, wParam, lParam);
       auto* hit = reinterpret_cast<LVHITTESTINFO*>(lParam);
       hit->iItem = rule.item;
       hit->flags = rule.flags;
       return result;
     }
-    case Rule::Kind::Then: {
+    case Rule::Kind::kThen: {
       const LRESULT result = AnswerAsBuilt(message, wParam, lParam);
-      mRunner(rule.command);
+      runner_(rule.command);
       return result;
     }
   }
@@ -148,12 +150,12 @@ LRESULT TargetWindow::AnswerText(const Rule& rule, UINT message, WPARAM wParam, 
       Fill(reinterpret_cast<char*>(room), capacity, std::string_view(ansi));
   };
   switch (message) {
-    case WM_GETTEXT: fill(lParam, wParam, mUnicode); break;
-    case EM_GETLINE: fill(lParam, *reinterpret_cast<const WORD*>(lParam), mUnicode); break;
+    case WM_GETTEXT: fill(lParam, wParam, unicode_); break;
+    case EM_GETLINE: fill(lParam, *reinterpret_cast<const WORD*>(lParam), unicode_); break;
     case LB_GETTEXT: {
       // The system made room for the length that it was told itself, so the true one is what surely fits.
       const LRESULT length = CallPrevious(LB_GETTEXTLEN, wParam, 0);
-      if (length >= 0) fill(lParam, static_cast<std::size_t>(length) + 1, mUnicode);
+      if (length >= 0) fill(lParam, static_cast<std::size_t>(length) + 1, unicode_);
       break;
     }
     case LVM_GETITEMA: {
@@ -170,19 +172,19 @@ LRESULT TargetWindow::AnswerAsBuilt(UINT message, WPARAM wParam, LPARAM lParam) 
   const LRESULT result = [&]() -> LRESULT {
     switch (message) {
       case WM_GETOBJECT:
-        if (mObject && static_cast<LONG>(lParam) == static_cast<LONG>(OBJID_CLIENT)) {
-          return LresultFromObject(__uuidof(IAccessible), wParam, mObject);
+        if (object_ && static_cast<LONG>(lParam) == static_cast<LONG>(OBJID_CLIENT)) {
+          return LresultFromObject(__uuidof(IAccessible), wParam, object_);
         }
         break;
       case WM_WINDOWPOSCHANGING:
-        if (mKeepAtBottom) {
+        if (keepAtBottom_) {
           auto* place = reinterpret_cast<WINDOWPOS*>(lParam);
           place->hwndInsertAfter = HWND_BOTTOM;
           place->flags &= ~static_cast<UINT>(SWP_NOZORDER);
         }
         break;
       case WM_PAINT:
-        if (mBase.empty()) Paint();
+        if (base_.empty()) Paint();
         break;
       default: break;
     }
@@ -190,39 +192,39 @@ LRESULT TargetWindow::AnswerAsBuilt(UINT message, WPARAM wParam, LPARAM lParam) 
   }();
   if (message == WM_NCDESTROY) {
     ForgetElements();
-    RemovePropW(mHandle, kProperty);
+    RemovePropW(handle_, kProperty);
   }
   return result;
 }
 
 LRESULT TargetWindow::CallPrevious(UINT message, WPARAM wParam, LPARAM lParam) {
-  return mUnicode ? CallWindowProcW(mPrevious, mHandle, message, wParam, lParam)
-                  : CallWindowProcA(mPrevious, mHandle, message, wParam, lParam);
+  return unicode_ ? CallWindowProcW(previous_, handle_, message, wParam, lParam)
+                  : CallWindowProcA(previous_, handle_, message, wParam, lParam);
 }
 
 void TargetWindow::Paint() {
   PAINTSTRUCT paint;
-  const HDC context = BeginPaint(mHandle, &paint);
+  const HDC context = BeginPaint(handle_, &paint);
   SelectObject(context, GetStockObject(DEFAULT_GUI_FONT));
   SetBkMode(context, TRANSPARENT);
-  const auto draw = [&](std::wstring text, RECT rect) {
+  const auto draw = [&](const std::wstring& text, RECT rect) {
     DrawTextW(context, text.substr(0, 80).c_str(), -1, &rect, DT_CENTER | DT_WORDBREAK | DT_NOPREFIX);
   };
-  if (mElements->elements.empty() && (GetWindowLongPtrW(mHandle, GWL_STYLE) & WS_CAPTION) != WS_CAPTION) {
+  if (elements_->elements.empty() && (GetWindowLongPtrW(handle_, GWL_STYLE) & WS_CAPTION) != WS_CAPTION) {
     RECT client{};
-    GetClientRect(mHandle, &client);
+    GetClientRect(handle_, &client);
     std::array<wchar_t, 80> title{};
-    GetWindowTextW(mHandle, title.data(), static_cast<int>(title.size()));
+    GetWindowTextW(handle_, title.data(), static_cast<int>(title.size()));
     draw(title.data(), client);
   }
-  for (const auto& [id, element] : mElements->elements) {
+  for (const auto& [id, element] : elements_->elements) {
     if (id == CHILDID_SELF) continue;
     RECT rect = element.rect;
-    MapWindowPoints(nullptr, mHandle, reinterpret_cast<POINT*>(&rect), 2);
+    MapWindowPoints(nullptr, handle_, reinterpret_cast<POINT*>(&rect), 2);
     FrameRect(context, &rect, static_cast<HBRUSH>(GetStockObject(GRAY_BRUSH)));
     draw(element.name.value_or(L""), rect);
   }
-  EndPaint(mHandle, &paint);
+  EndPaint(handle_, &paint);
 }
 
 }  // namespace pointalk::target

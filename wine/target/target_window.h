@@ -1,4 +1,4 @@
-// One named window of the target: the control that it is, watched and bent by its behaviour.
+// One named window of the target: a control whose answers its behaviour counts and may change.
 #pragma once
 
 #include <windows.h>
@@ -22,11 +22,11 @@ class TargetWindow {
   // runner carries out commands that a rule asks for.
   TargetWindow(std::wstring name, std::wstring base, UiThread& thread, CommandRunner runner);
 
-  const std::wstring& Name() const { return mName; }
-  const std::wstring& Base() const { return mBase; }
-  UiThread& Thread() const { return mThread; }
-  HWND Handle() const { return mHandle; }
-  Behaviour& Bent() const { return *mBehaviour; }
+  const std::wstring& Name() const { return name_; }
+  const std::wstring& Base() const { return base_; }
+  UiThread& Thread() const { return thread_; }
+  HWND Handle() const { return handle_; }
+  Behaviour& Bent() const { return *behaviour_; }
 
   // Puts this window's procedure in front of the control's. keepAtBottom: below all others, whatever is
   // clicked.
@@ -55,17 +55,17 @@ class TargetWindow {
   LRESULT CallPrevious(UINT message, WPARAM wParam, LPARAM lParam);
   void Paint();
 
-  std::wstring mName;
-  std::wstring mBase;
-  UiThread& mThread;
-  CommandRunner mRunner;
-  std::shared_ptr<Behaviour> mBehaviour = std::make_shared<Behaviour>();
-  std::shared_ptr<ElementTable> mElements = std::make_shared<ElementTable>();
-  IAccessible* mObject = nullptr;
-  HWND mHandle = nullptr;
-  WNDPROC mPrevious = nullptr;
-  bool mUnicode = true;
-  bool mKeepAtBottom = false;
+  std::wstring name_;
+  std::wstring base_;
+  UiThread& thread_;
+  CommandRunner runner_;
+  std::shared_ptr<Behaviour> behaviour_ = std::make_shared<Behaviour>();
+  std::shared_ptr<ElementTable> elements_ = std::make_shared<ElementTable>();
+  IAccessible* object_ = nullptr;
+  HWND handle_ = nullptr;
+  WNDPROC previous_ = nullptr;
+  bool unicode_ = true;
+  bool keepAtBottom_ = false;
 };
 
 }  // namespace pointalk::target

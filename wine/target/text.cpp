@@ -68,6 +68,8 @@ std::string JsonRect(const RECT& rect) {
          "," + std::to_string(rect.bottom) + "]";
 }
 
+std::string Done() { return JsonObject().Flag("ok", true).Line(); }
+
 std::string JsonList(const std::vector<std::string>& parts) {
   std::string list;
   for (const std::string& part : parts) list += (list.empty() ? "" : ",") + part;
@@ -125,43 +127,43 @@ CommandLine::CommandLine(std::string_view line) {
     }
     if (quoted) throw CommandError("a quote is not closed");
     if (isOption)
-      mOptions[key] = word;
+      options_[key] = word;
     else
-      mWords.push_back(word);
+      words_.push_back(word);
   }
 }
 
 const std::wstring& CommandLine::Word(std::size_t index) const {
-  if (index >= mWords.size()) throw CommandError("the command lacks word " + std::to_string(index));
-  return mWords[index];
+  if (index >= words_.size()) throw CommandError("the command lacks word " + std::to_string(index));
+  return words_[index];
 }
 
 const std::wstring& CommandLine::Option(const std::wstring& key) const {
-  const auto found = mOptions.find(key);
-  if (found == mOptions.end()) throw CommandError("the command lacks " + JsonText(key));
+  const auto found = options_.find(key);
+  if (found == options_.end()) throw CommandError("the command lacks " + JsonText(key));
   return found->second;
 }
 
 std::wstring CommandLine::OptionOr(const std::wstring& key, std::wstring_view otherwise) const {
-  const auto found = mOptions.find(key);
-  return found == mOptions.end() ? std::wstring(otherwise) : found->second;
+  const auto found = options_.find(key);
+  return found == options_.end() ? std::wstring(otherwise) : found->second;
 }
 
 std::int64_t CommandLine::NumberOr(const std::wstring& key, std::int64_t otherwise) const {
-  const auto found = mOptions.find(key);
-  return found == mOptions.end() ? otherwise : ParseNumber(found->second);
+  const auto found = options_.find(key);
+  return found == options_.end() ? otherwise : ParseNumber(found->second);
 }
 
 std::vector<std::wstring> CommandLine::Rest(std::size_t first) const {
-  if (first >= mWords.size()) return {};
-  return {mWords.begin() + static_cast<std::ptrdiff_t>(first), mWords.end()};
+  if (first >= words_.size()) return {};
+  return {words_.begin() + static_cast<std::ptrdiff_t>(first), words_.end()};
 }
 
 JsonObject& JsonObject::Raw(std::string_view key, std::string_view json) {
-  if (!mMembers.empty()) mMembers += ',';
-  mMembers += JsonText(FromUtf8(key));
-  mMembers += ':';
-  mMembers += json;
+  if (!members_.empty()) members_ += ',';
+  members_ += JsonText(FromUtf8(key));
+  members_ += ':';
+  members_ += json;
   return *this;
 }
 

@@ -28,7 +28,7 @@ std::string JsonRect(const RECT& rect);
 
 // Throws CommandError unless the whole text is one number (decimal, or hexadecimal after 0x).
 std::int64_t ParseNumber(std::wstring_view text);
-// Numbers parted by commas.
+// Numbers separated by commas.
 std::vector<std::int64_t> ParseNumbers(std::wstring_view text);
 RECT ParseRect(std::wstring_view text);
 
@@ -38,20 +38,20 @@ class CommandLine {
  public:
   explicit CommandLine(std::string_view line);
 
-  std::size_t Count() const { return mWords.size(); }
+  std::size_t Count() const { return words_.size(); }
   // Throws CommandError when there is no such word or option.
   const std::wstring& Word(std::size_t index) const;
   const std::wstring& Option(const std::wstring& key) const;
 
-  bool Has(const std::wstring& key) const { return mOptions.contains(key); }
+  bool Has(const std::wstring& key) const { return options_.contains(key); }
   std::wstring OptionOr(const std::wstring& key, std::wstring_view otherwise) const;
   std::int64_t NumberOr(const std::wstring& key, std::int64_t otherwise) const;
   // The words from first on.
   std::vector<std::wstring> Rest(std::size_t first) const;
 
  private:
-  std::vector<std::wstring> mWords;
-  std::map<std::wstring, std::wstring> mOptions;
+  std::vector<std::wstring> words_;
+  std::map<std::wstring, std::wstring> options_;
 };
 
 // Builds one JSON object.
@@ -62,11 +62,14 @@ class JsonObject {
   JsonObject& Flag(std::string_view key, bool value) { return Raw(key, value ? "true" : "false"); }
   JsonObject& Rect(std::string_view key, const RECT& value) { return Raw(key, JsonRect(value)); }
   JsonObject& Raw(std::string_view key, std::string_view json);
-  std::string Line() const { return "{" + mMembers + "}"; }
+  std::string Line() const { return "{" + members_ + "}"; }
 
  private:
-  std::string mMembers;
+  std::string members_;
 };
+
+// The reply of a command that has no more to tell.
+std::string Done();
 
 // JSON texts in brackets.
 std::string JsonList(const std::vector<std::string>& parts);

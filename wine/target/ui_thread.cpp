@@ -12,7 +12,7 @@ namespace pointalk::target {
 namespace {
 
 constexpr UINT kTaskMessage = WM_APP + 1;
-constexpr auto kPatience = std::chrono::seconds(5);
+constexpr auto kTaskLimit = std::chrono::seconds(5);
 
 LRESULT CALLBACK InboxProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message != kTaskMessage) return DefWindowProcW(window, message, wParam, lParam);
@@ -27,10 +27,10 @@ LRESULT CALLBACK InboxProcedure(HWND window, UINT message, WPARAM wParam, LPARAM
 UiThread::UiThread() {
   std::promise<HWND> ready;
   auto inbox = ready.get_future();
-  mThread = std::thread([this, &ready] { Loop(ready); });
-  mThread.detach();
-  mInbox = inbox.get();
-  mId = GetWindowThreadProcessId(mInbox, nullptr);
+  thread_ = std::thread([this, &ready] { Loop(ready); });
+  thread_.detach();
+  inbox_ = inbox.get();
+  id_ = GetWindowThreadProcessId(inbox_, nullptr);
 }
 
 void UiThread::Loop(std::promise<HWND>& ready) {
@@ -53,39 +53,39 @@ void UiThread::Loop(std::promise<HWND>& ready) {
 std::future<std::string> UiThread::Post(std::function<std::string()> task) {
   auto packaged = std::make_unique<Task>(std::move(task));
   auto reply = packaged->get_future();
-  if (!PostMessageW(mInbox, kTaskMessage, 0, reinterpret_cast<LPARAM>(packaged.get()))) {
+  if (!PostMessageW(inbox_, kTaskMessage, 0, reinterpret_cast<LPARAM>(packaged.get()))) {
     throw CommandError("the window's thread takes no tasks");
   }
-  packaged.release();
+  std::ignore = packaged.release();  // the inbox owns it now
   return reply;
 }
 
 std::string UiThread::Run(std::function<std::string()> task) {
-  if (GetCurrentThreadId() == mId) return task();
+  if (GetCurrentThreadId() == id_) return task();
   auto reply = Post(std::move(task));
-  if (reply.wait_for(kPatience) != std::future_status::ready)
+  if (reply.wait_for(kTaskLimit) != std::future_status::ready)
     throw CommandError("the window's thread is busy");
   return reply.get();
 }
 
 void UiThread::Hang() {
-  if (mDeaf) throw CommandError("the window's thread hangs already");
+  if (hangs_) throw CommandError("the window's thread hangs already");
   auto started = std::make_shared<std::promise<void>>();
-  auto deaf = started->get_future();
+  auto hanging = started->get_future();
   Post([this, started] {
     started->set_value();
-    mMayHear.acquire();
+    mayGoOn_.acquire();
     return std::string();
   });
-  if (deaf.wait_for(kPatience) != std::future_status::ready)
+  if (hanging.wait_for(kTaskLimit) != std::future_status::ready)
     throw CommandError("the window's thread is busy");
-  mDeaf = true;
+  hangs_ = true;
 }
 
 void UiThread::Wake() {
-  if (!mDeaf) throw CommandError("the window's thread does not hang");
-  mDeaf = false;
-  mMayHear.release();
+  if (!hangs_) throw CommandError("the window's thread does not hang");
+  hangs_ = false;
+  mayGoOn_.release();
 }
 
 }  // namespace pointalk::target

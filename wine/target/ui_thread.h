@@ -19,20 +19,20 @@ class UiThread {
   UiThread(const UiThread&) = delete;
   UiThread& operator=(const UiThread&) = delete;
 
-  DWORD Id() const { return mId; }
+  DWORD Id() const { return id_; }
 
   // Runs the task on the thread and gives its reply; what it throws is thrown here. Throws CommandError when
   // the thread has not got round to it within five seconds; it may still do so later.
   std::string Run(std::function<std::string()> task);
 
-  // Makes the thread deaf, from before this returns. Throws CommandError when it is deaf already.
+  // Makes the thread hang, which it does when this returns. Throws CommandError when it hangs already.
   void Hang();
 
-  // Throws CommandError when it was not deaf.
+  // Ends that. Throws CommandError when it does not hang.
   void Wake();
 
   // How many messages from other threads are being answered right now, one inside the other.
-  int& AnswerDepth() { return mAnswerDepth; }
+  int& AnswerDepth() { return answerDepth_; }
 
  private:
   using Task = std::packaged_task<std::string()>;
@@ -40,12 +40,12 @@ class UiThread {
   void Loop(std::promise<HWND>& ready);
   std::future<std::string> Post(std::function<std::string()> task);
 
-  DWORD mId = 0;
-  HWND mInbox = nullptr;  // takes the tasks, also while a menu is open
-  int mAnswerDepth = 0;
-  bool mDeaf = false;  // known to those who give commands
-  std::binary_semaphore mMayHear{0};
-  std::thread mThread;
+  DWORD id_ = 0;
+  HWND inbox_ = nullptr;  // takes the tasks, also while a menu is open
+  int answerDepth_ = 0;
+  bool hangs_ = false;  // known to those who give commands
+  std::binary_semaphore mayGoOn_{0};
+  std::thread thread_;
 };
 
 }  // namespace pointalk::target

@@ -7,8 +7,6 @@
 namespace pointalk::target {
 namespace {
 
-std::string Done() { return JsonObject().Flag("ok", true).Line(); }
-
 void Must(BOOL done, const char* what) {
   if (!done) throw CommandError(std::string(what) + " failed: error " + std::to_string(GetLastError()));
 }
@@ -47,6 +45,11 @@ std::string Commands::Forget(const CommandLine&, TargetWindow& window) {
 std::string Commands::Title(const CommandLine& line, TargetWindow& window) {
   Must(SetWindowTextW(window.Handle(), line.Word(2).c_str()), "SetWindowText");
   InvalidateRect(window.Handle(), nullptr, TRUE);
+  return Done();
+}
+
+std::string Commands::Conceal(const CommandLine&, TargetWindow& window) {
+  ConcealText(window.Handle(), window.Base());
   return Done();
 }
 

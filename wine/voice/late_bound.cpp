@@ -17,13 +17,13 @@ Access AccessOf(WORD flags) {
 }  // namespace
 
 bool Arguments::Given(unsigned index) const {
-  return index < mParameters.cArgs && !LeftOut(mParameters.rgvarg[mParameters.cArgs - 1 - index]);
+  return index < parameters_.cArgs && !LeftOut(parameters_.rgvarg[parameters_.cArgs - 1 - index]);
 }
 
 HRESULT Arguments::Converted(unsigned index, VARTYPE type, VARIANT& value) const {
   VariantInit(&value);
   if (!Given(index)) return DISP_E_PARAMNOTOPTIONAL;
-  const HRESULT copied = VariantCopyInd(&value, &mParameters.rgvarg[mParameters.cArgs - 1 - index]);
+  const HRESULT copied = VariantCopyInd(&value, &parameters_.rgvarg[parameters_.cArgs - 1 - index]);
   if (FAILED(copied)) return copied;
   const HRESULT changed = VariantChangeType(&value, &value, 0, type);
   if (FAILED(changed)) VariantClear(&value);
@@ -64,21 +64,21 @@ HRESULT Arguments::Object(unsigned index, IDispatch*& value) const {
 }
 
 LateBound::LateBound(const std::vector<Member>& members, const IID& interfaceId)
-    : mMembers(members), mInterfaceId(interfaceId) {}
+    : members_(members), interfaceId_(interfaceId) {}
 
 HRESULT LateBound::QueryInterface(REFIID id, void** object) {
   if (!object) return E_POINTER;
   *object = nullptr;
-  if (id != IID_IUnknown && id != IID_IDispatch && id != mInterfaceId) return E_NOINTERFACE;
+  if (id != IID_IUnknown && id != IID_IDispatch && id != interfaceId_) return E_NOINTERFACE;
   *object = static_cast<IDispatch*>(this);
   AddRef();
   return S_OK;
 }
 
-ULONG LateBound::AddRef() { return ++mReferences; }
+ULONG LateBound::AddRef() { return ++references_; }
 
 ULONG LateBound::Release() {
-  const ULONG left = --mReferences;
+  const ULONG left = --references_;
   if (left == 0) delete this;
   return left;
 }
@@ -98,7 +98,7 @@ HRESULT LateBound::GetTypeInfo(UINT, LCID, ITypeInfo** info) {
 HRESULT LateBound::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
   if (!names || !ids || count == 0) return E_INVALIDARG;
   for (UINT i = 0; i < count; ++i) ids[i] = DISPID_UNKNOWN;
-  for (const Member& member : mMembers)
+  for (const Member& member : members_)
     if (lstrcmpiW(member.name, names[0]) == 0) ids[0] = member.id;
   return ids[0] == DISPID_UNKNOWN || count > 1 ? DISP_E_UNKNOWNNAME : S_OK;
 }
@@ -120,6 +120,11 @@ HRESULT LateBound::Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS* p
 void SetWhole(VARIANT& result, LONG value) {
   result.vt = VT_I4;
   result.lVal = value;
+}
+
+void SetTruth(VARIANT& result, bool value) {
+  result.vt = VT_BOOL;
+  result.boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
 }
 
 void SetObject(VARIANT& result, IDispatch* object) {

@@ -24,7 +24,7 @@ enum class Access { kGetOrCall, kPut, kPutReference };
 // last one. An argument that is missing or left out on purpose is absent.
 class Arguments {
  public:
-  explicit Arguments(const DISPPARAMS& parameters) : mParameters(parameters) {}
+  explicit Arguments(const DISPPARAMS& parameters) : parameters_(parameters) {}
 
   bool Given(unsigned index) const;
   // Converted as the platform converts, with its failure code when it cannot be; DISP_E_PARAMNOTOPTIONAL
@@ -38,7 +38,7 @@ class Arguments {
  private:
   HRESULT Converted(unsigned index, VARTYPE type, VARIANT& value) const;
 
-  const DISPPARAMS& mParameters;
+  const DISPPARAMS& parameters_;
 };
 
 class LateBound : public IDispatch {
@@ -64,13 +64,14 @@ class LateBound : public IDispatch {
   virtual HRESULT Call(DISPID member, Access access, const Arguments& arguments, VARIANT& result) = 0;
 
  private:
-  const std::vector<Member>& mMembers;
-  const IID& mInterfaceId;
-  std::atomic<ULONG> mReferences = 1;
+  const std::vector<Member>& members_;
+  const IID& interfaceId_;
+  std::atomic<ULONG> references_ = 1;
 };
 
 void SetWhole(VARIANT& result, LONG value);
-// Takes over the caller's reference.
+void SetTruth(VARIANT& result, bool value);
+// Takes ownership of the caller's reference.
 void SetObject(VARIANT& result, IDispatch* object);
 
 }  // namespace pointalk::wine

@@ -4,41 +4,13 @@
 
 #include <objbase.h>
 
+#include "wine/class_factory.h"
 #include "wine/voice/sapi4.h"
 #include "wine/voice/sapi5.h"
 
 namespace pointalk::wine {
 
 namespace {
-
-template <class Engine> class Factory final : public IClassFactory {
- public:
-  // The one object of its kind lives as long as the library.
-  static Factory& Only() {
-    static Factory factory;
-    return factory;
-  }
-
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
-    if (!object) return E_POINTER;
-    const bool ours = id == IID_IUnknown || id == IID_IClassFactory;
-    *object = ours ? this : nullptr;
-    return ours ? S_OK : E_NOINTERFACE;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
-  ULONG STDMETHODCALLTYPE Release() override { return 1; }
-
-  HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID id, void** object) override {
-    if (!object) return E_POINTER;
-    *object = nullptr;
-    if (outer) return CLASS_E_NOAGGREGATION;
-    auto* const engine = new Engine;
-    const HRESULT outcome = engine->QueryInterface(id, object);
-    engine->Release();
-    return outcome;
-  }
-  HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
-};
 
 // A client that leaves COM with its engine still speaking would unload the code that the engine's thread
 // runs.
@@ -57,8 +29,8 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** object) {
   if (!object) return E_POINTER;
   *object = nullptr;
   StayLoaded();
-  if (classId == kSapi5Class) return Factory<Sapi5Voice>::Only().QueryInterface(id, object);
-  if (classId == kSapi4Class) return Factory<Sapi4Voice>::Only().QueryInterface(id, object);
+  if (classId == kSapi5Class) return ClassFactory<Sapi5Voice>::Only().QueryInterface(id, object);
+  if (classId == kSapi4Class) return ClassFactory<Sapi4Voice>::Only().QueryInterface(id, object);
   return CLASS_E_CLASSNOTAVAILABLE;
 }
 

@@ -1,6 +1,7 @@
 #include "wine/voice/sapi4.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 
 #include "wine/heard/heard.h"
@@ -18,15 +19,16 @@ enum : DISPID {
   kLastWordPosition,
   kFind,
   kSelect,
-  kSpeak,
+  kSapi4Speak,
   kAudioReset,
+  kSpeaking,
 };
 
-const std::vector<Member>& Members() {
+const std::vector<Member>& Sapi4Members() {
   static const auto& members = *new std::vector<Member>{
-      {L"Speed", kSpeed}, {L"VolumeLeft", kVolumeLeft}, {L"VolumeRight", kVolumeRight},
-      {L"Find", kFind},   {L"Select", kSelect},         {L"LastWordPosition", kLastWordPosition},
-      {L"Speak", kSpeak}, {L"AudioReset", kAudioReset}};
+      {L"Speed", kSpeed},      {L"VolumeLeft", kVolumeLeft}, {L"VolumeRight", kVolumeRight},
+      {L"Find", kFind},        {L"Select", kSelect},         {L"LastWordPosition", kLastWordPosition},
+      {L"Speak", kSapi4Speak}, {L"AudioReset", kAudioReset}, {L"Speaking", kSpeaking}};
   return members;
 }
 
@@ -49,7 +51,7 @@ std::size_t WordBegin(std::u16string_view text, std::size_t at) {
 
 }  // namespace
 
-Sapi4Voice::Sapi4Voice() : LateBound(Members(), kSapi4Interface) {
+Sapi4Voice::Sapi4Voice() : LateBound(Sapi4Members(), kSapi4Interface) {
   HeardLine("created").Ascii("class", "sapi4").Write();
 }
 
@@ -58,15 +60,16 @@ Sapi4Voice::~Sapi4Voice() { HeardLine("released").Ascii("class", "sapi4").Write(
 HRESULT Sapi4Voice::Call(DISPID member, Access access, const Arguments& arguments, VARIANT& result) {
   if (member == kSpeed) return Speed(access, arguments, result);
   if (member == kVolumeLeft)
-    return RecordedNumber("sapi4 volume left", mVolumeLeft, access, arguments, result);
+    return RecordedNumber("sapi4 volume left", volumeLeft_, access, arguments, result);
   if (member == kVolumeRight)
-    return RecordedNumber("sapi4 volume right", mVolumeRight, access, arguments, result);
+    return RecordedNumber("sapi4 volume right", volumeRight_, access, arguments, result);
   if (member == kLastWordPosition) return LastWordPosition(access, arguments, result);
   if (access != Access::kGetOrCall) return DISP_E_MEMBERNOTFOUND;
   if (member == kFind) return Find(arguments, result);
   if (member == kSelect) return Select(arguments);
-  if (member == kSpeak) return Speak(arguments);
+  if (member == kSapi4Speak) return Speak(arguments);
   if (member == kAudioReset) return AudioReset();
+  if (member == kSpeaking) return Speaking(result);
   return DISP_E_MEMBERNOTFOUND;
 }
 
@@ -74,31 +77,31 @@ HRESULT Sapi4Voice::Call(DISPID member, Access access, const Arguments& argument
 HRESULT Sapi4Voice::Speed(Access access, const Arguments& arguments, VARIANT& result) {
   HeardLine line("sapi4 speed");
   if (access != Access::kGetOrCall) {
-    const HRESULT outcome = arguments.Real(0, mSpeed);
-    line.Ascii("how", "put").Real("value", mSpeed).Number("result", outcome).Write();
+    const HRESULT outcome = arguments.Real(0, speed_);
+    line.Ascii("how", "put").Real("value", speed_).Number("result", outcome).Write();
     return outcome;
   }
-  line.Ascii("how", "get").Real("value", mSpeed).Write();
+  line.Ascii("how", "get").Real("value", speed_).Write();
   result.vt = VT_R8;
-  result.dblVal = mSpeed;
-  const bool whole = mSpeed == std::floor(mSpeed) && std::abs(mSpeed) < 1e9;
-  if (whole) SetWhole(result, std::lround(mSpeed));
+  result.dblVal = speed_;
+  const bool whole = speed_ == std::floor(speed_) && std::abs(speed_) < 1e9;
+  if (whole) SetWhole(result, std::lround(speed_));
   return S_OK;
 }
 
 HRESULT Sapi4Voice::LastWordPosition(Access access, const Arguments& arguments, VARIANT& result) {
   NoticeNewWord();
-  return RecordedNumber("sapi4 last word position", mLastWordPosition, access, arguments, result);
+  return RecordedNumber("sapi4 last word position", lastWordPosition_, access, arguments, result);
 }
 
-// The engine's own notices of words are not to be had from a wave: the position follows the time.
+// A wave has no word boundaries, so the position is reckoned from the time.
 void Sapi4Voice::NoticeNewWord() {
-  const auto at = mUtterances.Position(mUtterance);
+  const auto at = utterances_.Position(utterance_);
   if (!at) return;
-  const std::size_t begin = WordBegin(mText, *at);
-  if (begin == mLastWordBegin) return;
-  mLastWordBegin = begin;
-  mLastWordPosition = static_cast<LONG>(begin);
+  const std::size_t begin = WordBegin(text_, *at);
+  if (begin == lastWordBegin_) return;
+  lastWordBegin_ = begin;
+  lastWordPosition_ = static_cast<LONG>(begin);
 }
 
 // Voices are numbered from 1.
@@ -122,7 +125,7 @@ HRESULT Sapi4Voice::Select(const Arguments& arguments) {
   if (SUCCEEDED(outcome) && (number < 1 || number > static_cast<LONG>(kVoices.size())))
     outcome = E_INVALIDARG;
   line.Number("number", number).Number("result", outcome).Write();
-  if (SUCCEEDED(outcome)) mVoice = static_cast<std::size_t>(number - 1);
+  if (SUCCEEDED(outcome)) voice_ = static_cast<std::size_t>(number - 1);
   return outcome;
 }
 
@@ -135,18 +138,27 @@ HRESULT Sapi4Voice::Speak(const Arguments& arguments) {
     line.Number("result", outcome).Write();
     return outcome;
   }
-  mText = text;
-  mLastWordPosition = 0;
-  mLastWordBegin = 0;
-  const auto volume = static_cast<LONG>((std::int64_t{mVolumeLeft} + mVolumeRight) / 2);
-  mUtterance = mUtterances.Say(text, SoundOf(mVoice, WordsPerMinute(mSpeed), volume));
-  line.Number("utterance", mUtterance).Write();
+  text_ = text;
+  lastWordPosition_ = 0;
+  lastWordBegin_ = 0;
+  const auto volume = static_cast<LONG>((std::int64_t{volumeLeft_} + volumeRight_) / 2);
+  utterance_ = utterances_.Say(text, SoundOf(voice_, WordsPerMinute(speed_), volume));
+  line.Number("utterance", utterance_).Write();
   return S_OK;
 }
 
 HRESULT Sapi4Voice::AudioReset() {
   HeardLine("sapi4 audio reset").Write();
-  mUtterances.CutAll();
+  utterances_.CutAll();
+  return S_OK;
+}
+
+// Where the environment says so, it is a control that does not tell.
+HRESULT Sapi4Voice::Speaking(VARIANT& result) {
+  if (GetEnvironmentVariableW(L"POINTALK_SAPI4_SPEAKING", nullptr, 0) != 0) return DISP_E_MEMBERNOTFOUND;
+  const bool speaking = !utterances_.AllOverWithin(std::chrono::milliseconds(0));
+  HeardLine("sapi4 speaking").Flag("value", speaking).Write();
+  SetTruth(result, speaking);
   return S_OK;
 }
 

@@ -26,17 +26,18 @@ class Sapi4Voice final : public LateBound {
   HRESULT Select(const Arguments& arguments);
   HRESULT Speak(const Arguments& arguments);
   HRESULT AudioReset();
+  HRESULT Speaking(VARIANT& result);
   void NoticeNewWord();
 
-  double mSpeed = 150;
-  LONG mVolumeLeft = 100;
-  LONG mVolumeRight = 100;
-  std::size_t mVoice = 0;
-  std::u16string mText;         // spoken last
-  std::int64_t mUtterance = 0;  // its number
-  LONG mLastWordPosition = 0;   // in characters from the text's beginning; what is put stays until a new word
-  std::size_t mLastWordBegin = 0;  // of the word that was sounding when the position was last looked at
-  Utterances mUtterances;
+  double speed_ = 150;
+  LONG volumeLeft_ = 100;
+  LONG volumeRight_ = 100;
+  std::size_t voice_ = 0;
+  std::u16string text_;         // spoken last
+  std::int64_t utterance_ = 0;  // its number
+  LONG lastWordPosition_ = 0;   // in characters from the text's beginning; what is put stays until a new word
+  std::size_t lastWordBegin_ = 0;  // of the word that was sounding when the position was last looked at
+  Utterances utterances_;
 };
 
 }  // namespace pointalk::wine

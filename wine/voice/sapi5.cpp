@@ -1,6 +1,10 @@
 #include "wine/voice/sapi5.h"
 
+#include <algorithm>
+#include <chrono>
+
 #include "wine/heard/heard.h"
+#include "wine/voice/output.h"
 #include "wine/voice/recorded.h"
 #include "wine/voice/voice_tokens.h"
 #include "wine/voice/voices.h"
@@ -9,34 +13,47 @@ namespace pointalk::wine {
 
 namespace {
 
-enum : DISPID { kRate = 1, kVolume, kVoice, kGetVoices, kSpeak };
+enum : DISPID { kRate = 1, kVolume, kVoice, kGetVoices, kSapi5Speak, kWaitUntilDone };
 
-const std::vector<Member>& Members() {
-  static const auto& members = *new std::vector<Member>{{L"Rate", kRate},
-                                                        {L"Volume", kVolume},
-                                                        {L"Voice", kVoice},
-                                                        {L"GetVoices", kGetVoices},
-                                                        {L"Speak", kSpeak}};
+const std::vector<Member>& Sapi5Members() {
+  static const auto& members = *new std::vector<Member>{
+      {L"Rate", kRate},           {L"Volume", kVolume},    {L"Voice", kVoice},
+      {L"GetVoices", kGetVoices}, {L"Speak", kSapi5Speak}, {L"WaitUntilDone", kWaitUntilDone}};
   return members;
 }
 
 constexpr LONG kAsynchronous = 1;
 constexpr LONG kPurge = 2;
 
+// Whether the environment names this text as the one that the engine never comes back from.
+bool Hangs(const std::u16string& text) {
+  wchar_t word[64];
+  const DWORD length = GetEnvironmentVariableW(L"POINTALK_SAPI5_HANGS", word, 64);
+  return length > 0 && length < 64 && text.find(std::u16string(word, word + length)) != std::u16string::npos;
+}
+
 }  // namespace
 
-Sapi5Voice::Sapi5Voice() : LateBound(Members(), kSapi5Interface) {
+Sapi5Voice::Sapi5Voice() : LateBound(Sapi5Members(), kSapi5Interface) {
   HeardLine("created").Ascii("class", "sapi5").Write();
 }
 
 Sapi5Voice::~Sapi5Voice() { HeardLine("released").Ascii("class", "sapi5").Write(); }
 
+// The voice by interface is an object of its own, which is all that its clients notice.
+HRESULT Sapi5Voice::QueryInterface(REFIID id, void** object) {
+  if (!object || id != __uuidof(ISpVoice)) return LateBound::QueryInterface(id, object);
+  *object = VoiceByInterface();
+  return *object ? S_OK : E_NOINTERFACE;
+}
+
 HRESULT Sapi5Voice::Call(DISPID member, Access access, const Arguments& arguments, VARIANT& result) {
-  if (member == kRate) return RecordedNumber("sapi5 rate", mRate, access, arguments, result);
-  if (member == kVolume) return RecordedNumber("sapi5 volume", mVolume, access, arguments, result);
+  if (member == kRate) return RecordedNumber("sapi5 rate", rate_, access, arguments, result);
+  if (member == kVolume) return RecordedNumber("sapi5 volume", volume_, access, arguments, result);
   if (member == kVoice) return Voice(access, arguments, result);
   if (access != Access::kGetOrCall) return DISP_E_MEMBERNOTFOUND;
-  if (member == kSpeak) return Speak(arguments, result);
+  if (member == kSapi5Speak) return Speak(arguments, result);
+  if (member == kWaitUntilDone) return WaitUntilDone(arguments, result);
   if (member != kGetVoices) return DISP_E_MEMBERNOTFOUND;
   HeardLine("sapi5 voices").Write();
   SetObject(result, new VoiceList);
@@ -46,15 +63,15 @@ HRESULT Sapi5Voice::Call(DISPID member, Access access, const Arguments& argument
 HRESULT Sapi5Voice::Voice(Access access, const Arguments& arguments, VARIANT& result) {
   HeardLine line("sapi5 voice");
   if (access == Access::kGetOrCall) {
-    line.Ascii("how", "get").Number("index", static_cast<LONG>(mVoice)).Write();
-    SetObject(result, new VoiceToken(mVoice));
+    line.Ascii("how", "get").Number("index", static_cast<LONG>(voice_)).Write();
+    SetObject(result, new VoiceToken(voice_));
     return S_OK;
   }
   IDispatch* object = nullptr;
   HRESULT outcome = arguments.Object(0, object);
-  if (SUCCEEDED(outcome)) outcome = VoiceToken::IndexOf(*object, mVoice);
-  line.Ascii("how", access == Access::kPut ? "put" : "putref").Number("index", static_cast<LONG>(mVoice));
-  line.Text("description", kVoices[mVoice].description).Number("result", outcome).Write();
+  if (SUCCEEDED(outcome)) outcome = VoiceToken::IndexOf(*object, voice_);
+  line.Ascii("how", access == Access::kPut ? "put" : "putref").Number("index", static_cast<LONG>(voice_));
+  line.Text("description", kVoices[voice_].description).Number("result", outcome).Write();
   return outcome;
 }
 
@@ -70,15 +87,35 @@ HRESULT Sapi5Voice::Speak(const Arguments& arguments, VARIANT& result) {
     line.Number("result", outcome).Write();
     return outcome;
   }
-  if (flags & kPurge) mUtterances.CutAll();
-  const std::int64_t number = mUtterances.Say(text, SoundOf(mVoice, WordsPerMinuteOfRate(mRate), mVolume));
+  if (Hangs(text)) {
+    line.Write();
+    Sleep(INFINITE);
+  }
+  if (flags & kPurge) utterances_.CutAll();
+  const std::int64_t number = utterances_.Say(text, SoundOf(voice_, WordsPerMinuteOfRate(rate_), volume_));
   line.Number("utterance", number).Write();
   if (!(flags & kAsynchronous)) {
-    mUtterances.WaitUntilOver(number);
+    utterances_.WaitUntilOver(number);
     HeardLine("sapi5 speak over").Number("utterance", number).Write();
   }
   SetWhole(result, static_cast<LONG>(number));
   return S_OK;
+}
+
+// A time below 0 is one without a limit, as with the real engine.
+HRESULT Sapi5Voice::WaitUntilDone(const Arguments& arguments, VARIANT& result) {
+  HeardLine line("sapi5 wait until done");
+  LONG limit = 0;
+  const HRESULT outcome = arguments.Whole(0, limit);
+  line.Number("limit", limit).Number("result", outcome);
+  if (SUCCEEDED(outcome)) {
+    bool done = utterances_.AllOverWithin(std::chrono::milliseconds(std::max(limit, LONG{0})));
+    while (!done && limit < 0) done = utterances_.AllOverWithin(std::chrono::seconds(1));
+    line.Flag("done", done);
+    SetTruth(result, done);
+  }
+  line.Write();
+  return outcome;
 }
 
 }  // namespace pointalk::wine

@@ -46,59 +46,64 @@ void WriteEnd(const char* what, std::int64_t utterance, std::int64_t sounded) {
 Utterances::~Utterances() {
   CutAll();
   {
-    const std::lock_guard lock(mMutex);
-    mStop = true;
+    const std::lock_guard lock(mutex_);
+    stop_ = true;
   }
-  mChanged.notify_all();
-  if (mWorker.joinable()) mWorker.join();
+  changed_.notify_all();
+  if (worker_.joinable()) worker_.join();
 }
 
 std::int64_t Utterances::Say(std::u16string text, const Sound& sound) {
-  const std::lock_guard lock(mMutex);
-  mLastNumber = NewNumber();
-  mQueue.push_back({mLastNumber, std::move(text), sound});
-  if (!mWorker.joinable()) mWorker = std::thread(&Utterances::Work, this);
-  mChanged.notify_all();
-  return mLastNumber;
+  const std::lock_guard lock(mutex_);
+  lastNumber_ = NewNumber();
+  queue_.push_back({lastNumber_, std::move(text), sound});
+  if (!worker_.joinable()) worker_ = std::thread(&Utterances::Work, this);
+  changed_.notify_all();
+  return lastNumber_;
 }
 
 void Utterances::CutAll() {
-  const std::lock_guard lock(mMutex);
-  mCutUpTo = mLastNumber;
-  mChanged.notify_all();
+  const std::lock_guard lock(mutex_);
+  cutUpTo_ = lastNumber_;
+  changed_.notify_all();
 }
 
 void Utterances::WaitUntilOver(std::int64_t number) {
-  std::unique_lock lock(mMutex);
-  mChanged.wait(lock, [&] { return mOverUpTo >= number; });
+  std::unique_lock lock(mutex_);
+  changed_.wait(lock, [&] { return overUpTo_ >= number; });
+}
+
+bool Utterances::AllOverWithin(std::chrono::milliseconds limit) {
+  std::unique_lock lock(mutex_);
+  return changed_.wait_for(lock, limit, [&] { return overUpTo_ >= lastNumber_; });
 }
 
 std::optional<std::size_t> Utterances::Position(std::int64_t number) {
-  const std::lock_guard lock(mMutex);
-  if (!mSounding || mSounding->number != number) return std::nullopt;
-  const std::int64_t elapsed = std::min(Now() - mSounding->begin, mSounding->length);
-  const auto units = static_cast<std::int64_t>(mSounding->part.end - mSounding->part.begin);
-  const std::int64_t come = mSounding->length > 0 ? units * elapsed / mSounding->length : units;
-  return mSounding->part.begin + static_cast<std::size_t>(come);
+  const std::lock_guard lock(mutex_);
+  if (!sounding_ || sounding_->number != number) return std::nullopt;
+  const std::int64_t elapsed = std::min(Now() - sounding_->begin, sounding_->length);
+  const auto units = static_cast<std::int64_t>(sounding_->part.end - sounding_->part.begin);
+  const std::int64_t come = sounding_->length > 0 ? units * elapsed / sounding_->length : units;
+  return sounding_->part.begin + static_cast<std::size_t>(come);
 }
 
 void Utterances::Work() {
-  std::unique_lock lock(mMutex);
+  std::unique_lock lock(mutex_);
   for (;;) {
-    mChanged.wait(lock, [&] { return mStop || !mQueue.empty(); });
-    if (mQueue.empty()) return;
-    const Utterance utterance = mQueue.front();
+    changed_.wait(lock, [&] { return stop_ || !queue_.empty(); });
+    if (queue_.empty()) return;
+    const Utterance utterance = queue_.front();
     lock.unlock();
     if (!IsBlank(utterance.text)) SayAll(utterance);
     lock.lock();
-    mQueue.pop_front();
-    mOverUpTo = utterance.number;
-    mChanged.notify_all();
+    queue_.pop_front();
+    overUpTo_ = utterance.number;
+    changed_.notify_all();
   }
 }
 
 void Utterances::SayAll(const Utterance& utterance) {
-  mSounded = 0;
+  sounded_ = 0;
   int partNumber = 0;
   for (const TextPart& part : PartsOf(utterance.text)) {
     if (IsCut(utterance.number)) break;
@@ -106,19 +111,19 @@ void Utterances::SayAll(const Utterance& utterance) {
     HeardLine("silent").Number("utterance", utterance.number).Number("part", partNumber).Write();
     return;
   }
-  WriteEnd(IsCut(utterance.number) ? "cut" : "spoken", utterance.number, mSounded);
+  WriteEnd(IsCut(utterance.number) ? "cut" : "spoken", utterance.number, sounded_);
 }
 
 // False when there is no speech to be had; being cut off is no failure.
 bool Utterances::SayPart(const Utterance& utterance, const TextPart& part, int partNumber) {
   if (!EnsureHelper()) return false;
-  const std::wstring name = std::to_wstring(++mPartsMade);
+  const std::wstring name = std::to_wstring(++partsMade_);
   if (!MakeWave(utterance, part, name)) {
-    mHelper.reset();  // with everything it started; the next utterance tries anew
+    helper_.reset();  // with everything it started; the next utterance tries anew
     return false;
   }
   if (!IsCut(utterance.number)) LetSound(utterance, part, name, partNumber);
-  mHelper->Tell("end " + Narrow(name));
+  helper_->Tell("end " + Narrow(name));
   return true;
 }
 
@@ -126,14 +131,14 @@ bool Utterances::SayPart(const Utterance& utterance, const TextPart& part, int p
 bool Utterances::MakeWave(const Utterance& utterance, const TextPart& part, const std::wstring& name) {
   const std::u16string_view text =
       std::u16string_view(utterance.text).substr(part.begin, part.end - part.begin);
-  if (!WriteWholeFile(mHelper->PathOf(name + L".txt"), SpokenText(text))) return false;
+  if (!WriteWholeFile(helper_->PathOf(name + L".txt"), SpokenText(text))) return false;
   const Sound& sound = utterance.sound;
-  mHelper->Tell("speak " + Narrow(name) + " " + sound.voice + " " + std::to_string(sound.pitch) + " " +
+  helper_->Tell("speak " + Narrow(name) + " " + sound.voice + " " + std::to_string(sound.pitch) + " " +
                 std::to_string(sound.wordsPerMinute) + " " + std::to_string(sound.amplitude));
   const std::int64_t begin = Now();
   while (PauseUnlessCut(utterance.number)) {
-    if (Exists(mHelper->PathOf(name + L".wav"))) return true;
-    if (Exists(mHelper->PathOf(name + L".failed")) || Now() - begin > kLongestMaking) return false;
+    if (Exists(helper_->PathOf(name + L".wav"))) return true;
+    if (Exists(helper_->PathOf(name + L".failed")) || Now() - begin > kLongestMaking) return false;
   }
   return true;
 }
@@ -141,7 +146,7 @@ bool Utterances::MakeWave(const Utterance& utterance, const TextPart& part, cons
 // A part sounds for the length of its wave, with or without a player; a player that is late may end it.
 void Utterances::LetSound(const Utterance& utterance, const TextPart& part, const std::wstring& name,
                           int partNumber) {
-  const std::wstring wave = mHelper->PathOf(name + L".wav");
+  const std::wstring wave = helper_->PathOf(name + L".wav");
   const std::int64_t length = WaveFileLength(wave);
   const std::string kept = KeepWave(wave, utterance.number, partNumber);
   HeardLine line("sounding");
@@ -151,33 +156,33 @@ void Utterances::LetSound(const Utterance& utterance, const TextPart& part, cons
 
   const std::int64_t begin = Now();
   {
-    const std::lock_guard lock(mMutex);
-    mSounding = Sounding{utterance.number, part, begin, length};
+    const std::lock_guard lock(mutex_);
+    sounding_ = Sounding{utterance.number, part, begin, length};
   }
   while (PauseUnlessCut(utterance.number)) {
     const std::int64_t elapsed = Now() - begin;
     if (elapsed >= length + kLongestTail) break;
-    if (elapsed >= length && Exists(mHelper->PathOf(name + L".done"))) break;
+    if (elapsed >= length && Exists(helper_->PathOf(name + L".done"))) break;
   }
-  mSounded += std::min(Now() - begin, length);
-  const std::lock_guard lock(mMutex);
-  mSounding.reset();
+  sounded_ += std::min(Now() - begin, length);
+  const std::lock_guard lock(mutex_);
+  sounding_.reset();
 }
 
 bool Utterances::PauseUnlessCut(std::int64_t number) {
-  std::unique_lock lock(mMutex);
-  return !mChanged.wait_for(lock, kLook, [&] { return mCutUpTo >= number; });
+  std::unique_lock lock(mutex_);
+  return !changed_.wait_for(lock, kLook, [&] { return cutUpTo_ >= number; });
 }
 
 bool Utterances::IsCut(std::int64_t number) {
-  const std::lock_guard lock(mMutex);
-  return mCutUpTo >= number;
+  const std::lock_guard lock(mutex_);
+  return cutUpTo_ >= number;
 }
 
 bool Utterances::EnsureHelper() {
-  if (!mHelper) mHelper = std::make_unique<LinuxHelper>(L"pointalk-voice", kSpeakScript);
-  if (!mHelper->Running()) mHelper.reset();
-  return mHelper != nullptr;
+  if (!helper_) helper_ = std::make_unique<LinuxHelper>(L"pointalk-voice", kSpeakScript);
+  if (!helper_->Running()) helper_.reset();
+  return helper_ != nullptr;
 }
 
 }  // namespace pointalk::wine

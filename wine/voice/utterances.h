@@ -1,6 +1,7 @@
 // The queue of one engine: what it has been told to say, said one after the other by a thread of its own.
 #pragma once
 
+#include <chrono>
 #include <condition_variable>
 #include <cstdint>
 #include <deque>
@@ -45,6 +46,9 @@ class Utterances {
   // espeak-ng 15 s to make it; an engine that does not answer therefore ends the wait too.
   void WaitUntilOver(std::int64_t number);
 
+  // Whether all that was queued is over; waits for it, but no longer than so many milliseconds.
+  bool AllOverWithin(std::chrono::milliseconds limit);
+
   // How far the utterance has come, in UTF-16 units; no value while it is not sounding.
   std::optional<std::size_t> Position(std::int64_t number);
 
@@ -70,20 +74,20 @@ class Utterances {
   bool IsCut(std::int64_t number);
   bool EnsureHelper();
 
-  std::mutex mMutex;
-  std::condition_variable mChanged;
-  std::deque<Utterance> mQueue;       // the first is the one being said
-  std::int64_t mLastNumber = 0;       // queued last
-  std::int64_t mCutUpTo = 0;          // this one and all before it are to end
-  std::int64_t mOverUpTo = 0;         // this one and all before it have ended
-  std::optional<Sounding> mSounding;  // the part that is sounding
-  bool mStop = false;
-  std::thread mWorker;
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  std::deque<Utterance> queue_;       // the first is the one being said
+  std::int64_t lastNumber_ = 0;       // queued last
+  std::int64_t cutUpTo_ = 0;          // this one and all before it are to end
+  std::int64_t overUpTo_ = 0;         // this one and all before it have ended
+  std::optional<Sounding> sounding_;  // the part that is sounding
+  bool stop_ = false;
+  std::thread worker_;
 
   // The worker's own.
-  std::unique_ptr<LinuxHelper> mHelper;
-  std::int64_t mSounded = 0;  // microseconds of the utterance heard so far
-  int mPartsMade = 0;         // names the files
+  std::unique_ptr<LinuxHelper> helper_;
+  std::int64_t sounded_ = 0;  // microseconds of the utterance heard so far
+  int partsMade_ = 0;         // names the files
 };
 
 }  // namespace pointalk::wine

@@ -9,7 +9,7 @@ namespace {
 
 enum : DISPID { kCount = 1, kItem, kGetDescription };
 
-// Asked for by nobody but IndexOf, so that only a token of this library answers.
+// Only IndexOf asks for it, and only a token of this library answers.
 constexpr IID kTokenInterface = {
     0x6B0F2C71, 0x5C3E, 0x4D0A, {0x8F, 0x21, 0x94, 0x0B, 0x7E, 0x55, 0x13, 0xC8}};
 constexpr IID kListInterface = {0x6B0F2C72, 0x5C3E, 0x4D0A, {0x8F, 0x21, 0x94, 0x0B, 0x7E, 0x55, 0x13, 0xC8}};
@@ -44,21 +44,21 @@ HRESULT VoiceList::Call(DISPID member, Access access, const Arguments& arguments
   return outcome;
 }
 
-VoiceToken::VoiceToken(std::size_t index) : LateBound(TokenMembers(), kTokenInterface), mIndex(index) {}
+VoiceToken::VoiceToken(std::size_t index) : LateBound(TokenMembers(), kTokenInterface), index_(index) {}
 
 HRESULT VoiceToken::IndexOf(IDispatch& object, std::size_t& index) {
   void* token = nullptr;
   if (FAILED(object.QueryInterface(kTokenInterface, &token))) return E_INVALIDARG;
   auto* const ours = static_cast<VoiceToken*>(static_cast<IDispatch*>(token));
-  index = ours->mIndex;
+  index = ours->index_;
   ours->Release();
   return S_OK;
 }
 
 HRESULT VoiceToken::Call(DISPID member, Access access, const Arguments&, VARIANT& result) {
   if (access != Access::kGetOrCall || member != kGetDescription) return DISP_E_MEMBERNOTFOUND;
-  HeardLine("sapi5 voice description").Number("index", static_cast<LONG>(mIndex)).Write();
-  const std::u16string_view description = kVoices[mIndex].description;
+  HeardLine("sapi5 voice description").Number("index", static_cast<LONG>(index_)).Write();
+  const std::u16string_view description = kVoices[index_].description;
   const std::wstring units(description.begin(), description.end());
   result.vt = VT_BSTR;
   result.bstrVal = SysAllocStringLen(units.data(), static_cast<UINT>(units.size()));

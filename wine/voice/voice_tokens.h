@@ -26,7 +26,7 @@ class VoiceToken final : public LateBound {
   HRESULT Call(DISPID member, Access access, const Arguments& arguments, VARIANT& result) override;
 
  private:
-  std::size_t mIndex;
+  std::size_t index_;
 };
 
 }  // namespace pointalk::wine

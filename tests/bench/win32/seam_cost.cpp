@@ -84,13 +84,21 @@ void MeasureFiles() {
   TimeOf(200, [&] {
     if (!files.Write(path, u"^SysListView32\r\n")) std::abort();
   }).Print("file written");
+  bool marked = false;
+  TimeOf(200, [&] {
+    marked = !marked;
+    if (!files.WriteLog(path, marked ? u"SysListView32\r\n" : u"^SysListView32\r\n")) std::abort();
+  }).Print("log written");
+  TimeOf(200, [&] {
+    if (!files.WriteLog(path, u"^SysListView32\r\n")) std::abort();
+  }).Print("log that says so already");
   DeleteFileW(L"seam_cost.txt");
 }
 
 void MeasureObjects(Point place) {
   constexpr int kTurns = 200;
-  pointalk::win32::Patience patience;
-  pointalk::win32::WinAccessibility accessibility(patience);
+  pointalk::win32::UnresponsiveThreads unresponsiveThreads;
+  pointalk::win32::WinAccessibility accessibility(unresponsiveThreads);
   std::vector<std::int64_t> direct, limited;
   for (int turn = 0; turn < kTurns; ++turn) {
     direct.push_back(Time([&] { std::ignore = pointalk::win32::AskObjectAt(place); }));

@@ -89,36 +89,36 @@ std::int64_t TimingCost() {
 
 class Measurement {
  public:
-  Measurement(Mouse& theForm, Stopwatch& theWatch)
-      : form(theForm), watch(theWatch), timing(TimingCost()), countLength(CountLength()) {}
+  Measurement(Mouse& form, Stopwatch& watch)
+      : form_(form), watch_(watch), timing_(TimingCost()), countLength_(CountLength()) {}
 
   // Some ticks in a row; what one of them cost is kept.
   void Tick(int ticks) {
-    watch.Reset();
+    watch_.Reset();
     const std::int64_t begin = Now();
-    for (int tick = 0; tick < ticks; ++tick) form.Timer1_Timer();
+    for (int tick = 0; tick < ticks; ++tick) form_.Timer1_Timer();
     const std::int64_t whole = Now() - begin;
-    calls.push_back(watch.calls / ticks);
-    platform.push_back(watch.inside / ticks);
-    own.push_back(std::max<std::int64_t>(0, (whole - watch.inside - watch.calls * timing) / ticks));
+    calls_.push_back(watch_.calls / ticks);
+    platform_.push_back(watch_.inside / ticks);
+    own_.push_back(std::max<std::int64_t>(0, (whole - watch_.inside - watch_.calls * timing_) / ticks));
   }
 
   void Print(const std::string& name) {
     std::printf("{\"tick\":\"%s\",\"calls\":%lld,\"platform\":%.0f,\"own\":%.0f}\n", name.c_str(),
-                static_cast<long long>(Median(calls)), static_cast<double>(Median(platform)) * countLength,
-                static_cast<double>(Median(own)) * countLength);
+                static_cast<long long>(Median(calls_)), static_cast<double>(Median(platform_)) * countLength_,
+                static_cast<double>(Median(own_)) * countLength_);
     std::fflush(stdout);
-    calls.clear();
-    platform.clear();
-    own.clear();
+    calls_.clear();
+    platform_.clear();
+    own_.clear();
   }
 
  private:
-  Mouse& form;
-  Stopwatch& watch;
-  std::int64_t timing;
-  double countLength;
-  std::vector<std::int64_t> calls, platform, own;
+  Mouse& form_;
+  Stopwatch& watch_;
+  std::int64_t timing_;
+  double countLength_;
+  std::vector<std::int64_t> calls_, platform_, own_;
 };
 
 void Measure(Mouse& form, Stopwatch& watch, int places, char** place) {

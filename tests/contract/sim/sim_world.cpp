@@ -55,7 +55,10 @@ sim::WindowFields FieldsOf(const WindowSpec& window, WindowHandle id, WindowHand
   fields.title = sim::ThroughAnsi(window.title);
   fields.place = Rectangle(window.place);
   fields.parent = parent;
-  if (window.className == u"Edit") fields.edit = sim::Edit(*fields.title, {kCharWidth, kLineHeight}, u"\r\n");
+  if (window.className == u"Edit") {
+    fields.edit = sim::Edit(*fields.title, {kCharWidth, kLineHeight}, u"\r\n",
+                            window.password ? sim::Edit::Reading::kPassword : sim::Edit::Reading::kOpen);
+  }
   if (window.className == u"SysListView32") fields.listView = ListViewOf(window.items);
   if (window.className == u"ListBox") {
     sim::ListBox box;
@@ -74,6 +77,7 @@ sim::AccessibleObject ObjectOf(const ObjectSpec& object) {
   if (object.role) made.role = object.role->text;
   made.description = object.description;
   made.value = object.value;
+  made.isProtected = object.isProtected;
   return made;
 }
 
@@ -124,7 +128,7 @@ class SimWorld final : public World {
 
   void SetLeftButton(bool down) override {
     Key(kKeyLeftButton).down = down;
-    if (platform_.input.reportsMouse()) reports_.push_back(down ? 513 : 514);
+    if (platform_.input.ReportsMouse()) reports_.push_back(down ? 513 : 514);
   }
 
   Point ScreenSizeInPixels() override { return {machine_.setup.screenWidth, machine_.setup.screenHeight}; }
@@ -151,7 +155,7 @@ class SimWorld final : public World {
 
   std::vector<std::string> Heard(std::size_t) override {
     std::vector<std::string> lines;
-    std::istringstream transcript(machine_.transcript.text());
+    std::istringstream transcript(machine_.transcript.Lines());
     for (std::string line; std::getline(transcript, line);) lines.push_back(line);
     return lines;
   }
@@ -167,7 +171,18 @@ class SimWorld final : public World {
   void MakeReadOnly(FilePath path) override { machine_.setup.readOnly.push_back(WholePath(path)); }
   Text Clipboard() override { return machine_.clipboard; }
 
+  void MakeRegistryText(TextView key, TextView name, TextView text) override {
+    sim::RegistryEntry& entry = machine_.setup.registry.Make(PathOf(key)).Make(name);
+    entry.text = text;
+    entry.data = sim::SimAnsi().ToBytes(text);
+    entry.data.push_back(std::byte{0});
+  }
+
+  void RemoveRegistryKey(TextView key) override { machine_.setup.registry.Remove(PathOf(key)); }
+
  private:
+  static Text PathOf(TextView key) { return Text(u"HKEY_CURRENT_USER\\").append(key); }
+
   static Text WholePath(FilePath path) {
     return Text(path.folder == Folder::kProgram ? u"program\\" : u"current\\").append(path.name);
   }

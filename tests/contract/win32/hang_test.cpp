@@ -86,8 +86,8 @@ TEST_F(HangTest, AThreadThatHangsIsAskedOnceAndAgainWhenItAnswers) {
 TEST_F(HangTest, AQueryThatHangsIsOutUntilItsProgramAnswers) {
   world_.Tell("hang hung");
   EXPECT_FALSE(Ask(kHungPlace));
-  EXPECT_TRUE(accessibility_.QueryStillOut(hung_));
-  EXPECT_FALSE(accessibility_.QueryStillOut(other_));
+  EXPECT_TRUE(accessibility_.QueryPending(hung_));
+  EXPECT_FALSE(accessibility_.QueryPending(other_));
   EXPECT_EQ(Length(hung_), std::nullopt);
   for (int tick = 0; tick < 10; ++tick) {
     EXPECT_FALSE(Ask(kHungPlace));
@@ -97,13 +97,13 @@ TEST_F(HangTest, AQueryThatHangsIsOutUntilItsProgramAnswers) {
   }
   world_.Tell("wake hung");
   EXPECT_TRUE(world_.RunUntil([&] { return Ask(kHungPlace).has_value(); }, kPatience));
-  EXPECT_FALSE(accessibility_.QueryStillOut(hung_));
+  EXPECT_FALSE(accessibility_.QueryPending(hung_));
 }
 
 TEST_F(HangTest, AnObjectThatAnswersLateIsAskedAgainWhenItHasAnswered) {
   world_.Tell("rule hung accName hold");
   EXPECT_FALSE(Ask(kHungPlace));
-  EXPECT_TRUE(accessibility_.QueryStillOut(hung_));
+  EXPECT_TRUE(accessibility_.QueryPending(hung_));
   world_.Tell("unrule hung accName");
   EXPECT_TRUE(world_.RunUntil([&] { return Ask(kHungPlace).has_value(); }, kPatience));
 }
@@ -112,12 +112,12 @@ TEST_F(HangTest, AnObjectThatAnswersWithinTheLimitIsWaitedForWhileThePointerStay
   // Between the two limits. On a busy machine it may take a few attempts to be there.
   world_.Tell("rule hung accName delay 170");
   EXPECT_TRUE(world_.RunUntil([&] { return Ask(kHungPlace).has_value(); }, kPatience));
-  EXPECT_FALSE(accessibility_.QueryStillOut(hung_));
+  EXPECT_FALSE(accessibility_.QueryPending(hung_));
   world_.MovePointer(kOtherPlace);
   EXPECT_TRUE(world_.RunUntil([&] { return !accessibility_.ObjectAt(kHungPlace); }, kPatience));
-  EXPECT_TRUE(accessibility_.QueryStillOut(hung_));
+  EXPECT_TRUE(accessibility_.QueryPending(hung_));
   EXPECT_TRUE(Ask(kOtherPlace));
-  EXPECT_TRUE(world_.RunUntil([&] { return !accessibility_.QueryStillOut(hung_); }, kPatience));
+  EXPECT_TRUE(world_.RunUntil([&] { return !accessibility_.QueryPending(hung_); }, kPatience));
 }
 
 TEST_F(HangTest, FourQueriesMayBeOutAndNoMore) {
@@ -131,7 +131,7 @@ TEST_F(HangTest, FourQueriesMayBeOutAndNoMore) {
   for (int i = 0; i < 5; ++i) {
     EXPECT_FALSE(Ask({140 + 100 * i, 440}));
     const WindowHandle window = windows_.WindowAt({140 + 100 * i, 440});
-    EXPECT_EQ(accessibility_.QueryStillOut(window), i < 4) << i;
+    EXPECT_EQ(accessibility_.QueryPending(window), i < 4) << i;
   }
   EXPECT_FALSE(Ask(kOtherPlace));
   for (int i = 0; i < 5; ++i) world_.Tell("wake slow" + std::to_string(i));
@@ -149,7 +149,7 @@ TEST_F(HangTest, AProgramMayDieInAQuery) {
   world_.Tell("rule hung accName die");
   const auto facts = Ask(kHungPlace);
   EXPECT_TRUE(!facts || !facts->name);
-  EXPECT_TRUE(world_.RunUntil([&] { return !accessibility_.QueryStillOut(hung_); }, kPatience));
+  EXPECT_TRUE(world_.RunUntil([&] { return !accessibility_.QueryPending(hung_); }, kPatience));
 }
 
 TEST_F(HangTest, MemoryOfAProgramThatDiedIsGone) {

@@ -46,6 +46,8 @@ const std::vector<Telling>& Tellings() {
       {"midi close", "", false, "midi close", {}},
       {"sound", "", false, "sound", {"name", "module", "flags"}},
       {"sapi5 speak", "", false, "sapi5 speak", {"flags", "text"}},
+      {"sapi5 output", "", true, "sapi5 output", {}},
+      {"sapi5 output state", "", true, "sapi5 output state", {"state"}},
       {"sapi5 rate", "put", false, "sapi5 rate", {"value"}},
       {"sapi5 volume", "put", false, "sapi5 volume", {"value"}},
       {"sapi5 voice", "putref", false, "sapi5 voice", {"index"}},

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/contract/win32/win_world.h"
+#include "win32/handles.h"
 
 namespace pointalk::contract {
 namespace {
@@ -64,6 +65,20 @@ TEST_F(HostileControlTest, AFreedBlockIsGoneFromTheOtherProgram) {
   EXPECT_NE(world_.Tell("memory").find(base), std::string::npos);
   memory.Free(process, block);
   EXPECT_EQ(world_.Tell("memory").find(base), std::string::npos);
+}
+
+// What another program puts into a block can be read, and never run.
+TEST_F(HostileControlTest, ABlockHoldsDataOnly) {
+  RemoteMemory& memory = world_.platform.memory;
+  const ProcessId process = world_.platform.windows.ProcessOf(edit_).value();
+  const RemoteAddress block = memory.Allocate(process, 40);
+  const win32::OwnedHandle handle(OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, process));
+  MEMORY_BASIC_INFORMATION region{};
+  EXPECT_NE(VirtualQueryEx(handle.get(), reinterpret_cast<const void*>(static_cast<std::uintptr_t>(block)),
+                           &region, sizeof region),
+            0U);
+  EXPECT_EQ(region.Protect, DWORD{PAGE_READWRITE});
+  memory.Free(process, block);
 }
 
 TEST_F(HostileControlTest, APointerHasTheSizeOfTheOtherProgramsOwn) {

@@ -1,6 +1,7 @@
 #include "tests/contract/win32/win_world.h"
 
 #include <objbase.h>
+#include <oleacc.h>
 
 #include <filesystem>
 #include <fstream>
@@ -97,7 +98,7 @@ void WinWorld::MakeForeign(const WindowSpec& window) {
   std::string command = "create " + window.name + " class=" + Quoted(window.className) +
                         " title=" + Quoted(window.title) + " rect=" + Rect(window.place);
   if (!window.parent.empty()) command += " parent=" + window.parent;
-  if (window.className == u"Edit") command += " kind=multiline";
+  if (window.className == u"Edit") command += window.password ? " kind=password" : " kind=multiline";
   const std::string reply = Tell(command);
   windows_[window.name] = win32::ToWindow(std::stoull(std::string(RawField(reply, "hwnd"))));
   if (window.items.empty()) return;
@@ -146,6 +147,7 @@ void WinWorld::MakeObject(const ObjectSpec& object, int number) {
   if (object.description) command += " description=" + Quoted(*object.description);
   if (object.value) command += " value=" + Quoted(*object.value);
   if (object.role) command += " role=" + std::to_string(object.role->number);
+  if (object.isProtected) command += " state=" + std::to_string(STATE_SYSTEM_PROTECTED);
   Tell(command);
 }
 
@@ -254,6 +256,18 @@ Text WinWorld::Clipboard() {
   }
   CloseClipboard();
   return text;
+}
+
+void WinWorld::MakeRegistryText(TextView key, TextView name, TextView text) {
+  const std::wstring data = win32::Wide(text);
+  const LSTATUS code = RegSetKeyValueW(HKEY_CURRENT_USER, win32::Wide(key).c_str(), win32::Wide(name).c_str(),
+                                       REG_SZ, data.c_str(), static_cast<DWORD>((data.size() + 1) * 2));
+  if (code != ERROR_SUCCESS) throw std::runtime_error("no text in the registry: " + std::to_string(code));
+}
+
+void WinWorld::RemoveRegistryKey(TextView key) {
+  const LSTATUS code = RegDeleteKeyW(HKEY_CURRENT_USER, win32::Wide(key).c_str());
+  if (code != ERROR_SUCCESS) throw std::runtime_error("the key stays: " + std::to_string(code));
 }
 
 std::unique_ptr<World> MakeWorld(const Scene& scene) { return std::make_unique<WinWorld>(scene); }

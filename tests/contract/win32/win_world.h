@@ -40,6 +40,8 @@ class WinWorld final : public World, private win32::PanelEvents {
   std::optional<std::string> FileBytes(FilePath path) override;
   void MakeReadOnly(FilePath path) override;
   Text Clipboard() override;
+  void MakeRegistryText(TextView key, TextView name, TextView text) override;
+  void RemoveRegistryKey(TextView key) override;
 
   // A command to the test target, and its answer. Throws std::runtime_error for one that it refuses.
   std::string Tell(const std::string& command);
@@ -60,11 +62,16 @@ class WinWorld final : public World, private win32::PanelEvents {
   int ticks = 0;
   int clicks = 0;
   int unloads = 0;
+  int sessionEnds = 0;
   std::vector<Handler> commands;
   std::vector<int> mouseReports;
+  int devices = 0;
 
   // What else a tick does, where a test wants it.
   std::function<void()> duringTick;
+
+  // What the form answers when it is told of devices.
+  bool followsDevices = true;
 
  private:
   void OnTick() override {
@@ -74,7 +81,12 @@ class WinWorld final : public World, private win32::PanelEvents {
   void OnMouse(std::int32_t message) override { mouseReports.push_back(message); }
   void OnClick() override { ++clicks; }
   void OnCommand(Handler handler) override { commands.push_back(handler); }
+  bool OnDevices() override {
+    ++devices;
+    return followsDevices;
+  }
   void OnUnload() override { ++unloads; }
+  void OnSessionEnd() override { ++sessionEnds; }
 
   void MakeForeign(const WindowSpec& window);
   void MakeOwn(const WindowSpec& window);

@@ -1,0 +1,90 @@
+// The wait at the end of the program: what ends it, and which messages are handled meanwhile.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <thread>
+
+#include "tests/contract/win32/win_world.h"
+#include "win32/last_words.h"
+#include "win32/panel_commands.h"
+
+namespace pointalk::contract {
+namespace {
+
+using testing::IsEmpty;
+
+constexpr DWORD kPatience = 100'000;  // milliseconds
+
+class LastWordsTest : public testing::Test {
+ protected:
+  WinWorld world_{{}};
+  HWND panel_ = world_.platform.panel.Window();
+};
+
+TEST_F(LastWordsTest, TheyAreOverOnceNothingIsSaid) {
+  int asked = 0;
+  win32::HearOut(
+      panel_, [&] { return ++asked < 4; }, kPatience);
+  EXPECT_EQ(asked, 4);
+}
+
+TEST_F(LastWordsTest, AVoiceThatNeverEndsIsLeft) {
+  int asked = 0;
+  win32::HearOut(
+      panel_, [&] { return ++asked > 0; }, 100);
+  EXPECT_GT(asked, 1);
+}
+
+TEST_F(LastWordsTest, TheEndOfTheSessionIsToldMeanwhile) {
+  std::thread system([this] { SendMessageW(panel_, WM_ENDSESSION, TRUE, 0); });
+  win32::HearOut(
+      panel_, [this] { return world_.sessionEnds == 0; }, kPatience);
+  EXPECT_EQ(world_.sessionEnds, 1);
+  system.join();
+}
+
+TEST_F(LastWordsTest, EventsOfTheFormComeTooLate) {
+  world_.platform.panel.SetTimerEnabled(true);
+  PostMessageW(panel_, WM_COMMAND, win32::ButtonCommand(0), 0);
+  PostMessageW(panel_, WM_CLOSE, 0, 0);
+  int asked = 0;
+  win32::HearOut(
+      panel_, [&] { return ++asked < 4; }, kPatience);
+  world_.platform.panel.SetTimerEnabled(false);
+  world_.platform.panel.LetMessagesRun();
+  EXPECT_THAT(world_.commands, IsEmpty());
+  EXPECT_EQ(world_.unloads, 0);
+  EXPECT_EQ(world_.ticks, 0);
+}
+
+LRESULT CALLBACK PostAgain(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_APP) PostMessageW(window, WM_APP, 0, 0);
+  return DefWindowProcW(window, message, wParam, lParam);
+}
+
+TEST_F(LastWordsTest, MessagesWithoutEndDoNotKeepTheProgram) {
+  const HWND busy =
+      CreateWindowExW(0, L"Static", L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
+  ASSERT_NE(busy, nullptr);
+  SetWindowLongPtrW(busy, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&PostAgain));
+  PostMessageW(busy, WM_APP, 0, 0);
+  int asked = 0;
+  win32::HearOut(
+      panel_, [&] { return ++asked < 4; }, kPatience);
+  EXPECT_EQ(asked, 4);
+  DestroyWindow(busy);
+}
+
+// A control may learn by messages to a window of its own that it is done.
+TEST_F(LastWordsTest, MessagesToOtherWindowsAreHandled) {
+  const HWND other =
+      CreateWindowExW(0, L"Static", L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
+  ASSERT_NE(other, nullptr);
+  PostMessageW(other, WM_CLOSE, 0, 0);
+  win32::HearOut(
+      panel_, [other] { return IsWindow(other) != FALSE; }, kPatience);
+  EXPECT_FALSE(IsWindow(other));
+}
+
+}  // namespace
+}  // namespace pointalk::contract

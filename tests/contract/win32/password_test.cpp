@@ -1,0 +1,200 @@
+// Password fields of every kind, and what may be taken for one.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <richedit.h>
+
+#include <array>
+#include <span>
+#include <string>
+#include <tuple>
+
+#include "reader/messages.h"
+#include "tests/contract/asking.h"
+#include "tests/contract/win32/win_world.h"
+
+namespace pointalk::contract {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+constexpr const char* kPlace = " rect=110,110,300,140";
+constexpr Point kOnField{150, 120};
+
+// What a field is made of, as the target's command `create` takes it.
+constexpr const char* kMadeAsPasswordFields[] = {
+    "class=Edit kind=password",
+    "class=EDIT style=0x24",  // one of several lines, which shows its text
+    "class=OddTextBox base=Edit kind=password",
+    "class=OddMemo base=Edit style=0x24",
+    "class=RichEdit20A ansi=1 kind=password",
+    "class=RichEdit20W kind=password",
+    "class=RICHEDIT50W kind=password",
+    "class=OddRich base=RICHEDIT50W kind=password",
+};
+constexpr const char* kOpenFields[] = {
+    "class=Edit",        "class=OddOpenBox base=Edit",         "class=RichEdit20W",
+    "class=RICHEDIT50W", "class=OddOpenRich base=RICHEDIT50W",
+};
+
+class PasswordTest : public testing::Test {
+ protected:
+  // Makes a field with something in it that must not be told.
+  WindowHandle Make(const std::string& what, const std::string& name = "field") {
+    const std::string reply =
+        world_.Tell("create " + name + ' ' + what + " parent=frame title=marlin" + kPlace);
+    return std::stoull(std::string(RawField(reply, "hwnd")));
+  }
+
+  std::optional<AccessibleFacts> Ask() {
+    world_.MovePointer(kOnField);
+    return Answered([&] { return world_.platform.accessibility.ObjectAt(kOnField); });
+  }
+
+  void ExpectKept(WindowHandle field) {
+    EXPECT_EQ(messages_.Send(field, kWmGetTextLength, 0, 0), std::nullopt);
+    EXPECT_EQ(messages_.Send(field, EM_GETTEXTLENGTHEX, 0, 0), std::nullopt);
+    EXPECT_EQ(messages_.WindowText(field, 100), std::nullopt);
+    EXPECT_EQ(messages_.EditLine(field, 0, 100), std::nullopt);
+    const auto facts = Ask();
+    ASSERT_TRUE(facts);
+    EXPECT_EQ(facts->name.value_or(u"").find(u"marlin"), Text::npos);
+    EXPECT_EQ(facts->value, std::nullopt);
+  }
+
+  void ExpectTold(WindowHandle field) {
+    EXPECT_EQ(Answered([&] { return messages_.Send(field, kWmGetTextLength, 0, 0); }), 6);
+    EXPECT_EQ(Answered([&] { return messages_.WindowText(field, 100); }), u"marlin");
+    const auto facts = Ask();
+    ASSERT_TRUE(facts);
+    EXPECT_EQ(facts->value.value_or(facts->name.value_or(u"")), u"marlin");
+  }
+
+  std::string Counts(const std::string& window) { return world_.Tell("counts " + window); }
+
+  WinWorld world_{{{{"frame", u"ContractFrame", u"Frame", {100, 100, 500, 400}}}}};
+  ControlMessages& messages_ = world_.platform.messages;
+};
+
+TEST_F(PasswordTest, AFieldThatWasMadeForPasswordsKeepsItsText) {
+  for (const char* what : kMadeAsPasswordFields) {
+    SCOPED_TRACE(what);
+    ExpectKept(Make(what));
+    world_.Tell("destroy field");
+  }
+}
+
+TEST_F(PasswordTest, AnOpenFieldTellsItsTextUntilItBecomesAPasswordField) {
+  for (const char* what : kOpenFields) {
+    SCOPED_TRACE(what);
+    const WindowHandle field = Make(what);
+    ExpectTold(field);
+    world_.Tell("conceal field");
+    ExpectKept(field);
+    world_.Tell("send field EM_SETPASSWORDCHAR 0 0");
+    ExpectTold(field);
+    world_.Tell("destroy field");
+  }
+}
+
+// A style of 0x20 is nothing special there.
+TEST_F(PasswordTest, AWindowThatIsNoTextFieldTellsItsTextWhateverItsStyle) {
+  for (const char* what :
+       {"class=Static style=0x20", "class=OddPlate base=Static style=0x20", "class=OddOwn style=0x20"}) {
+    SCOPED_TRACE(what);
+    ExpectTold(Make(what));
+    world_.Tell("destroy field");
+  }
+}
+
+TEST_F(PasswordTest, AComboBoxKeepsTheTextOfItsPasswordField) {
+  const WindowHandle combo = Make("class=ComboBox kind=editable");
+  world_.Tell("title field marlin");
+  EXPECT_EQ(Answered([&] { return messages_.WindowText(combo, 100); }), u"marlin");
+  world_.Tell("conceal field");
+  ExpectKept(combo);
+}
+
+// No window is found at its place, but the frame's object finds its object.
+TEST_F(PasswordTest, ADisabledFieldKeepsItsText) {
+  Make("class=OddPier base=Edit style=0x08000020");
+  const auto facts = Ask();
+  ASSERT_TRUE(facts);
+  EXPECT_EQ(facts->name, std::nullopt);
+}
+
+TEST_F(PasswordTest, ALabelIsNoPassword) {
+  Make("class=Edit kind=password");
+  world_.Tell("create label class=Static parent=frame title=Password rect=110,150,300,170");
+  const auto facts = Ask();
+  ASSERT_TRUE(facts);
+  EXPECT_EQ(facts->name, u"Password");
+  EXPECT_EQ(facts->value, std::nullopt);
+}
+
+TEST_F(PasswordTest, AnObjectOfAPasswordFieldHasANameButNoValue) {
+  Make("class=OddTextBox base=Edit kind=password");
+  world_.Tell("element field 0 name=Password value=marlin role=42");
+  const auto facts = Ask();
+  ASSERT_TRUE(facts);
+  EXPECT_EQ(facts->name, u"Password");
+  EXPECT_EQ(facts->value, std::nullopt);
+}
+
+TEST_F(PasswordTest, AnObjectThatKnowsNoStatesTellsItsValueAndOneThatFailsToDoesNot) {
+  Make("class=OddOwn");
+  world_.Tell("element field 0 value=marlin role=42 state=none");
+  auto facts = Ask();
+  ASSERT_TRUE(facts);
+  EXPECT_EQ(facts->value, u"marlin");
+  world_.Tell("element field 0 fails=state");
+  facts = Ask();
+  ASSERT_TRUE(facts);
+  EXPECT_EQ(facts->value, std::nullopt);
+}
+
+TEST_F(PasswordTest, AFieldThatDoesNotSayWhatItIsCountsAsAPasswordFieldAndIsAskedNoMore) {
+  const WindowHandle field = Make("class=OddTextBox base=Edit");
+  world_.Tell("rule field EM_GETPASSWORDCHAR hold");
+  world_.Tell("reset");
+  EXPECT_EQ(messages_.WindowText(field, 100), std::nullopt);
+  EXPECT_EQ(messages_.EditLine(field, 0, 100), std::nullopt);
+  world_.Tell("unrule field EM_GETPASSWORDCHAR");
+  EXPECT_THAT(Counts("field"), HasSubstr("\"EM_GETPASSWORDCHAR\":1"));
+  EXPECT_THAT(Counts("field"), Not(HasSubstr("WM_GETTEXT")));
+  EXPECT_TRUE(world_.RunUntil([&] { return messages_.WindowText(field, 100) == u"marlin"; }, 100'000));
+}
+
+TEST_F(PasswordTest, NobodyIsAskedWhereClassAndStyleTell) {
+  for (const char* what : {"class=Button", "class=Static", "class=Edit kind=password"}) {
+    SCOPED_TRACE(what);
+    const WindowHandle window = Make(what);
+    world_.Tell("reset");
+    std::ignore = messages_.WindowText(window, 100);
+    std::ignore = Ask();
+    EXPECT_THAT(Counts("field"), Not(HasSubstr("EM_GET")));
+    world_.Tell("destroy field");
+  }
+}
+
+TEST_F(PasswordTest, APartOfTheTextIsKeptAsWell) {
+  for (const bool hidden : {false, true}) {
+    const WindowHandle field = Make("class=RICHEDIT50W");
+    if (hidden) world_.Tell("conceal field");
+    const ProcessId process = world_.platform.windows.ProcessOf(field).value();
+    RemoteMemory& memory = world_.platform.memory;
+    const RemoteAddress text = memory.Allocate(process, 64);
+    const RemoteAddress record = memory.Allocate(process, 64);
+    TEXTRANGEW range{{0, 3}, reinterpret_cast<wchar_t*>(static_cast<std::uintptr_t>(text))};
+    ASSERT_TRUE(memory.Write(process, record, std::as_bytes(std::span(&range, 1))));
+    const auto count = messages_.Send(field, EM_GETTEXTRANGE, 0, record);
+    std::array<wchar_t, 4> part{};
+    ASSERT_TRUE(memory.Read(process, text, std::as_writable_bytes(std::span(part))));
+    EXPECT_EQ(count, hidden ? std::nullopt : std::optional(3));
+    EXPECT_EQ(std::wstring(part.data()), hidden ? L"" : L"mar");
+    world_.Tell("destroy field");
+  }
+}
+
+}  // namespace
+}  // namespace pointalk::contract

@@ -1,0 +1,82 @@
+// When the MIDI port is opened anew, and when that has to wait.
+#include "win32/port_state.h"
+
+#include <gtest/gtest.h>
+
+#include <windows.h>
+
+#include <mmsystem.h>
+
+#include "tones/short_messages.h"
+
+namespace pointalk::contract {
+namespace {
+
+using win32::PortState;
+using namespace std::chrono_literals;
+
+constexpr PortState::Time kNow{100s};
+
+TEST(PortState, OnlyAPortWhoseDeviceIsGoneIsLost) {
+  const PortState port;
+  for (const std::uint32_t error : {MMSYSERR_NODRIVER, MMSYSERR_INVALHANDLE, MIDIERR_NODEVICE})
+    EXPECT_TRUE(port.IsLost(error, kNow)) << error;
+  for (const std::uint32_t error : {MMSYSERR_NOERROR, MMSYSERR_ERROR, MMSYSERR_ALLOCATED, MMSYSERR_NOMEM,
+                                    MMSYSERR_INVALPARAM, MIDIERR_NOTREADY, MIDIERR_STILLPLAYING})
+    EXPECT_FALSE(port.IsLost(error, kNow)) << error;
+}
+
+TEST(PortState, ItIsNotLostAgainWithinASecond) {
+  PortState port;
+  port.Reopened(kNow);
+  EXPECT_FALSE(port.IsLost(MMSYSERR_NODRIVER, kNow));
+  EXPECT_FALSE(port.IsLost(MMSYSERR_NODRIVER, kNow + 999ms));
+  EXPECT_TRUE(port.IsLost(MMSYSERR_NODRIVER, kNow + 1s));
+  port.Reopened(kNow + 1s);
+  EXPECT_FALSE(port.IsLost(MMSYSERR_NODRIVER, kNow + 1999ms));
+}
+
+TEST(PortState, ANoteSoundsUntilItIsEnded) {
+  PortState port;
+  EXPECT_FALSE(port.NoteSounds());
+  port.Took(ProgramChange(kHigherToneChannel, 74));
+  EXPECT_FALSE(port.NoteSounds());
+  port.Took(NoteOn(kHigherToneChannel, 80, 60));
+  port.Took(NoteOn(kLowerToneChannel, 80, 60));
+  port.Took(0);
+  port.Took(NoteOff(kHigherToneChannel, 80, 60));
+  EXPECT_TRUE(port.NoteSounds());
+  port.Took(NoteOff(kLowerToneChannel, 79, 60));
+  EXPECT_TRUE(port.NoteSounds());
+  port.Took(NoteOff(kLowerToneChannel, 80, 0));
+  EXPECT_FALSE(port.NoteSounds());
+}
+
+TEST(PortState, ANoteWithoutLoudnessIsSilent) {
+  PortState port;
+  port.Took(NoteOn(kEventChannel, 72, 0));
+  EXPECT_FALSE(port.NoteSounds());
+  port.Took(NoteOn(kEventChannel, 72, 60));
+  port.Took(NoteOn(kEventChannel, 72, 0));
+  EXPECT_FALSE(port.NoteSounds());
+}
+
+TEST(PortState, NumbersThatMidiDoesNotKnowAreTakenAsADeviceSeesThem) {
+  PortState port;
+  port.Took(NoteOn(kEventChannel, 231, 127));
+  EXPECT_TRUE(port.NoteSounds());
+  port.Took(NoteOff(kEventChannel, 231, 127));
+  EXPECT_FALSE(port.NoteSounds());
+  port.Took(0xFFFFFFFF);
+  EXPECT_FALSE(port.NoteSounds());
+}
+
+TEST(PortState, NoNoteSoundsOnAPortThatWasOpenedAnew) {
+  PortState port;
+  port.Took(NoteOn(kEventChannel, 72, 60));
+  port.Reopened(kNow);
+  EXPECT_FALSE(port.NoteSounds());
+}
+
+}  // namespace
+}  // namespace pointalk::contract
