@@ -1,6 +1,7 @@
 #include "linux/accessibility.h"
 
-#include "linux/buffers.h"
+#include <algorithm>
+
 #include "linux/roles.h"
 
 namespace pointalk::linux {
@@ -18,7 +19,7 @@ bool LinuxAccessibility::QueryPending(WindowHandle window) {
 }
 
 Text LinuxAccessibility::RoleText(std::int32_t role, int capacity) {
-  return FittingBuffer(SpokenRoleText(role), capacity);
+  return Text(SpokenRoleText(role).substr(0, static_cast<std::size_t>(std::max(capacity, 0))));
 }
 
 }  // namespace pointalk::linux

@@ -48,7 +48,9 @@ std::optional<std::int32_t> LinuxControlMessages::Send(WindowHandle window, std:
   const Thing* const thing = Answering(window);
   if (thing == nullptr) return std::nullopt;
   switch (message) {
-    case kWmGetTextLength: return static_cast<std::int32_t>(TextOf(*thing).size());
+    case kWmGetTextLength:
+      if (thing->isPassword) return std::nullopt;
+      return static_cast<std::int32_t>(TextOf(*thing).size());
     case kEmCharFromPos:
       return thing->line ? CharacterAt(*thing->line, thing->pointer, lParam) : kNoCharacter;
     case kEmLineLength: return thing->line ? LengthOf(*thing->line) : 0;
@@ -59,14 +61,14 @@ std::optional<std::int32_t> LinuxControlMessages::Send(WindowHandle window, std:
 
 std::optional<Text> LinuxControlMessages::WindowText(WindowHandle window, std::int32_t capacity) {
   const Thing* const thing = Answering(window);
-  if (thing == nullptr) return std::nullopt;
+  if (thing == nullptr || thing->isPassword) return std::nullopt;
   return FittingBuffer(TextOf(*thing), capacity);
 }
 
 std::optional<Text> LinuxControlMessages::EditLine(WindowHandle window, std::int32_t line,
                                                    std::int32_t capacity) {
   const Thing* const thing = Answering(window);
-  if (thing == nullptr) return std::nullopt;
+  if (thing == nullptr || thing->isPassword) return std::nullopt;
   if (!thing->line || thing->line->number != line || capacity <= 0) return Text();
   return thing->line->line.substr(0, static_cast<std::size_t>(capacity));
 }

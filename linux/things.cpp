@@ -114,6 +114,7 @@ Thing Things::OfObject(const XWindowSpot& spot, FoundObject found) {
   const bool hasText = !IsBlank(found.name) || found.value || found.line;
   if (!hasText && IsHolder(found.role)) thing.className.clear();
   thing.isButton = Contains(thing.className, u"Button");
+  thing.isPassword = found.role == kRolePassword;
   thing.facts.role = found.readByLine ? kSpokenText : kind.spokenRole;
   thing.facts.name = UnlessEmpty(std::move(found.name));
   if (found.role == kRoleScrollBar && !thing.facts.name) thing.facts.name = Text(kScrollBarName);

@@ -26,6 +26,7 @@ struct Thing {
   AccessibleFacts facts;
   bool hasFacts = false;
   bool isButton = false;
+  bool isPassword = false;
   bool isPopUp = false;  // a menu or list that belongs to another window
   Point origin;          // on the screen
   Point pointer;         // seen from there, when the thing was found
