@@ -71,4 +71,5 @@ pointalk_glob(bench_sources tests/bench/*_bench.cpp tests/support/*.cpp tests/si
 if(POINTALK_BENCH AND bench_sources)
   find_package(benchmark REQUIRED)
   pointalk_program(pointalk_bench SOURCES ${bench_sources} LIBRARIES pointalk_sim benchmark::benchmark_main)
+  set_target_properties(pointalk_bench PROPERTIES UNITY_BUILD OFF)
 endif()

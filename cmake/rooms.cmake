@@ -7,17 +7,12 @@ function(pointalk_glob result)
   set(${result} ${files} PARENT_SCOPE)
 endfunction()
 
-option(POINTALK_UNITY "Compile each library of ours as one file: quicker, but a file can do without its own includes" OFF)
-
 # A static library of ours from `SOURCES`, with the libraries that its users need as well.
 function(pointalk_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
   add_library(${name} STATIC ${arg_SOURCES})
   target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
   target_link_libraries(${name} PUBLIC ${arg_LIBRARIES} PRIVATE pointalk_compiling)
-  if(POINTALK_UNITY)
-    set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
-  endif()
 endfunction()
 
 # A room: the library of its folder, linked to the rooms that it may see. That the linker holds it to them, a program
@@ -44,9 +39,12 @@ endfunction()
 
 option(POINTALK_PRECOMPILE "Read the large headers once for all files of a target" ON)
 
-# Has these headers read once for all files of a target. A build without it shows whether each file includes what it uses.
+# Has these headers read once for all files of a target that is not compiled as one. A build without it shows whether each file
+# includes what it uses.
 function(pointalk_precompile name)
-  if(POINTALK_PRECOMPILE)
+  get_target_property(is_joined ${name} UNITY_BUILD)
+  get_target_property(mode ${name} UNITY_BUILD_MODE)
+  if(POINTALK_PRECOMPILE AND (NOT is_joined OR mode STREQUAL "GROUP"))
     target_precompile_headers(${name} PRIVATE ${ARGN})
     if(MINGW)
       # gcc 12 forgets then which headers are the system's, and warns of what it inlines from them.
@@ -61,9 +59,17 @@ function(pointalk_precompile_windows name)
                       <string_view> <vector>)
 endfunction()
 
-# A program of tests: it waits for compilers more than it computes.
+# A program of tests: it waits for compilers more than it computes. Where a build compiles targets as one file, it compiles
+# the tests of a folder as one.
 function(pointalk_test_program name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
   pointalk_program(${name} ${ARGN})
+  set_target_properties(${name} PROPERTIES UNITY_BUILD_MODE GROUP)
+  foreach(source IN LISTS arg_SOURCES)
+    cmake_path(GET source PARENT_PATH folder)
+    cmake_path(GET folder FILENAME group)
+    set_source_files_properties(${source} PROPERTIES UNITY_GROUP ${group})
+  endforeach()
   if(NOT MSVC)
     target_compile_options(${name} PRIVATE -O0)
   endif()

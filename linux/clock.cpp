@@ -23,11 +23,22 @@ void LinuxClock::BeginSecond() {
   if (startSeconds_ >= kSecondsOfDay - 1) startSeconds_ = 0;
 }
 
-double LinuxClock::SecondsSinceMidnight() {
-  const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start_;
+double LinuxClock::SecondsAt(Moment moment) const {
+  const std::chrono::duration<double> passed = moment - start_;
   return std::fmod(startSeconds_ + passed.count(), kSecondsOfDay);
 }
 
-void LinuxClock::SpinPass() { std::this_thread::sleep_for(kPass); }
+double LinuxClock::SecondsSinceMidnight() { return SecondsAt(std::chrono::steady_clock::now()); }
+
+double LinuxClock::BeginPasses() {
+  passEnd_ = std::chrono::steady_clock::now();
+  return SecondsAt(passEnd_);
+}
+
+double LinuxClock::SpinPass() {
+  passEnd_ += kPass;
+  std::this_thread::sleep_until(passEnd_);
+  return SecondsAt(passEnd_);
+}
 
 }  // namespace pointalk::linux

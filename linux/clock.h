@@ -22,10 +22,16 @@ class LinuxClock final : public Clock {
 
   // Sleeps for a moment. A loop that counted would keep a processor busy in which other programs make the
   // answers that we wait for.
-  void SpinPass() override;
+  double BeginPasses() override;
+  double SpinPass() override;
 
  private:
-  std::chrono::steady_clock::time_point start_;
+  using Moment = std::chrono::steady_clock::time_point;
+
+  double SecondsAt(Moment moment) const;
+
+  Moment start_;
+  Moment passEnd_;  // of the last pass
   double startSeconds_ = 0;
 };
 

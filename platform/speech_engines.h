@@ -31,7 +31,7 @@ class Sapi5Voice {
   [[nodiscard]] virtual bool SetVoice(std::int32_t index) = 0;           // false for an index out of range
 
   // Speaks with the flags above, or with none given: then it returns when the text has been spoken.
-  // With kSpeakAsync it may not be known yet whether the engine takes the text.
+  // With kSpeakAsync it may not be known yet whether the engine takes the text; then it gives true.
   [[nodiscard]] virtual bool Speak(TextView text, std::optional<int> flags) = 0;
 };
 
@@ -52,8 +52,9 @@ class Sapi4Control {
   virtual std::optional<double> Find(TextView criteria) = 0;
   [[nodiscard]] virtual bool Select(double voice) = 0;
 
-  [[nodiscard]] virtual bool AudioReset() = 0;          // cuts off what is being said
-  [[nodiscard]] virtual bool Speak(TextView text) = 0;  // returns at once
+  // These two return at once; true also where it is not known yet whether the engine takes them.
+  [[nodiscard]] virtual bool AudioReset() = 0;  // cuts off what is being said
+  [[nodiscard]] virtual bool Speak(TextView text) = 0;
 
   // Character position of the last word spoken; 0 before the first and after the last.
   virtual std::optional<double> LastWordPosition() = 0;

@@ -35,7 +35,8 @@ class WindowTree {
   virtual std::optional<Point> ToClient(WindowHandle window, Point screen) = 0;
 
   // The title that the system itself keeps for the window, at most capacity - 1 characters; empty when there
-  // is none. Never asks the window's program. What is in a password field is no title.
+  // is none. Never asks another program, and so cannot tell every password field: ask for a window's own text
+  // first, which is refused for all of them.
   virtual Text CaptionOf(WindowHandle window, int capacity) = 0;
 };
 

@@ -11,7 +11,11 @@ class SimClock final : public Clock {
   explicit SimClock(Machine& machine) : machine_(machine) {}
 
   double SecondsSinceMidnight() override { return static_cast<double>(machine_.clock) / 1e6; }
-  void SpinPass() override { machine_.Pass(machine_.setup.spinMicroseconds); }
+  double BeginPasses() override { return SecondsSinceMidnight(); }
+  double SpinPass() override {
+    machine_.Pass(machine_.setup.spinMicroseconds);
+    return SecondsSinceMidnight();
+  }
 
  private:
   Machine& machine_;

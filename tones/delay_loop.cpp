@@ -10,17 +10,15 @@ constexpr std::int32_t kMostPasses = 1'000'000;
 }  // namespace
 
 void DelayLoop::CalibrateDelayLoop() {
-  const double target = Rounded(clock_.SecondsSinceMidnight() + 1.0);
+  const double target = Rounded(clock_.BeginPasses() + 1.0);
   std::int32_t pass = 1;
-  for (; pass <= kMostPasses; ++pass) {
-    clock_.SpinPass();
-    if (clock_.SecondsSinceMidnight() > target) break;
-  }
+  while (pass <= kMostPasses && clock_.SpinPass() <= target) ++pass;
   mDelayLoopsPerSecond = pass;
 }
 
 void DelayLoop::BusyWait(std::int32_t milliseconds) {
   const std::int64_t passes = std::int64_t{mDelayLoopsPerSecond} * milliseconds / 1000;
+  clock_.BeginPasses();
   for (std::int64_t pass = 1; pass <= passes; ++pass) clock_.SpinPass();
 }
 

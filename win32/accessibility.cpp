@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "win32/ansi.h"
+#include "win32/counter.h"
 #include "win32/sent_messages.h"
 #include "win32/wide_text.h"
 #include "win32/window_handles.h"
@@ -13,24 +14,25 @@
 namespace pointalk::win32 {
 namespace {
 
-// Most objects answer within the first wait, which is cheap. The second handles messages that other threads
-// send to this one's windows: the object asked may be one of our own, or its program may need an answer of
-// ours first. No event of the form comes in.
+// Most objects answer within the first wait, which is cheap. After that the messages are handled that other
+// threads send to this one's windows: the object asked may be one of our own, or its program may need an
+// answer of ours first. No event of the form comes in.
+constexpr DWORD kQuestionLimit = 250;        // milliseconds, for all of a question
 constexpr DWORD kQuickWait = 10;             // milliseconds
-constexpr DWORD kPumpingWait = 240;          // milliseconds
 constexpr DWORD kPointerCheckInterval = 30;  // milliseconds between two looks at the pointer
-constexpr DWORD kWaitAfterLeaving = 90;      // milliseconds that are waited although the pointer has left
+constexpr DWORD kWaitAfterLeaving = 100;     // milliseconds of the limit, although the pointer has left
 
 constexpr std::size_t kMostAbandoned = 4;
 constexpr UINT kLongestRole = 1024;  // characters
 
 // Waits for an event, but ends early when the pointer has left the thread's windows, since what is under it
 // now waits to be named. Not at once: on a busy machine healthy objects are slow as well.
-bool PumpWhilePointedAt(DWORD thread, HANDLE event) {
-  for (DWORD waited = kPointerCheckInterval; waited <= kPumpingWait; waited += kPointerCheckInterval) {
-    if (AwaitServingSent(event, kPointerCheckInterval)) return true;
-    if (waited >= kWaitAfterLeaving && ThreadUnderPointer() != thread) return false;
-  }
+bool PumpWhilePointedAt(DWORD thread, HANDLE event, const Deadline& deadline) {
+  do {
+    if (AwaitServingSent(event, std::min(deadline.Left(), kPointerCheckInterval))) return true;
+    const bool mayLeave = deadline.Left() <= kQuestionLimit - kWaitAfterLeaving;
+    if (mayLeave && ThreadUnderPointer() != thread) return false;
+  } while (deadline.Left() > 0);
   return false;
 }
 
@@ -39,15 +41,24 @@ bool PumpWhilePointedAt(DWORD thread, HANDLE event) {
 std::optional<AccessibleFacts> WinAccessibility::ObjectAt(Point screen) {
   ForgetReturned();
   if (!MayAsk(screen) || !HaveWorker()) return std::nullopt;
+  const Deadline deadline(kQuestionLimit);
   worker_->Ask(screen);
-  if (worker_->AnswersWithin(kQuickWait)) return worker_->TakeAnswer();
+  if (worker_->AnswersWithin(kQuickWait)) return TakeAnswer();
   const HWND window = WindowFromPoint({screen.x, screen.y});
   const DWORD thread = GetWindowThreadProcessId(window, nullptr);
-  if (PumpWhilePointedAt(thread, worker_->AnswerEvent())) return worker_->TakeAnswer();
+  if (PumpWhilePointedAt(thread, worker_->AnswerEvent(), deadline)) return TakeAnswer();
   unresponsiveThreads_.TimedOut(window);
-  std::optional<AccessibleFacts> soFar = worker_->TakeAnswer();
+  std::optional<AccessibleFacts> soFar = worker_->TakeAnswer().facts;
   abandoned_.push_back({std::move(worker_), window, thread});
   return soFar;
+}
+
+// What the worker noticed is remembered here, so that the messages to the same window do not cost another
+// limit.
+std::optional<AccessibleFacts> WinAccessibility::TakeAnswer() {
+  ObjectAnswer answer = worker_->TakeAnswer();
+  if (answer.unresponsive != nullptr) unresponsiveThreads_.TimedOut(answer.unresponsive);
+  return std::move(answer.facts);
 }
 
 // A thread may answer messages and still never answer the earlier question, so it must have answered both.

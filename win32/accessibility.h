@@ -31,6 +31,7 @@ class WinAccessibility final : public Accessibility {
 
   bool MayAsk(Point screen);
   bool HaveWorker();
+  std::optional<AccessibleFacts> TakeAnswer();
   void ForgetReturned();
 
   UnresponsiveThreads& unresponsiveThreads_;

@@ -4,27 +4,22 @@
 
 #include <cmath>
 
+#include "win32/counter.h"
+
 namespace pointalk::win32 {
 namespace {
 
 constexpr double kSecondsOfDay = 86'400;
-constexpr int kIterationsOfPass = 1000;
 
-std::int64_t Ticks() {
-  LARGE_INTEGER ticks;
-  QueryPerformanceCounter(&ticks);
-  return ticks.QuadPart;
-}
+// Long beside a reading of the counter, which takes a microsecond or more on some machines; short beside what
+// anybody waits for.
+constexpr double kPassesOfSecond = 20'000;
 
-double TicksPerSecond() {
-  LARGE_INTEGER frequency;
-  QueryPerformanceFrequency(&frequency);
-  return static_cast<double>(frequency.QuadPart);
-}
+double Ticks() { return static_cast<double>(CounterNow()); }
 
 }  // namespace
 
-WinClock::WinClock() : ticksPerSecond_(TicksPerSecond()) { BeginSecond(); }
+WinClock::WinClock() : ticksPerSecond_(static_cast<double>(CounterFrequency())) { BeginSecond(); }
 
 void WinClock::BeginSecond() {
   SYSTEMTIME now;
@@ -34,21 +29,21 @@ void WinClock::BeginSecond() {
   if (startSeconds_ == kSecondsOfDay - 1) startSeconds_ = 0;
 }
 
-double WinClock::SecondsSinceMidnight() {
-  const double passed = static_cast<double>(Ticks() - startTicks_) / ticksPerSecond_;
-  return std::fmod(startSeconds_ + passed, kSecondsOfDay);
+double WinClock::SecondsAt(double ticks) const {
+  return std::fmod(startSeconds_ + (ticks - startTicks_) / ticksPerSecond_, kSecondsOfDay);
 }
 
-// Each division waits for the one before it and has a divisor that is not known before, so that neither a
-// clever compiler nor a wide processor gets ahead: the fastest need about 20 cycles for an iteration, and a
-// million passes of a thousand take them several seconds.
-void WinClock::SpinPass() {
-  std::uint64_t value = spun_;
-  for (int i = 0; i < kIterationsOfPass; ++i) {
-    value = ~std::uint64_t{0} / (value >> 40 | 1);
-    value = ~value / (value >> 40 | 1) + static_cast<std::uint64_t>(i);
-  }
-  spun_ = value;
+double WinClock::SecondsSinceMidnight() { return SecondsAt(Ticks()); }
+
+double WinClock::BeginPasses() {
+  passEnd_ = Ticks();
+  return SecondsAt(passEnd_);
+}
+
+double WinClock::SpinPass() {
+  passEnd_ += ticksPerSecond_ / kPassesOfSecond;
+  while (Ticks() < passEnd_) YieldProcessor();
+  return SecondsAt(passEnd_);
 }
 
 }  // namespace pointalk::win32

@@ -20,13 +20,16 @@ class WinClock final : public Clock {
   void BeginSecond();
 
   double SecondsSinceMidnight() override;
-  void SpinPass() override;
+  double BeginPasses() override;
+  double SpinPass() override;
 
  private:
+  double SecondsAt(double ticks) const;
+
   double ticksPerSecond_;
-  std::int64_t startTicks_ = 0;
+  double startTicks_ = 0;
   double startSeconds_ = 0;
-  volatile std::uint64_t spun_ = 1;  // what the loop came to; the compiler must think that somebody reads it
+  double passEnd_ = 0;  // of the last pass, in ticks
 };
 
 }  // namespace pointalk::win32

@@ -61,8 +61,7 @@ std::optional<std::int32_t> WinControlMessages::AskOpenly(HWND window, UINT mess
     CountTime(window, begin, GetTickCount64());
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(result));
   }
-  const DWORD error = GetLastError();
-  if (error == 0 || error == ERROR_TIMEOUT) unresponsiveThreads_.TimedOut(window);
+  if (ShowsUnresponsive(GetLastError())) unresponsiveThreads_.TimedOut(window);
   return std::nullopt;
 }
 

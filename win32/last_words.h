@@ -3,18 +3,24 @@
 
 #include <windows.h>
 
+#include <algorithm>
+
+#include "win32/counter.h"
+
 namespace pointalk::win32 {
 
 // Handles messages that wait, a thousand at most, but drops what was posted to the form's window: its events
 // come too late.
 void HandleWithoutForm(HWND form);
 
-// Returns once nothing is said any more, or after so many milliseconds. Messages are handled meanwhile, since
-// a control may need them to notice that it is done, and so that the end of the session is told.
+// Returns once nothing is said any more, or after so many milliseconds. `isSpeaking` is given the
+// milliseconds that are left, and must not take longer. Messages are handled meanwhile, so that the end of
+// the session is told.
 template <typename Question> void HearOut(HWND form, Question isSpeaking, DWORD limit) {
-  constexpr DWORD kLook = 20;  // milliseconds
-  for (const ULONGLONG end = GetTickCount64() + limit; isSpeaking() && GetTickCount64() < end;) {
-    MsgWaitForMultipleObjects(0, nullptr, FALSE, kLook, QS_ALLINPUT);
+  constexpr DWORD kBetweenLooks = 20;  // milliseconds
+  const Deadline deadline(limit);
+  for (DWORD left = limit; left > 0 && isSpeaking(left); left = deadline.Left()) {
+    MsgWaitForMultipleObjects(0, nullptr, FALSE, std::min(deadline.Left(), kBetweenLooks), QS_ALLINPUT);
     HandleWithoutForm(form);
   }
 }

@@ -27,7 +27,9 @@ MenuHandle WinMenus::SubMenuOf(MenuHandle menu, int position) {
 bool WinMenus::IsMenu(MenuHandle menu) { return ::IsMenu(ToMenu(menu)) != FALSE; }
 
 std::int32_t WinMenus::ItemAt(WindowHandle window, MenuHandle menu, Point screen) {
-  return MenuItemFromPoint(ToWindow(window), ToMenu(menu), {screen.x, screen.y});
+  return scale_.AskAt(ToWindow(window), {screen.x, screen.y}, [window, menu](POINT place) {
+    return MenuItemFromPoint(ToWindow(window), ToMenu(menu), place);
+  });
 }
 
 std::int32_t WinMenus::ItemText(MenuHandle menu, std::int32_t position, Text& buffer, int capacity) {

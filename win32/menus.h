@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/menus.h"
+#include "win32/window_scale.h"
 
 namespace pointalk::win32 {
 
@@ -12,6 +13,9 @@ class WinMenus final : public Menus {
   bool IsMenu(MenuHandle menu) override;
   std::int32_t ItemAt(WindowHandle window, MenuHandle menu, Point screen) override;
   std::int32_t ItemText(MenuHandle menu, std::int32_t position, Text& buffer, int capacity) override;
+
+ private:
+  WindowScale scale_;
 };
 
 }  // namespace pointalk::win32

@@ -33,18 +33,18 @@ MidiOpening WinMidiOut::OpenMapper() {
 
 bool WinMidiOut::Send(MidiHandle port, std::uint32_t message) {
   MMRESULT result = midiOutShortMsg(ToPort(Current(port)), message);
-  if (port != given_) return result == MMSYSERR_NOERROR;
+  if (port != given_ || given_ == 0) return result == MMSYSERR_NOERROR;
   if (state_.IsLost(result, std::chrono::steady_clock::now())) {
     Reopen();
     if (current_ != 0) result = midiOutShortMsg(ToPort(current_), message);
   }
-  if (result == MMSYSERR_NOERROR) state_.Took(message);
+  state_.Sent(message, result == MMSYSERR_NOERROR);
   return result == MMSYSERR_NOERROR;
 }
 
 bool WinMidiOut::Close(MidiHandle port) {
   const MMRESULT result = midiOutClose(ToPort(Current(port)));
-  if (port == given_) given_ = 0;
+  if (port == given_) given_ = 0, current_ = 0;
   return result == MMSYSERR_NOERROR;
 }
 

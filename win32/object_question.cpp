@@ -12,7 +12,9 @@
 #include "win32/automation_question.h"
 #include "win32/com.h"
 #include "win32/password_field.h"
+#include "win32/unresponsive_threads.h"
 #include "win32/wide_text.h"
+#include "win32/window_scale.h"
 
 namespace pointalk::win32 {
 namespace {
@@ -57,23 +59,44 @@ bool IsNamedByText(std::optional<std::int32_t> role) {
   return !role || *role == ROLE_SYSTEM_CLIENT || *role == ROLE_SYSTEM_WINDOW;
 }
 
-// Within the limit of any message; that of the whole question goes on meanwhile.
-std::optional<std::int32_t> AskWindow(HWND window, UINT message) {
-  constexpr UINT kLimit = 100;  // milliseconds
-  DWORD_PTR result = 0;
-  if (SendMessageTimeoutW(window, message, 0, 0, SMTO_NORMAL | SMTO_ABORTIFHUNG, kLimit, &result) == 0)
+// The windows at and of an object, asked whether they are password fields.
+class PasswordQuestion {
+ public:
+  explicit PasswordQuestion(Point screen) : screen_(screen) {}
+
+  bool HasPasswordAtPlace() { return Holds(WindowFromPoint({screen_.x, screen_.y})); }
+
+  // At a point of a disabled window the system finds the window below, but the object is the disabled one's.
+  bool IsOfPassword(IAccessible& object) {
+    if (HasPasswordAtPlace()) return true;
+    const HWND own = WindowOf(object);
+    return own != nullptr && own != WindowFromPoint({screen_.x, screen_.y}) && Holds(own);
+  }
+
+  // A window that did not answer in time; null where all did.
+  HWND Unresponsive() const { return unresponsive_; }
+
+ private:
+  bool Holds(HWND window) {
+    return HoldsPassword(window, [this](HWND field, UINT message) { return Ask(field, message); });
+  }
+
+  // Within the limit of any message; that of the whole question goes on meanwhile.
+  std::optional<std::int32_t> Ask(HWND window, UINT message) {
+    constexpr UINT kAnswerLimit = 100;  // milliseconds
+    if (window == unresponsive_) return std::nullopt;
+    DWORD_PTR result = 0;
+    SetLastError(0);
+    if (SendMessageTimeoutW(window, message, 0, 0, SMTO_NORMAL | SMTO_ABORTIFHUNG, kAnswerLimit, &result) !=
+        0)
+      return static_cast<std::int32_t>(static_cast<std::uint32_t>(result));
+    if (ShowsUnresponsive(GetLastError())) unresponsive_ = window;
     return std::nullopt;
-  return static_cast<std::int32_t>(static_cast<std::uint32_t>(result));
-}
+  }
 
-bool HasPasswordAt(Point screen) { return HoldsPassword(WindowFromPoint({screen.x, screen.y}), &AskWindow); }
-
-// At a point of a disabled window the system finds the window below, but the object is the disabled one's.
-bool IsOfPassword(IAccessible& object, Point screen) {
-  if (HasPasswordAt(screen)) return true;
-  const HWND own = WindowOf(object);
-  return own != nullptr && own != WindowFromPoint({screen.x, screen.y}) && HoldsPassword(own, &AskWindow);
-}
+  Point screen_;
+  HWND unresponsive_ = nullptr;
+};
 
 // Takes out what is the text of a password field, and tells whether there was any. `isOfPassword` is asked
 // only where the facts make it necessary: most have neither a value nor a name that a window's text may be.
@@ -91,12 +114,21 @@ struct Said {
   bool keepsPassword = false;  // and these are without it
 };
 
-Said AskAccessibleObject(Point screen) {
+// Nobody converts the place on its way to the object of another program, nor in the messages by which the
+// system's own objects ask a control. So it has to be as that program counts.
+ComPointer<IAccessible> ObjectAt(POINT screen, Variant& child) {
+  const ScaleCalls system = ScaleCalls::OfSystem();
+  const InOwnAwareness own(system, WindowFromPoint(screen), screen);
   IAccessible* found = nullptr;
+  const HRESULT outcome = AccessibleObjectFromPoint(own.Place(), &found, child.Fill());
+  ComPointer<IAccessible> object(found);
+  return SUCCEEDED(outcome) ? std::move(object) : nullptr;
+}
+
+Said AskAccessibleObject(Point screen, PasswordQuestion& password) {
   Variant child;
-  const HRESULT outcome = AccessibleObjectFromPoint({screen.x, screen.y}, &found, child.Fill());
-  const ComPointer<IAccessible> object(found);
-  if (FAILED(outcome) || !object) return {};
+  const ComPointer<IAccessible> object = ObjectAt({screen.x, screen.y}, child);
+  if (!object) return {};
   AccessibleFacts facts;
   facts.name = Read(*object, &IAccessible::get_accName, child.Get());
   facts.role = ReadRole(*object, child.Get());
@@ -104,7 +136,7 @@ Said AskAccessibleObject(Point screen) {
   facts.value = Read(*object, &IAccessible::get_accValue, child.Get());
   const bool isProtected = facts.value && IsProtected(*object, child.Get());
   if (isProtected) facts.value.reset();
-  const bool isOfField = KeepFieldText(facts, [&] { return IsOfPassword(*object, screen); });
+  const bool isOfField = KeepFieldText(facts, [&] { return password.IsOfPassword(*object); });
   return {std::move(facts), isProtected || isOfField};
 }
 
@@ -117,16 +149,17 @@ Text ClassAt(Point screen) {
 
 }  // namespace
 
-std::optional<AccessibleFacts> AskObjectAt(Point screen, AutomationQuestion& automation,
-                                           const EarlyAnswer& early) {
-  Said said = AskAccessibleObject(screen);
-  if (said.keepsPassword || !WantsAutomation(said.facts, ClassAt(screen))) return said.facts;
-  early(said.facts);
-  std::optional<AutomationAnswer> more = automation.Ask(screen);
-  if (!more) return said.facts;
-  AccessibleFacts facts = Joined(std::move(said.facts), *std::move(more));
-  KeepFieldText(facts, [screen] { return HasPasswordAt(screen); });
-  return facts;
+ObjectAnswer AskObjectAt(Point screen, AutomationQuestion& automation, const EarlyAnswer& early) {
+  PasswordQuestion password(screen);
+  Said said = AskAccessibleObject(screen, password);
+  if (!said.keepsPassword && WantsAutomation(said.facts, ClassAt(screen))) {
+    early(said.facts);
+    if (std::optional<AutomationAnswer> more = automation.Ask(screen)) {
+      said.facts = Joined(std::move(said.facts), *std::move(more));
+      KeepFieldText(*said.facts, [&password] { return password.HasPasswordAtPlace(); });
+    }
+  }
+  return {std::move(said.facts), password.Unresponsive()};
 }
 
 }  // namespace pointalk::win32

@@ -5,9 +5,9 @@
 #include <utility>
 
 #include "win32/com.h"
+#include "win32/counter.h"
 #include "win32/handles.h"
 #include "win32/locked.h"
-#include "win32/object_question.h"
 
 namespace pointalk::win32 {
 
@@ -15,9 +15,9 @@ struct ObjectWorker::Shared {
   SRWLOCK lock = SRWLOCK_INIT;
   CONDITION_VARIABLE asked = CONDITION_VARIABLE_INIT;
   CONDITION_VARIABLE answered = CONDITION_VARIABLE_INIT;
-  std::optional<Point> question;          // not yet answered
-  std::optional<AccessibleFacts> answer;  // what there is of it, while the question is under way
-  OwnedHandle event;                      // once somebody waits for it
+  std::optional<Point> question;  // not yet answered
+  ObjectAnswer answer;            // what there is of it, while the question is under way
+  OwnedHandle event;              // once somebody waits for it
   bool unwanted = false;
 
   void Serve();
@@ -36,17 +36,17 @@ void ObjectWorker::Shared::Serve() {
   AutomationQuestion automation;
   const auto early = [this](const std::optional<AccessibleFacts>& facts) {
     const Locked locked(lock);
-    answer = facts;
+    answer.facts = facts;
   };
   while (const auto place = NextQuestion()) {
-    std::optional<AccessibleFacts> facts;
+    ObjectAnswer complete;
     try {
-      facts = AskObjectAt(*place, automation, early);
+      complete = AskObjectAt(*place, automation, early);
     } catch (const std::exception&) {  // a text too long for our memory
-      facts.reset();
+      complete = {};
     }
     const Locked locked(lock);
-    answer = std::move(facts);
+    answer = std::move(complete);
     question.reset();
     if (event) SetEvent(event.get());
     WakeConditionVariable(&answered);
@@ -82,12 +82,12 @@ void ObjectWorker::Ask(Point screen) {
 }
 
 bool ObjectWorker::AnswersWithin(DWORD milliseconds) {
-  const ULONGLONG end = GetTickCount64() + milliseconds;
+  const Deadline deadline(milliseconds);
   const Locked locked(shared_->lock);
   while (shared_->question) {
-    const ULONGLONG now = GetTickCount64();
-    if (now >= end) return false;
-    SleepConditionVariableSRW(&shared_->answered, &shared_->lock, static_cast<DWORD>(end - now), 0);
+    const DWORD left = deadline.Left();
+    if (left == 0) return false;
+    SleepConditionVariableSRW(&shared_->answered, &shared_->lock, left, 0);
   }
   return true;
 }
@@ -98,9 +98,9 @@ HANDLE ObjectWorker::AnswerEvent() {
   return shared_->event.get();
 }
 
-std::optional<AccessibleFacts> ObjectWorker::TakeAnswer() {
+ObjectAnswer ObjectWorker::TakeAnswer() {
   const Locked locked(shared_->lock);
-  return std::exchange(shared_->answer, std::nullopt);
+  return std::exchange(shared_->answer, {});
 }
 
 }  // namespace pointalk::win32

@@ -7,7 +7,7 @@
 #include <optional>
 #include <utility>
 
-#include "platform/accessibility.h"
+#include "win32/object_question.h"
 
 namespace pointalk::win32 {
 
@@ -33,7 +33,7 @@ class ObjectWorker {
 
   bool IsBack() { return AnswersWithin(0); }
   // While the question is under way, what there is of its answer.
-  std::optional<AccessibleFacts> TakeAnswer();
+  ObjectAnswer TakeAnswer();
 
  private:
   struct Shared;

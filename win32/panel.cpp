@@ -5,8 +5,8 @@
 #include <climits>
 #include <utility>
 
+#include "win32/exact_timer.h"
 #include "win32/foreground.h"
-#include "win32/late_procedure.h"
 #include "win32/mouse_reports.h"
 #include "win32/one_pointalk.h"
 #include "win32/panel_commands.h"
@@ -20,16 +20,10 @@ constexpr UINT_PTR kDevicesTimer = 2;
 constexpr UINT kDevicesSettle = 1000;  // milliseconds after the last change, of which there are many at once
 constexpr UINT kDevicesAgain = 100;    // milliseconds: the tones are silent for moments only
 constexpr DWORD kStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
-constexpr UINT kUsualDpi = 96;
+constexpr SIZE kFirstSize = {400, 200};  // pixels, until it is laid out
 
-UINT DpiOf(HWND window) {
-  const auto ask = LateProcedure<decltype(&GetDpiForWindow)>(L"user32.dll", "GetDpiForWindow");
-  if (ask != nullptr) return ask(window);
-  const HDC screen = GetDC(nullptr);
-  const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
-  ReleaseDC(nullptr, screen);
-  return dpi > 0 ? static_cast<UINT>(dpi) : kUsualDpi;
-}
+// A window between two screens may belong to one of them at the one's scale, and to the other at the other's.
+constexpr int kMostLayouts = 3;
 
 POINT TopLeftOfScreen() {
   RECT work{};
@@ -78,21 +72,6 @@ std::optional<RECT> RectangleAt(LPARAM address) {
   return place;
 }
 
-bool IsBox(HWND window) { return GetClassLongW(window, GCW_ATOM) == LOWORD(WC_DIALOG); }
-
-BOOL CALLBACK TakeOpenBox(HWND window, LPARAM found) {
-  if (!IsBox(window) || !IsWindowVisible(window) || !IsWindowEnabled(window)) return TRUE;
-  *reinterpret_cast<HWND*>(found) = window;
-  return FALSE;
-}
-
-// The box that waits for the user's answer; null where none is open.
-HWND OpenBox() {
-  HWND open = nullptr;
-  EnumThreadWindows(GetCurrentThreadId(), &TakeOpenBox, reinterpret_cast<LPARAM>(&open));
-  return open;
-}
-
 bool TellsOfDevices(UINT message, WPARAM wParam) {
   return (message == WM_POWERBROADCAST && wParam == PBT_APMRESUMEAUTOMATIC) ||
          (message == WM_DEVICECHANGE && wParam == DBT_DEVNODES_CHANGED);
@@ -105,25 +84,41 @@ bool MayTakeLong(UINT message) {
 
 }  // namespace
 
-WinPanel::WinPanel(const VoiceThread& voice) : voice_(voice), keys_(MakePanelAccelerators()) {
+// The system would rather make it on the screen that it is started from, which may be of another scale.
+WinPanel::WinPanel(const VoiceThread& voice, ScaleQuestion scaleOf)
+    : voice_(voice), keys_(MakePanelAccelerators()), scaleOf_(scaleOf) {
   RegisterPanelClass(&OnMessage);
   menu_ = MakePanelMenu();
-  window_ = CreateWindowExW(0, kPanelClass, Wide(kPanelCaption).c_str(), kStyle, CW_USEDEFAULT, CW_USEDEFAULT,
-                            400, 200, nullptr, menu_, GetModuleHandleW(nullptr), nullptr);
+  const POINT place = TopLeftOfScreen();
+  window_ = CreateWindowExW(0, kPanelClass, Wide(kPanelCaption).c_str(), kStyle, place.x, place.y,
+                            kFirstSize.cx, kFirstSize.cy, nullptr, menu_, GetModuleHandleW(nullptr), nullptr);
   SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   controls_.emplace(window_);
   focus_ = controls_->FirstButton();
-  Fit(TopLeftOfScreen());
+  Fit(place);
 }
 
 WinPanel::~WinPanel() { DestroyWindow(window_); }
 
-// The frame is taken from the window itself, whose menu may need a second line.
+// The scale may change while the window is moved and resized, which the system tells in the midst of it: then
+// all is measured again.
 void WinPanel::Fit(POINT place) {
-  dpi_ = DpiOf(window_);
+  if (std::exchange(fits_, true)) return;
+  for (int layouts = 0; layouts == 0 || (layouts < kMostLayouts && scaleOf_(window_) != dpi_); ++layouts)
+    LayOut(place);
+  fits_ = false;
+}
+
+// The frame is taken from the window itself, whose menu may need a second line. How many it needs shows at
+// the window's width.
+void WinPanel::LayOut(POINT place) {
+  dpi_ = scaleOf_(window_);
   const SIZE inside = controls_->Arrange(dpi_);
-  SetWindowPos(window_, nullptr, place.x, place.y, inside.cx * 2, inside.cy * 2,
-               SWP_NOZORDER | SWP_NOACTIVATE);
+  Resize(place, inside);
+  Resize(place, inside);
+}
+
+void WinPanel::Resize(POINT place, SIZE inside) {
   RECT whole, client;
   GetWindowRect(window_, &whole);
   GetClientRect(window_, &client);
@@ -188,7 +183,7 @@ std::optional<LRESULT> WinPanel::HandleWindow(UINT message, WPARAM wParam, LPARA
       if (wParam == SIZE_MINIMIZED) return std::nullopt;
       if (GetFocus() == window_) SetFocus(focus_);  // a minimised window's could not be given the keyboard
       RECT place{};
-      if (DpiOf(window_) != dpi_ && GetWindowRect(window_, &place)) Fit({place.left, place.top});
+      if (scaleOf_(window_) != dpi_ && GetWindowRect(window_, &place)) Fit({place.left, place.top});
       return std::nullopt;
     }
     case DM_GETDEFID: return MAKELONG(GetDlgCtrlID(controls_->FirstButton()), DC_HASDEFID);
@@ -272,7 +267,7 @@ void WinPanel::SetTimerInterval(int milliseconds) {
 }
 
 void WinPanel::ArmTimer() {
-  timerArmed_ = SetTimer(window_, kPollTimer, static_cast<UINT>(timerInterval_), nullptr) != 0;
+  timerArmed_ = SetExactTimer(window_, kPollTimer, static_cast<UINT>(timerInterval_));
 }
 
 void WinPanel::TellTick() {

@@ -9,6 +9,7 @@
 #include "win32/panel_controls.h"
 #include "win32/panel_events.h"
 #include "win32/voice_thread.h"
+#include "win32/window_scale.h"
 
 namespace pointalk::win32 {
 
@@ -17,7 +18,7 @@ inline constexpr wchar_t kPanelClass[] = L"PointalkPanel";
 class WinPanel final : public Panel {
  public:
   // The window is made hidden, and tells nobody anything before Serve.
-  explicit WinPanel(const VoiceThread& voice);
+  explicit WinPanel(const VoiceThread& voice, ScaleQuestion scaleOf = &ScaleOf);
   ~WinPanel() override;
   WinPanel(const WinPanel&) = delete;
   WinPanel& operator=(const WinPanel&) = delete;
@@ -52,6 +53,8 @@ class WinPanel final : public Panel {
   void TellDevices();
   void TellCommand(UINT command);
   void Fit(POINT place);
+  void LayOut(POINT place);
+  void Resize(POINT place, SIZE inside);
 
   void ArmTimer();
 
@@ -60,7 +63,9 @@ class WinPanel final : public Panel {
   HMENU menu_ = nullptr;  // the window's
   OwnedAccelerators keys_;
   std::optional<PanelControls> controls_;
+  ScaleQuestion scaleOf_;
   UINT dpi_ = 0;          // that it was laid out for
+  bool fits_ = false;     // is being laid out
   HWND focus_ = nullptr;  // the control that had the keyboard when the window last lost it
   PanelEvents* events_ = nullptr;
   bool runs_ = false;           // start-up, which minimises the panel, is over

@@ -10,16 +10,17 @@ namespace pointalk::win32 {
 namespace {
 
 constexpr std::uint32_t kNoteOff = 0x80;
-constexpr std::uint32_t kNoteOn = 0x90;
 constexpr std::chrono::seconds kBetweenReopenings{1};  // opening may take long, and the tick waits for it
 
 }  // namespace
 
-void PortState::Took(std::uint32_t message) {
+void PortState::Sent(std::uint32_t message, bool taken) {
   const std::uint32_t status = message & 0xF0;
   if (status != kNoteOff && status != kNoteOn) return;
   const std::uint32_t velocity = message >> 16 & 0x7F;
-  sounding_.at(message & 0x0F).set(message >> 8 & 0x7F, status == kNoteOn && velocity != 0);
+  const bool begins = status == kNoteOn && velocity != 0;
+  if (begins && !taken) return;
+  sounding_.at(message & 0x0F).set(message >> 8 & 0x7F, begins);
 }
 
 bool PortState::NoteSounds() const {

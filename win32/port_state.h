@@ -9,12 +9,16 @@
 
 namespace pointalk::win32 {
 
+// The status of a message that begins a note, without its channel.
+inline constexpr std::uint32_t kNoteOn = 0x90;
+
 class PortState {
  public:
   using Time = std::chrono::steady_clock::time_point;
 
-  // A message went out, and the port took it.
-  void Took(std::uint32_t message);
+  // A message went out, and the port took or refused it. A note whose end was refused counts as silent: its
+  // end is not sent again.
+  void Sent(std::uint32_t message, bool taken);
 
   bool NoteSounds() const;
 

@@ -4,12 +4,6 @@
 #include <utility>
 
 namespace pointalk::win32 {
-namespace {
-
-constexpr DWORD kLastWordsAnswer = 500;  // milliseconds
-
-}  // namespace
-
 bool WinSapi5Voice::Create() {
   created_ = thread_.Ask([](Engines& engines) { return engines.sapi5.Create(); }).value_or(false);
   return created_;
@@ -49,14 +43,12 @@ bool WinSapi5Voice::Speak(TextView text, std::optional<int> flags) {
   auto speak = [said = Text(text), flags](Engines& engines) { return engines.sapi5.Speak(said, flags); };
   const int given = flags.value_or(0);
   if ((given & kSpeakAsync) == 0) return thread_.Ask(std::move(speak)).value_or(false);
-  if (created_) thread_.Hand(std::move(speak), (given & kSpeakPurgeFirst) != 0);
-  return created_;
+  return created_ && thread_.Hand(std::move(speak), (given & kSpeakPurgeFirst) != 0);
 }
 
-bool WinSapi5Voice::IsSpeaking() {
+bool WinSapi5Voice::IsSpeaking(DWORD limit) {
   return created_ &&
-         thread_.Ask([](Engines& engines) { return engines.sapi5.IsSpeaking(); }, kLastWordsAnswer)
-             .value_or(true);
+         thread_.Ask([](Engines& engines) { return engines.sapi5.IsSpeaking(); }, limit).value_or(true);
 }
 
 bool WinSapi4Control::Create() {
@@ -98,16 +90,13 @@ bool WinSapi4Control::Select(double voice) {
 
 bool WinSapi4Control::AudioReset() {
   constexpr bool kCutsOff = true;
-  if (created_) thread_.Hand([](Engines& engines) { std::ignore = engines.sapi4.AudioReset(); }, kCutsOff);
-  return created_;
+  return created_ && thread_.Hand([](Engines& engines) { return engines.sapi4.AudioReset(); }, kCutsOff);
 }
 
 bool WinSapi4Control::Speak(TextView text) {
   constexpr bool kCutsOff = false;
-  if (created_)
-    thread_.Hand([said = Text(text)](Engines& engines) { std::ignore = engines.sapi4.Speak(said); },
-                 kCutsOff);
-  return created_;
+  return created_ &&
+         thread_.Hand([said = Text(text)](Engines& engines) { return engines.sapi4.Speak(said); }, kCutsOff);
 }
 
 std::optional<double> WinSapi4Control::LastWordPosition() {
@@ -120,10 +109,9 @@ bool WinSapi4Control::SetLastWordPosition(double position) {
       .value_or(false);
 }
 
-bool WinSapi4Control::IsSpeaking() {
+bool WinSapi4Control::IsSpeaking(DWORD limit) {
   return created_ &&
-         thread_.Ask([](Engines& engines) { return engines.sapi4.IsSpeaking(); }, kLastWordsAnswer)
-             .value_or(true);
+         thread_.Ask([](Engines& engines) { return engines.sapi4.IsSpeaking(); }, limit).value_or(true);
 }
 
 }  // namespace pointalk::win32

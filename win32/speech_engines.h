@@ -21,8 +21,8 @@ class WinSapi5Voice final : public Sapi5Voice {
   bool SetVoice(std::int32_t index) override;
   bool Speak(TextView text, std::optional<int> flags) override;
 
-  // False for a voice that does not tell, but true for one that does not answer for now.
-  bool IsSpeaking();
+  // False for a voice that does not tell, but true for one that does not answer within so many milliseconds.
+  bool IsSpeaking(DWORD limit);
 
  private:
   VoiceThread& thread_;
@@ -46,8 +46,9 @@ class WinSapi4Control final : public Sapi4Control {
   std::optional<double> LastWordPosition() override;
   bool SetLastWordPosition(double position) override;
 
-  // Also true for a control that does not tell, from a text on until it is reset, or does not answer for now.
-  bool IsSpeaking();
+  // Also true for a control that does not tell, from a text on until it is reset, or does not answer within
+  // so many milliseconds.
+  bool IsSpeaking(DWORD limit);
 
  private:
   VoiceThread& thread_;

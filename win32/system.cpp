@@ -139,7 +139,8 @@ void WinSystem::EndProgram() {
   HideFromSecondStarts(form_);
   try {
     HearOut(
-        form_, [this] { return sapi5_.IsSpeaking() || sapi4_.IsSpeaking(); }, kLastWordsLimit);
+        form_, [this](DWORD limit) { return sapi5_.IsSpeaking(limit) || sapi4_.IsSpeaking(limit); },
+        kLastWordsLimit);
   } catch (const std::exception&) {  // the words are lost, but not the end
   }
   EndAtOnce();

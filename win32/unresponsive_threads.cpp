@@ -30,6 +30,10 @@ DWORD ThreadUnderPointer() {
   return GetWindowThreadProcessId(WindowFromPoint(pointer), nullptr);
 }
 
+bool ShowsUnresponsive(DWORD error) {
+  return error != ERROR_ACCESS_DENIED && error != ERROR_INVALID_WINDOW_HANDLE;
+}
+
 Probe::Probe(DWORD thread, unsigned number)
     : thread_(thread), handle_(OpenThread(SYNCHRONIZE, FALSE, thread)), number_(number) {
   over_ = !handle_ && GetLastError() == ERROR_INVALID_PARAMETER;  // no such thread any more

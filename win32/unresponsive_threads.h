@@ -14,6 +14,10 @@ namespace pointalk::win32 {
 // The thread of the window that the pointer is over now; 0 over none.
 DWORD ThreadUnderPointer();
 
+// Whether a message that failed with this error of the system's shows that the window's thread is
+// unresponsive. It does not where the window has gone or must not be sent messages.
+bool ShowsUnresponsive(DWORD error);
+
 // A message that is sent, without waiting, to a thread that timed out: once it is answered the thread
 // responds again.
 class Probe {

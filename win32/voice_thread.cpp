@@ -3,6 +3,7 @@
 #include <exception>
 
 #include "win32/com.h"
+#include "win32/counter.h"
 #include "win32/locked.h"
 #include "win32/sent_messages.h"
 
@@ -11,10 +12,10 @@ namespace {
 
 // A healthy engine takes a text in less than one. A thread that has nothing to do begins at once, but a busy
 // machine may let it wait.
-constexpr DWORD kBeginsWithin = 100;  // milliseconds
-constexpr DWORD kTakesWithin = 20;    // milliseconds
+constexpr DWORD kTakenWithin = 100;  // milliseconds
+constexpr DWORD kTakesWithin = 20;   // milliseconds
 
-constexpr std::size_t kMostWaiting = 64;  // calls that nobody waits for
+constexpr std::size_t kMostCallsWaiting = 64;  // calls that nobody waits for
 
 void HandleMessages() {
   MSG message;
@@ -94,11 +95,10 @@ bool VoiceThread::IsUnwanted() {
 }
 
 void VoiceThread::CarryOut(Order& order, Engines& engines) {
-  bool worked = true;
+  bool worked = false;
   try {
-    order.call(engines);
+    worked = order.call(engines);
   } catch (const std::exception&) {  // an engine that fails is not heard
-    worked = false;
   }
   const Locked locked(lock_);
   atWork_ = false;
@@ -123,15 +123,21 @@ bool VoiceThread::Make(Call call, DWORD limit) {
   return answered && order->worked;
 }
 
-void VoiceThread::Hand(Call call, bool cutsOff) {
+bool VoiceThread::Hand(Call call, bool cutsOff) {
   const auto order = std::make_shared<Order>(std::move(call));
-  if (!thread_) return;
+  if (!thread_) return false;
   const Locked locked(lock_);
   const bool idle = !atWork_ && orders_.empty();
-  if (cutsOff && orders_.size() >= kMostWaiting)
+  if (cutsOff && orders_.size() >= kMostCallsWaiting)
     std::erase_if(orders_, [](const std::shared_ptr<Order>& waiting) { return !waiting->over; });
   Give(order);
   if (idle) AwaitTaken(*order);
+  return order->state != Order::State::kIsOver || order->worked;
+}
+
+bool VoiceThread::IsBehind() const {
+  const Locked locked(lock_);
+  return atWork_ || !orders_.empty();
 }
 
 void VoiceThread::Give(std::shared_ptr<Order> order) {
@@ -143,13 +149,11 @@ void VoiceThread::Give(std::shared_ptr<Order> order) {
 void VoiceThread::AwaitTaken(const Order& order) {
   using State = Order::State;
   const auto leaves = [&](State state, DWORD limit) {
-    for (const ULONGLONG end = GetTickCount64() + limit; order.state == state;) {
-      const ULONGLONG now = GetTickCount64();
-      if (now >= end) return;
-      SleepConditionVariableSRW(&moved_, &lock_, static_cast<DWORD>(end - now), 0);
-    }
+    const Deadline deadline(limit);
+    for (DWORD left = limit; order.state == state && left > 0; left = deadline.Left())
+      SleepConditionVariableSRW(&moved_, &lock_, left, 0);
   };
-  leaves(State::kWaits, kBeginsWithin);
+  leaves(State::kWaits, kTakenWithin);
   leaves(State::kIsMade, kTakesWithin);
 }
 

@@ -33,18 +33,25 @@ class VoiceThread {
   template <typename Question>
   std::optional<std::invoke_result_t<Question, Engines&>> Ask(Question question, DWORD limit = INFINITE) {
     const auto answer = std::make_shared<std::optional<std::invoke_result_t<Question, Engines&>>>();
-    const bool made =
-        Make([answer, asked = std::move(question)](Engines& engines) { *answer = asked(engines); }, limit);
+    auto keep = [answer, asked = std::move(question)](Engines& engines) {
+      *answer = asked(engines);
+      return true;
+    };
+    const bool made = Make(std::move(keep), limit);
     return made ? std::move(*answer) : std::nullopt;
   }
 
-  using Call = std::function<void(Engines&)>;
+  // Gives whether it worked.
+  using Call = std::function<bool(Engines&)>;
 
   // For a call whose answer nobody needs. An engine that is idle takes it in a moment, for which it is
   // waited, so that what the caller plays or closes next comes after it; one that is at work is not waited
   // for. A call that cuts off also makes needless what waits before it, which is dropped when it is very
-  // much.
-  void Hand(Call call, bool cutsOff);
+  // much. False when it is known by then that the call did not work.
+  bool Hand(Call call, bool cutsOff);
+
+  // Whether there are calls that are not over.
+  bool IsBehind() const;
 
   // Whether the other thread is in Ask.
   bool IsWaitedFor() const { return waits_ > 0; }
@@ -67,7 +74,7 @@ class VoiceThread {
   OwnedHandle ready_;  // set once the thread has COM
   int waits_ = 0;      // for answers, one within the other; the other thread's own
 
-  SRWLOCK lock_ = SRWLOCK_INIT;  // on what follows
+  mutable SRWLOCK lock_ = SRWLOCK_INIT;  // on what follows
   CONDITION_VARIABLE moved_ = CONDITION_VARIABLE_INIT;
   Orders orders_;          // not yet begun
   bool atWork_ = false;    // on an order that it has taken from there

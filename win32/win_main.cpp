@@ -3,11 +3,15 @@
 
 #include <objbase.h>
 
+#include <optional>
+
 #include "app/mouse.h"
 #include "win32/com.h"
 #include "win32/one_pointalk.h"
 #include "win32/program_folder.h"
 #include "win32/throttling.h"
+#include "win32/trace.h"
+#include "win32/traced_platform.h"
 #include "win32/win_platform.h"
 
 namespace pointalk::win32 {
@@ -15,7 +19,7 @@ namespace {
 
 class FormEvents final : public PanelEvents {
  public:
-  FormEvents(Mouse& form, WinSystem& system, WinMidiOut& midi) : form_(form), system_(system), midi_(midi) {}
+  FormEvents(Mouse& form, System& system, WinMidiOut& midi) : form_(form), system_(system), midi_(midi) {}
 
   void OnTick() override { form_.Timer1_Timer(); }
   void OnMouse(std::int32_t message) override { form_.WinHook1_Message(message); }
@@ -28,14 +32,29 @@ class FormEvents final : public PanelEvents {
   }
   void OnSessionEnd() override {
     form_.Form_Terminate();
-    system_.EndAtOnce();
+    WinSystem::EndAtOnce();
   }
 
  private:
   Mouse& form_;
-  WinSystem& system_;
+  System& system_;
   WinMidiOut& midi_;
 };
+
+void RunForm(WinPlatform& platform, const Platform& seam, Trace* trace) {
+  Mouse form(seam);
+  FormEvents events(form, seam.system, platform.midi);
+  std::optional<TracedEvents> traced;
+  if (trace != nullptr) traced.emplace(events, *trace);
+  platform.panel.Serve(traced ? static_cast<PanelEvents*>(&*traced) : &events);
+  platform.clock.BeginSecond();
+  {
+    const Trace::Event start(trace, "start");
+    form.Form_Load();
+  }
+  platform.panel.Run();
+  events.OnUnload();
+}
 
 void RunPointalk() {
   LeaveSystemFolder();
@@ -44,13 +63,12 @@ void RunPointalk() {
   WinPlatform platform;
   const ComThread com(COINIT_APARTMENTTHREADED);
   ShowToSecondStarts(platform.panel.Window());
-  Mouse form(platform.Seam());
-  FormEvents events(form, platform.system, platform.midi);
-  platform.panel.Serve(&events);
-  platform.clock.BeginSecond();
-  form.Form_Load();
-  platform.panel.Run();
-  events.OnUnload();
+  const auto options = TraceOptionsOf(GetCommandLineW());
+  if (!options) return RunForm(platform, platform.Seam(), nullptr);
+  Trace trace(*options);
+  const TracedPlatform traced(platform.Seam(), {platform.unresponsiveThreads, platform.voice}, trace);
+  TraceSystem(trace, platform.system, {POINTALK_MAJOR, POINTALK_MINOR, POINTALK_PATCH});
+  RunForm(platform, traced.Seam(), &trace);
 }
 
 }  // namespace

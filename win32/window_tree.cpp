@@ -6,7 +6,6 @@
 #include "win32/password_field.h"
 #include "win32/wide_text.h"
 #include "win32/window_handles.h"
-#include "win32/window_scale.h"
 
 namespace pointalk::win32 {
 namespace {
@@ -44,10 +43,10 @@ std::optional<ProcessId> WinWindowTree::ProcessOf(WindowHandle window) {
 }
 
 std::optional<Point> WinWindowTree::ToClient(WindowHandle window, Point screen) {
-  POINT place{screen.x, screen.y};
-  if (window == 0 || !ScreenToClient(ToWindow(window), &place)) return std::nullopt;
-  place = AsWindowCounts(ToWindow(window), place);
-  return Point{place.x, place.y};
+  if (window == 0) return std::nullopt;
+  const auto place = scale_.ToClient(ToWindow(window), {screen.x, screen.y});
+  if (!place) return std::nullopt;
+  return Point{place->x, place->y};
 }
 
 // For a window of another program the system gives the text that it keeps itself, without asking there.

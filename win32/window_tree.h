@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/window_tree.h"
+#include "win32/window_scale.h"
 
 namespace pointalk::win32 {
 
@@ -15,6 +16,9 @@ class WinWindowTree final : public WindowTree {
   std::optional<ProcessId> ProcessOf(WindowHandle window) override;
   std::optional<Point> ToClient(WindowHandle window, Point screen) override;
   Text CaptionOf(WindowHandle window, int capacity) override;
+
+ private:
+  WindowScale scale_;
 };
 
 }  // namespace pointalk::win32

@@ -57,7 +57,7 @@ TEST(PanelMenu, HasItsEntriesInOrder) {
   const auto menu = PanelMenu();
   ASSERT_EQ(menu.size(), std::size(kMenu));
   for (std::size_t i = 0; i < menu.size(); ++i) {
-    SCOPED_TRACE(testing::PrintToString(Text(kMenu[i].name)));
+    SCOPED_TRACE(::testing::PrintToString(Text(kMenu[i].name)));
     EXPECT_EQ(menu[i].name, kMenu[i].name);
     EXPECT_EQ(menu[i].caption, kMenu[i].caption);
     EXPECT_EQ(menu[i].shortcut, kMenu[i].shortcut);

@@ -10,21 +10,15 @@
 #include <tuple>
 #include <vector>
 
+#include "tests/contract/registry_data.h"
 #include "tests/contract/world.h"
 #include "text/numbers.h"
 
 namespace pointalk::contract {
 namespace {
 
-constexpr RegistryKey kCurrentUser = 0x80000001;
 constexpr TextView kOwnSubKey = u"Software\\PointalkContractLayer";
 const Text kOwnKey = Text(u"HKCU\\").append(kOwnSubKey);
-
-std::vector<std::byte> Bytes(std::string_view characters) {
-  std::vector<std::byte> bytes;
-  for (const char character : characters) bytes.push_back(static_cast<std::byte>(character));
-  return bytes;
-}
 
 class RegistryLayerContract : public testing::Test {
  protected:

@@ -1,22 +1,14 @@
 // The registry's functions and their codes.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
+#include "tests/contract/registry_data.h"
 #include "tests/contract/world.h"
 
 namespace pointalk::contract {
 namespace {
 
-constexpr RegistryKey kCurrentUser = 0x80000001;
 constexpr TextView kKey = u"Software\\PointalkContract";
 constexpr std::uint32_t kRoom = 256;
-
-std::vector<std::byte> Bytes(std::string_view text) {
-  std::vector<std::byte> bytes(text.size());
-  std::transform(text.begin(), text.end(), bytes.begin(), [](char c) { return static_cast<std::byte>(c); });
-  return bytes;
-}
 
 class RegistryContract : public testing::Test {
  protected:

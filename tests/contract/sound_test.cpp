@@ -25,6 +25,7 @@ TEST_F(SoundContract, ThePortTakesMessagesWhileItIsOpen) {
   EXPECT_TRUE(seam_.midi.Send(opening.handle, 0));
   EXPECT_TRUE(seam_.midi.Close(opening.handle));
   EXPECT_FALSE(seam_.midi.Send(opening.handle, 0x7F3C90));
+  EXPECT_FALSE(seam_.midi.Send(0, 0x7F3C90)) << "no port";
   EXPECT_THAT(world_->Heard(4), ElementsAre("midi open 0", "midi 0x7f3c90", "midi 0x0", "midi close"));
 }
 

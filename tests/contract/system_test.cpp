@@ -1,6 +1,10 @@
 // The system as a whole, its code page and its clock, and the panel's menu and timer.
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <cmath>
+#include <thread>
+
 #include "app/panel_table.h"
 #include "tests/contract/world.h"
 
@@ -61,9 +65,33 @@ TEST_F(SystemContract, TheDelayLoopTakesTime) {
   const double before = seam_.clock.SecondsSinceMidnight();
   EXPECT_GE(before, 0);
   EXPECT_LT(before, 86'400);
+  seam_.clock.BeginPasses();
   for (int pass = 0; pass < 100; ++pass) seam_.clock.SpinPass();
   const double after = seam_.clock.SecondsSinceMidnight();
   EXPECT_TRUE(after > before || before > 86'000) << before << " " << after;
+}
+
+// Also where the processor was taken away in the midst of the loop.
+TEST_F(SystemContract, EveryPassOfTheDelayLoopTakesTheSameTime) {
+  constexpr double kDay = 86'400;
+  const double begin = seam_.clock.BeginPasses();
+  const double firstEnd = seam_.clock.SpinPass();
+  for (int pass = 2; pass <= 200; ++pass) {
+    if (pass == 100) std::this_thread::sleep_for(std::chrono::milliseconds(30));
+    const double expected = begin + pass * (firstEnd - begin);
+    EXPECT_NEAR(std::remainder(seam_.clock.SpinPass() - expected, kDay), 0, 1e-8) << pass;
+  }
+}
+
+// What was made up for in one loop is nothing to the next.
+TEST_F(SystemContract, ADelayLoopBeginsAtTheTimeOfItsBeginning) {
+  const double firstBegin = seam_.clock.BeginPasses();
+  const double firstLength = seam_.clock.SpinPass() - firstBegin;
+  std::this_thread::sleep_for(std::chrono::milliseconds(30));
+  const double now = seam_.clock.SecondsSinceMidnight();
+  const double begin = seam_.clock.BeginPasses();
+  EXPECT_TRUE(begin >= now || now > 86'000) << now << " " << begin;
+  EXPECT_NEAR(seam_.clock.SpinPass() - begin, firstLength, 1e-8);
 }
 
 TEST_F(SystemContract, EveryMenuEntryHasACheckMark) {

@@ -88,17 +88,21 @@ class Listening(unittest.TestCase):
         start(cls.hand, cls.pointalk, cls.away, **cls.environment)
 
     def visit(self, place, words, limit=SOON):
-        """Moves the pointer there, waits for the words, and returns the time just before the move. A place that did not
-        answer in time, as on a very busy machine, is asked again by a move of a pixel."""
+        """Moves the pointer there, waits for the words, and returns the time just before the move."""
+        return self.visit_until(place, lambda text: text == words, words, limit)
+
+    def visit_until(self, place, wanted, what, limit=SOON):
+        """As visit, for any text that is wanted. A place that did not answer in time, as on a very busy machine, is asked
+        again by a move of a pixel."""
         since, looks = now(), itertools.count()
 
         def said():
             look = next(looks)
             if look % 100 == 0:
                 self.hand.move(place[0] + look // 100 % 2, place[1])
-            return words in self.heard.words(since)
+            return any(wanted(text) for text in self.heard.words(since))
 
-        wait_until(said, limit, lambda: f"{words!r}; heard {self.heard.lines(since)[-12:]}")
+        wait_until(said, limit, lambda: f"{what!r}; heard {self.heard.lines(since)[-12:]}")
         return since
 
     def last_notes(self):

@@ -2,9 +2,8 @@
 
 import shutil
 
-from harness import BUILD, now, wait_until
-from panel_case import SOON
-from report_case import DONE, LINK, ReportCase
+from harness import BUILD, now
+from report_case import ReportCase
 
 
 def report(class_name, name="", value="", text="", role="", description=""):
@@ -22,32 +21,17 @@ class Report(ReportCase):
         self.start(self.pointalk)
         self.mailed = len(self.mail.links())
 
-    def hears(self, name, text):
-        since = now()
-        self.hand.move(*self.target.centre(name))
-        self.pointalk.heard.wait_words(text, SOON, since)
-
-    def mailed_once(self):
-        wait_until(lambda: len(self.mail.links()) > self.mailed, SOON, "a mail")
-        self.pointalk.heard.stays_silent(0.5)
-        self.assertEqual(self.mail.links()[self.mailed:], [LINK])
-
     def test_a_right_click_makes_it_and_a_left_click_does_not(self):
         self.hears("button", "Neighbour button")
         self.arm()
         self.hears("button", "Neighbour")
-        self.go("thing")
-        self.pointalk.heard.wait_words("worth", SOON)
+        self.hears("thing", "worth")
         since = now()
         self.hand.click()
         self.wiggle_until_said("Click", since)
         self.assertEqual(self.mail.links()[self.mailed:], [])
-        since = now()
-        self.hand.click("right")
-        self.wiggle_until_said(DONE, since)
-        self.assertEqual(self.probe.ask("clipboard")["text"],
+        self.assert_made("thing", self.by_right_click,
                          report("TroubleSome", "trouble", "worth", "worth", "push button", "a thing"))
-        self.mailed_once()
         self.hears("button", "Neighbour button")
 
     def test_shift_makes_it_and_empty_fields_keep_their_lines(self):
@@ -55,22 +39,13 @@ class Report(ReportCase):
         self.target.element("blank", 0, role=10)
         self.arm()
         self.go("blank")
-        since = now()
-        self.hand.press("shift")
-        self.addCleanup(self.hand.release, "shift")
-        self.wiggle_until_said(DONE, since)
-        self.hand.release("shift")
-        self.assertEqual(self.probe.ask("clipboard")["text"], report("Blank", role="client"))
-        self.mailed_once()
+        self.assert_made("blank", self.by_shift, report("Blank", role="client"))
 
     def opens_the_mail_beside_a_start_in(self, folder):
         shutil.copy(BUILD / "wine" / "target" / "target.exe", folder / "start.exe")
         self.arm()
         self.go("thing")
-        since = now()
-        self.hand.click("right")
-        self.wiggle_until_said(DONE, since)
-        self.mailed_once()
+        self.made(self.by_right_click)
 
     def test_a_program_named_start_beside_pointalk_is_not_started(self):
         self.opens_the_mail_beside_a_start_in(self.pointalk.folder)
@@ -91,7 +66,4 @@ class Report(ReportCase):
         self.addCleanup(aside.rename, start)
         self.arm()
         self.go("thing")
-        since = now()
-        self.hand.click("right")
-        self.wiggle_until_said(DONE, since)
-        self.mailed_once()
+        self.made(self.by_right_click)

@@ -1,11 +1,11 @@
 """Windows that tell of what is in them by UI Automation only, as the task bar and the programs of today do; its client is a
-stand-in, since Wine's knows no elements at a point."""
+companion, since Wine's knows no elements at a point."""
 
 import pathlib
 import tempfile
 
 from harness import now, quoted
-from listening import QUICK, SOON, Listening
+from listening import QUICK, Listening
 
 HOST = "Windows.UI.Composition.DesktopWindowContentBridge"
 HOST_NAME = "DesktopWindowXamlSource"
@@ -53,8 +53,7 @@ class Automation(Listening):
         self.visit((650, 520), "Code word")
         self.visit((650, 420), "start button")
         with self.hand.held("shift"):
-            self.hand.move(650, 522)
-            self.heard.wait(lambda line: letters(line.get("text", "")) == "codeword" and line["text"] != "Code word", SOON, since)
+            self.visit_until((650, 520), lambda text: letters(text) == "codeword" and text != "Code word", "Code word, spelled")
         self.assertEqual([text for text in self.heard.words(since) if SECRET in letters(text)], [])
 
 

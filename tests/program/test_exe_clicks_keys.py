@@ -71,8 +71,9 @@ class ClicksAndKeys(Listening):
                 wait_until(lambda: len(told()) >= len(answers), SOON / TURNS, "an answer")
             if told()[:len(answers)] == list(answers):
                 return since
+            self.hand.press_again()
             self.hand.release("ctrl")
-        self.fail(f"{answers}; heard {self.speech(since)}")
+        self.fail(f"{answers}; heard {self.speech(since)}; keys go to {self.hand.where_keys_go()}")
 
     def assert_told(self, place, name, *answers):
         """What Control says of what is named so."""

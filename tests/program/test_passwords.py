@@ -5,7 +5,7 @@ import itertools
 
 from harness import now, wait_until
 from listening import QUICK, SOON, Listening
-from report_case import DONE, ReportCase
+from report_case import ReportCase
 
 SECRET = "kelpfin"  # said as it is written, and spelled by its letters
 TITLE = f"{SECRET} {SECRET}"
@@ -196,28 +196,11 @@ class Reports(ReportCase):
         self.pointalk.wait_ready()
         self.open_panel(self.pointalk)
 
-    def panel_has_keyboard(self):
-        """Clicks on the panel's caption. What the mail has started may take the keyboard after that."""
-        left, top, right, _ = self.panel.window()["rect"]
-        self.hand.move((left + right) // 2, top + 8)
-        self.hand.click()
-        try:
-            self.panel.wait_for_keyboard(3)
-        except AssertionError:
-            return False
-        return True
-
     def reported(self, name):
-        """The facts of a report on a window. Its mail, for which programs come and go, is over then."""
-        mailed = len(self.mail.links())
+        """The facts of a report on a window."""
         self.arm()
         self.go(name)
-        since = now()
-        with self.hand.held("shift"):
-            self.wiggle_until_said(DONE, since)
-        wait_until(lambda: len(self.mail.links()) > mailed, SOON, "a mail")
-        wait_until(self.panel_has_keyboard, SOON, "the panel has the keyboard")
-        return self.probe.ask("clipboard")["text"]
+        return self.made(self.by_shift)
 
     def test_no_report_log_or_mail_has_a_password(self):
         self.start_taking_notes()

@@ -41,7 +41,7 @@ TEST(Hexadecimal, IsReadAsASignedNumberOf16Bits) {
       {u"", std::nullopt},
   };
   for (const Read& row : kRows)
-    EXPECT_EQ(ReadHexadecimal(row.text), row.number) << testing::PrintToString(row.text);
+    EXPECT_EQ(ReadHexadecimal(row.text), row.number) << ::testing::PrintToString(row.text);
 }
 
 struct Word {

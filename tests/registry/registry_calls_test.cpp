@@ -35,8 +35,8 @@ RegistryEnumeratedValue Named(TextView name, std::uint32_t type, std::initialize
 }
 
 // A layer over a key with a text, a number and two sub-keys.
-struct Layer {
-  explicit Layer(const Codes& codes = {}) {
+struct RecordedLayer {
+  explicit RecordedLayer(const Codes& codes = {}) {
     registry.codes = codes;
     registry.subKeys = {"one", "two"};
     registry.values = {Named(u"text", 1, {'h', 'i', 0}), Named(u"number", 4, {7, 1, 0, 0})};
@@ -201,7 +201,7 @@ std::vector<Row> DeletingAndEnumerating() {
 
 void Check(const std::vector<Row>& rows) {
   for (const Row& row : rows) {
-    Layer on(row.codes);
+    RecordedLayer on(row.codes);
     row.run(on.layer);
     EXPECT_EQ(on.registry.calls, row.calls) << row.what;
     EXPECT_EQ(on.layer.Error(), row.error)
@@ -214,17 +214,17 @@ TEST(RegistryCalls, OfWritingAndReading) { Check(WritingAndReading()); }
 TEST(RegistryCalls, OfDeletingAndEnumerating) { Check(DeletingAndEnumerating()); }
 
 TEST(RegistryCalls, GiveWhatWasReadAndNoMore) {
-  EXPECT_EQ(Layer().layer.ReadRegistry(u"HKLM\\A", u"n"), Variant(Text(u"hi")));
+  EXPECT_EQ(RecordedLayer().layer.ReadRegistry(u"HKLM\\A", u"n"), Variant(Text(u"hi")));
   for (const Codes& codes : {Codes{.open = 2}, Codes{.size = 2, .data = 2}, Codes{.data = 234}}) {
-    EXPECT_EQ(Layer(codes).layer.ReadRegistry(u"HKLM\\A", u"n"), Variant());
+    EXPECT_EQ(RecordedLayer(codes).layer.ReadRegistry(u"HKLM\\A", u"n"), Variant());
   }
-  Layer hollow;
+  RecordedLayer hollow;
   hollow.registry.values[0].data.clear();
   EXPECT_EQ(hollow.layer.ReadRegistry(u"HKLM\\A", u"n"), Variant());
 }
 
 TEST(RegistryCalls, EnumerateValuesOfOneNameWithTheirOwnData) {
-  Layer on;
+  RecordedLayer on;
   on.registry.values = {Named(u"a?", 1, {'x', 0}), Named(u"a?", 4, {2, 0, 0, 0}), Named(u"a?", 3, {3})};
   const auto values = on.layer.EnumerateRegistryValues(u"HKLM\\A");
   ASSERT_EQ(values.size(), 3u);
@@ -262,7 +262,7 @@ TEST(RegistryCalls, AreDescribedByTheirCodes) {
                                                    {kDeleteTree, {.deleteKey = code}},
                                                    {kEnumerate, {.info = code}}};
     for (const auto& [run, codes] : kPlaces) {
-      Layer on(codes);
+      RecordedLayer on(codes);
       run(on.layer);
       EXPECT_EQ(on.layer.Error(), (RegistryError{0, Text(kApi), Text(text)})) << code;
     }
@@ -273,7 +273,7 @@ TEST(RegistryCalls, AreDescribedByTheirCodes) {
 TEST(RegistryCalls, LeaveAnEarlierErrorUntilOneSucceeds) {
   const Operation kOperations[] = {kWrite, kRead, kDeleteValue, kDeleteTree, kEnumerate};
   for (std::size_t i = 0; i < std::size(kOperations); ++i) {
-    Layer on({.create = 5, .open = 2});
+    RecordedLayer on({.create = 5, .open = 2});
     std::ignore = on.layer.ReadRegistry(u"HKXX");
     kOperations[i](on.layer);
     const TextView told = i == 1 ? kMissing : kUndefined;
@@ -285,7 +285,7 @@ TEST(RegistryCalls, LeaveAnEarlierErrorUntilOneSucceeds) {
 }
 
 TEST(RegistryCalls, AddToTheSourceOfAnEarlierError) {
-  Layer on({.create = 5});
+  RecordedLayer on({.create = 5});
   kWriteMisfit(on.layer);
   kWriteNoSuchType(on.layer);
   EXPECT_EQ(on.layer.Error(),

@@ -37,9 +37,9 @@ TEST(RegistryPath, NamesARootAndASubKey) {
   };
   for (const Taken& row : kRows) {
     RegistryError error;
-    EXPECT_EQ(RootKeyFromPath(row.path, error), row.root) << testing::PrintToString(row.path);
-    EXPECT_EQ(SubKeyFromPath(row.path), row.subKey) << testing::PrintToString(row.path);
-    EXPECT_EQ(error, RegistryError()) << testing::PrintToString(row.path);
+    EXPECT_EQ(RootKeyFromPath(row.path, error), row.root) << ::testing::PrintToString(row.path);
+    EXPECT_EQ(SubKeyFromPath(row.path), row.subKey) << ::testing::PrintToString(row.path);
+    EXPECT_EQ(error, RegistryError()) << ::testing::PrintToString(row.path);
   }
 }
 
@@ -57,9 +57,9 @@ TEST(RegistryPath, RefusesUnknownRoots) {
   };
   for (const Taken& row : kRows) {
     RegistryError error;
-    EXPECT_EQ(RootKeyFromPath(row.path, error), 0u) << testing::PrintToString(row.path);
-    EXPECT_EQ(SubKeyFromPath(row.path), row.subKey) << testing::PrintToString(row.path);
-    EXPECT_EQ(error.number, -2147221502) << testing::PrintToString(row.path);
+    EXPECT_EQ(RootKeyFromPath(row.path, error), 0u) << ::testing::PrintToString(row.path);
+    EXPECT_EQ(SubKeyFromPath(row.path), row.subKey) << ::testing::PrintToString(row.path);
+    EXPECT_EQ(error.number, -2147221502) << ::testing::PrintToString(row.path);
   }
 }
 

@@ -139,14 +139,14 @@ TEST(DataFromVariant, RefusesOtherTypes) {
   }
 }
 
-struct Read {
+struct KnownValue {
   Bytes data;
   std::uint32_t type;
   Variant value;
 };
 
 TEST(VariantFromData, GoesByTheType) {
-  const Read rows[] = {
+  const KnownValue rows[] = {
       {{}, 1, VariantEmpty()},
       {{}, 3, VariantEmpty()},
       {{}, 4, VariantEmpty()},
@@ -164,9 +164,9 @@ TEST(VariantFromData, GoesByTheType) {
       {BytesOf({'n', 0}), 0, Text(u"n")},
   };
   sim::SimAnsi ansi;
-  for (const Read& row : rows) {
+  for (const KnownValue& row : rows) {
     EXPECT_EQ(VariantFromData(row.data, row.type, ansi), row.value)
-        << testing::PrintToString(row.data) << " of type " << row.type;
+        << ::testing::PrintToString(row.data) << " of type " << row.type;
   }
 }
 

@@ -16,7 +16,7 @@ std::string Echo(std::string_view source) {
   return out;
 }
 
-std::string ErrorOf(std::string_view source) {
+std::string JsonErrorOf(std::string_view source) {
   try {
     ParseJson(source);
   } catch (const ScriptError& error) {
@@ -66,7 +66,7 @@ TEST(Json, RefusesWhatIsNotJson) {
                                   "NaN",
                                   "\x01"};
   for (const std::string_view source : bad) {
-    const std::string error = ErrorOf(source);
+    const std::string error = JsonErrorOf(source);
     EXPECT_EQ(error.find("line "), 0u) << source << ": " << error;
     EXPECT_EQ(error.find('\n'), std::string::npos) << source;
     for (const char c : error) EXPECT_TRUE(c >= ' ' && c <= '~') << source;
@@ -74,14 +74,16 @@ TEST(Json, RefusesWhatIsNotJson) {
 }
 
 TEST(Json, RefusesByteOrderMarksAndNulBytes) {
-  EXPECT_EQ(ErrorOf("\xEF\xBB\xBF{}"), "line 1, column 1: a byte order mark");
-  EXPECT_EQ(ErrorOf(std::string_view("{}\n \0", 5)), "line 2, column 2: a NUL byte");
+  EXPECT_EQ(JsonErrorOf("\xEF\xBB\xBF{}"), "line 1, column 1: a byte order mark");
+  EXPECT_EQ(JsonErrorOf(std::string_view("{}\n \0", 5)), "line 2, column 2: a NUL byte");
 }
 
-TEST(Json, TellsTheLineAndTheColumn) { EXPECT_EQ(ErrorOf("{\n  \"a\": ?}").find("line 2, column 8: "), 0u); }
+TEST(Json, TellsTheLineAndTheColumn) {
+  EXPECT_EQ(JsonErrorOf("{\n  \"a\": ?}").find("line 2, column 8: "), 0u);
+}
 
 TEST(Json, RefusesEndlessNesting) {
-  EXPECT_EQ(ErrorOf(std::string(1'000'000, '[')), "script: lists and objects nest too deeply");
+  EXPECT_EQ(JsonErrorOf(std::string(1'000'000, '[')), "script: lists and objects nest too deeply");
 }
 
 }  // namespace

@@ -88,13 +88,13 @@ struct Fronts {
   WatchedMemory memory;
 };
 
-struct Outcome {
+struct LateOutcome {
   Blocks blocks;
   int count = 0;  // of messages that carry a block's address
 };
 
-Outcome PlayWithOneLate(const Script& script, int late) {
-  Outcome outcome;
+LateOutcome PlayWithOneLate(const Script& script, int late) {
+  LateOutcome outcome;
   std::vector<std::unique_ptr<Fronts>> fronts;
   try {
     Player player(script, [&](const Platform& seam) {
@@ -136,7 +136,7 @@ TEST(LentMemory, IsLeftToThePlatformWhicheverMessageIsLate) {
       const int count = PlayWithOneLate(script, 0).count;
       for (int late = 1; late <= count; ++late, ++tried) {
         SCOPED_TRACE(entry.path().string() + ", message " + std::to_string(late));
-        const Outcome outcome = PlayWithOneLate(script, late);
+        const LateOutcome outcome = PlayWithOneLate(script, late);
         EXPECT_FALSE(outcome.blocks.lent.empty());
         EXPECT_THAT(outcome.blocks.wrongs, IsEmpty());
       }

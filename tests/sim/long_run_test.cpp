@@ -1,7 +1,7 @@
 // A long day at the machine: ticks over a desktop that changes all the time. Memory stays flat, no note is
 // left hanging, and at the end everything sounds as it did at the beginning.
 //
-// POINTALK_LONG_TICKS gives the number of ticks; 100,000 without it.
+// POINTALK_LONG_TICKS gives the number of ticks; 40,000 without it.
 #include <gtest/gtest.h>
 #include <malloc.h>
 #if defined(__has_feature) && !defined(__SANITIZE_ADDRESS__)  // gcc 14 has both
@@ -63,13 +63,13 @@ class ListeningPort final : public testing::ForwardingMidiOut {
   std::int64_t struck = 0;
 };
 
-constexpr WindowHandle kWindows = 24;  // with the ids from 1 on
+constexpr WindowHandle kWindowCount = 24;  // with the ids from 1 on
 constexpr std::int32_t kSlotWidth = 170;
 constexpr std::int32_t kSlotHeight = 190;
 
 std::string ManyWindows() {
   std::string windows;
-  for (WindowHandle id = 1; id <= kWindows; ++id) windows += ",{\"id\":" + std::to_string(id) + "}";
+  for (WindowHandle id = 1; id <= kWindowCount; ++id) windows += ",{\"id\":" + std::to_string(id) + "}";
   return R"({"machine":{"files":{"current\\DidWarn.flg":"x"}},"windows":[)"
          R"({"id":101,"class":"Progman","title":"Program Manager","rect":[0,0,1024,768]},)"
          R"({"id":102,"class":"SHELLDLL_DefView","parent":101,"rect":[0,0,1024,768]},)"
@@ -212,13 +212,13 @@ WindowFields LongDay::Furnished(WindowHandle id, TextView className, TextView te
 }
 
 void LongDay::ChangeAWindow() {
-  const auto id = static_cast<WindowHandle>(1 + Below(kWindows));
+  const auto id = static_cast<WindowHandle>(1 + Below(kWindowCount));
   WindowFields fields = Furnished(id, OneOf(kClasses), OneOf(kTexts));
   if (Below(3) != 0) fields.menu = MenuSetup{};
   const std::int32_t left = Below(1000);
   const std::int32_t top = Below(700);
   fields.place = Rectangle{left, top, left + 1 + Below(400), top + 1 + Below(400)};
-  fields.parent = static_cast<WindowHandle>(Below(4) == 0 ? Below(kWindows) : Below(2) * 101);
+  fields.parent = static_cast<WindowHandle>(Below(4) == 0 ? Below(kWindowCount) : Below(2) * 101);
   fields.process = static_cast<ProcessId>(Below(5));
   fields.visible = Below(8) != 0;
   fields.hung = Below(16) == 0;
@@ -274,7 +274,7 @@ void LongDay::PutInOrder() {
   for (int step = 0; step < 25; ++step) Choose({&Mouse::cmdSlowDownVoice_Click});  // as slow as can be
   machine.clock = 36'000'000'000;
   machine.desktop.objects.clear();
-  for (WindowHandle id = 1; id <= kWindows; ++id) {
+  for (WindowHandle id = 1; id <= kWindowCount; ++id) {
     WindowFields fields = Furnished(id, kClasses[id % std::size(kClasses)], kTexts[id % std::size(kTexts)]);
     const auto left = static_cast<std::int32_t>((id - 1) % 6) * kSlotWidth;
     const auto top = static_cast<std::int32_t>((id - 1) / 6) * kSlotHeight;
@@ -303,7 +303,7 @@ std::string LongDay::Tour() {
 
 std::int64_t TicksWanted() {
   const char* const wanted = std::getenv("POINTALK_LONG_TICKS");
-  return wanted == nullptr ? 100'000 : std::atoll(wanted);
+  return wanted == nullptr ? 40'000 : std::atoll(wanted);
 }
 
 // Two rounds, so that what was before the first is not heard in the second.

@@ -12,9 +12,9 @@
 namespace pointalk::sim {
 namespace {
 
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::Not;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::Not;
 
 // A machine on which the program starts with few words and no question.
 constexpr std::string_view kMachine = R"("machine": {"files": {"current\\DidWarn.flg": "x"}})";
@@ -75,7 +75,7 @@ TEST(Player, NoTimePassesForTicksWithoutAProgram) {
 
 TEST(Player, AProgramStartsMinimisedAndIsKilledSilently) {
   const std::string transcript = Play(R"({"start": true}, {"kill": true}, {"tick": 5}, {"kill": true})");
-  EXPECT_THAT(EffectsOf(0, transcript), testing::Contains("window minimised"));
+  EXPECT_THAT(EffectsOf(0, transcript), ::testing::Contains("window minimised"));
   EXPECT_THAT(EffectsOf(1, transcript), ElementsAre("killed"));
   EXPECT_THAT(EffectsOf(2, transcript), ElementsAre());
   EXPECT_THAT(EffectsOf(3, transcript), ElementsAre());
@@ -104,7 +104,7 @@ TEST(Player, ADeadlyQueryKillsTheProgramAndItCanBeStartedAgain) {
                                          "objects": [{"rect": [450, 450, 600, 600], "kills": true}])");
   EXPECT_EQ(EffectsOf(2, transcript).back(), "killed");
   EXPECT_THAT(EffectsOf(3, transcript), ElementsAre());
-  EXPECT_THAT(EffectsOf(6, transcript), testing::Contains("window minimised"));
+  EXPECT_THAT(EffectsOf(6, transcript), ::testing::Contains("window minimised"));
   EXPECT_THAT(transcript, HasSubstr("Is that because Pointalk crashed?"));
 }
 
@@ -114,25 +114,25 @@ TEST(Player, AStartBeginsAnewWithEnginesPortAndMemory) {
                                          {"kill": true}, {"answers": ["no"]}, {"start": true}, {"show": ["memory"]},
                                          {"choose": "mnuMidiOnOff"})",
            "");
-  EXPECT_THAT(EffectsOf(1, transcript), testing::Contains("check mnuMidiOnOff off"));
-  EXPECT_THAT(EffectsOf(5, transcript), testing::Contains("midi open 0"));
-  EXPECT_THAT(EffectsOf(5, transcript), testing::Contains("window minimised"));
+  EXPECT_THAT(EffectsOf(1, transcript), ::testing::Contains("check mnuMidiOnOff off"));
+  EXPECT_THAT(EffectsOf(5, transcript), ::testing::Contains("midi open 0"));
+  EXPECT_THAT(EffectsOf(5, transcript), ::testing::Contains("window minimised"));
   EXPECT_THAT(EffectsOf(6, transcript), ElementsAre("memory 0"));
-  EXPECT_THAT(EffectsOf(7, transcript), testing::Contains("check mnuMidiOnOff off"));
+  EXPECT_THAT(EffectsOf(7, transcript), ::testing::Contains("check mnuMidiOnOff off"));
 }
 
 TEST(Player, ButtonsReportToTheHookAndHookStepsReportAnything) {
   const std::string transcript = Play(R"({"start": true}, {"button": "left", "down": true}, {"tick": 8},
                                          {"button": "left", "down": false}, {"hook": 516}, {"tick": 8})");
-  EXPECT_THAT(EffectsOf(2, transcript), testing::Contains("sapi5 speak 3 \"Click\""));
-  EXPECT_THAT(EffectsOf(5, transcript), testing::Contains("sapi5 speak 3 \"Right Click\""));
+  EXPECT_THAT(EffectsOf(2, transcript), ::testing::Contains("sapi5 speak 3 \"Click\""));
+  EXPECT_THAT(EffectsOf(5, transcript), ::testing::Contains("sapi5 speak 3 \"Right Click\""));
 }
 
 TEST(Player, WaitingAnswersOutliveAProgram) {
   const std::string transcript = Play(
       R"({"answers": ["yes"]}, {"start": true}, {"kill": true}, {"start": true}, {"choose": "mnuFileExit"})");
-  EXPECT_THAT(EffectsOf(3, transcript), testing::Contains(HasSubstr("-> 6")));
-  EXPECT_THAT(EffectsOf(4, transcript), Not(testing::Contains("end")));
+  EXPECT_THAT(EffectsOf(3, transcript), ::testing::Contains(HasSubstr("-> 6")));
+  EXPECT_THAT(EffectsOf(4, transcript), Not(::testing::Contains("end")));
 }
 
 TEST(Player, SaysWhichStepIsWrongWhenThatShowsOnlyInTheRun) {

@@ -10,7 +10,7 @@
 namespace pointalk::sim {
 namespace {
 
-std::string ErrorOf(std::string_view source) {
+std::string ScriptErrorOf(std::string_view source) {
   try {
     ReadScript(source);
   } catch (const ScriptError& error) {
@@ -176,7 +176,7 @@ constexpr BadScript kBadSteps[] = {
 };
 
 template <std::size_t count> void ExpectErrors(const BadScript (&rows)[count]) {
-  for (const BadScript& row : rows) EXPECT_EQ(ErrorOf(row.source), row.message) << row.source;
+  for (const BadScript& row : rows) EXPECT_EQ(ScriptErrorOf(row.source), row.message) << row.source;
 }
 
 TEST(Script, RefusesWrongShapes) { ExpectErrors(kBadShapes); }
@@ -188,15 +188,15 @@ TEST(Script, RefusesWrongWindowsAndObjects) { ExpectErrors(kBadWindows); }
 TEST(Script, RefusesWrongSteps) { ExpectErrors(kBadSteps); }
 
 TEST(Script, OnlyItemsOfListBoxesMayHoldANul) {
-  EXPECT_EQ(ErrorOf(R"({"windows": [{"id": 1, "listBox": {"items": ["a\u0000b"]}}],
+  EXPECT_EQ(ScriptErrorOf(R"({"windows": [{"id": 1, "listBox": {"items": ["a\u0000b"]}}],
                         "steps": [{"change": {"id": 1, "listBox": {"items": ["\u0000"]}}}]})"),
             "none");
-  EXPECT_EQ(ErrorOf(R"({"windows": [{"id": 1, "listView": {"items": [{"text": "a\u0000b"}]}}]})"),
+  EXPECT_EQ(ScriptErrorOf(R"({"windows": [{"id": 1, "listView": {"items": [{"text": "a\u0000b"}]}}]})"),
             "windows[0].listView.items[0].text: holds a NUL");
 }
 
 TEST(Script, ACharacterUpToFfffIsTaken) {
-  EXPECT_EQ(ErrorOf(R"({"objects": [{"name": "\uFFFF\uFFFE"}]})"), "none");
+  EXPECT_EQ(ScriptErrorOf(R"({"objects": [{"name": "\uFFFF\uFFFE"}]})"), "none");
 }
 
 }  // namespace

@@ -349,7 +349,8 @@ class ForwardingClock : public Forwarding<Clock> {
   double SecondsSinceMidnight() override {
     return Pass("Clock::SecondsSinceMidnight", &Clock::SecondsSinceMidnight);
   }
-  void SpinPass() override { Pass("Clock::SpinPass", &Clock::SpinPass); }
+  double BeginPasses() override { return Pass("Clock::BeginPasses", &Clock::BeginPasses); }
+  double SpinPass() override { return Pass("Clock::SpinPass", &Clock::SpinPass); }
 };
 
 class ForwardingSystem : public Forwarding<System> {

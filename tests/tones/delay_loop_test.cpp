@@ -15,7 +15,11 @@ class PassClock final : public Clock {
   double SecondsSinceMidnight() override {
     return std::fmod(start_ + secondsOfAPass_ * static_cast<double>(passes), 86400.0);
   }
-  void SpinPass() override { ++passes; }
+  double BeginPasses() override { return SecondsSinceMidnight(); }
+  double SpinPass() override {
+    ++passes;
+    return SecondsSinceMidnight();
+  }
 
   std::int64_t passes = 0;
 

@@ -52,6 +52,16 @@ class SpeakReturns(CompanionTest):
         self.assertEqual([(line["limit"], line["done"]) for line in self.heard("sapi5 wait until done")],
                          [(0, True), (0, False), (-1, True), (0, True)])
 
+    def test_never_from_a_text_that_the_environment_names(self):
+        self.environment["POINTALK_SAPI5_HANGS"] = "never"
+        hung = self.start_voice([create("v"), speak("Yes.", ASYNCHRONOUS), speak("It never ends.", ASYNCHRONOUS)])
+        poll(lambda: len(self.heard("sapi5 speak")) == 2, 100, "second text")
+        self.voice(create("v"), speak(" ", ASYNCHRONOUS))  # in which the other would have come back
+        self.assertIsNone(hung.poll())
+        self.end(hung)
+        self.assertEqual(len(hung.stdout.read().splitlines()), 2)
+        self.assertEqual(["utterance" in line for line in self.heard("sapi5 speak")], [True, False, True])
+
     def test_at_once_for_a_blank(self):
         _, *spoke = self.voice(create("v"), *(speak(text, flags) for text in ("", " ", "\u00a0  ") for flags in (0, 2)))
         for answer in spoke:

@@ -5,6 +5,8 @@ import subprocess
 from companions import (DISPATCH, PREFIX, PREFIX_TOOL, SAPI4, SAPI4_INTERFACE, SAPI5, SAPI5_INTERFACE, UNKNOWN, VOICE,
                         ENDLESS, HOUR, CompanionTest, awaited, create, speak)
 
+STOP = 1  # a state of an audio device
+
 
 class Sapi5Members(CompanionTest):
     def test_created_by_any_of_its_interfaces(self):
@@ -75,6 +77,19 @@ class Sapi5Members(CompanionTest):
         self.assertTrue(number.worked and left_out.worked)
         first, second = self.heard("sapi5 speak")
         self.assertEqual((first["text"], first["given"], second["given"]), ("42", True, False))
+
+    def test_its_output_does_what_the_environment_says(self):
+        asked, stopped = ("sapi5 output", None), ("sapi5 output state", STOP)
+        for does, failing, lines in ((None, "voice", []), ("refused", "stream", [asked]), ("file", "audio", [asked]),
+                                     ("stuck", "state", [asked, stopped]), ("audio", "none", [asked, stopped])):
+            with self.subTest(does=does):
+                self.heard_file.unlink(missing_ok=True)
+                if does is not None:
+                    self.environment["POINTALK_SAPI5_OUTPUT"] = does
+                _, answer = self.voice(create("v"), ("output", "v", str(STOP)))
+                self.assertEqual((answer.value, answer.worked), (failing, failing == "none"))
+                self.assertEqual([(line["what"], line.get("state")) for line in self.heard("sapi5 output", "sapi5 output state")],
+                                 lines)
 
     def test_creation_and_release_are_written_down(self):
         self.voice(create("v"), ("release", "v"))

@@ -8,7 +8,8 @@
 //   into NEW OBJECT MEMBER ARGUMENT...    the same, keeping the object that comes back
 //   put OBJECT MEMBER ARGUMENT            putref likewise
 //   ids OBJECT MEMBER                     GetIDsOfNames alone
-//   leaves OBJECT MEMBER VALUE            gets it until it has another value, written as it is printed
+//   output OBJECT STATE                   by interface: sets the state of its output; gives what failed, or
+//   "none" leaves OBJECT MEMBER VALUE            gets it until it has another value, written as it is printed
 //   await WHAT COUNT                      until POINTALK_HEARD holds so many lines of that kind
 //   until FILE                            until it is there
 //   release OBJECT, leave (COM, releasing nothing)
@@ -19,6 +20,7 @@
 
 #include <oaidl.h>
 #include <objbase.h>
+#include <sapi.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -87,6 +89,7 @@ class Probe {
     if (verb == "into") return Call(words, 2, DISPATCH_METHOD | DISPATCH_PROPERTYGET, words[1], shown);
     if (verb == "put") return Call(words, 1, DISPATCH_PROPERTYPUT, "", shown);
     if (verb == "putref") return Call(words, 1, DISPATCH_PROPERTYPUTREF, "", shown);
+    if (verb == "output") return Output(words, shown);
     if (verb == "leaves") return Leaves(words, shown);
     if (verb == "await") return Await(words);
     if (verb == "until") {
@@ -199,6 +202,28 @@ class Probe {
     } else {
       VariantClear(&result);
     }
+    return outcome;
+  }
+
+  HRESULT Output(const Words& words, std::string& shown) {
+    ISpVoice* voice = nullptr;
+    shown = "voice";
+    HRESULT outcome =
+        mObjects.at(words[1])->QueryInterface(__uuidof(ISpVoice), reinterpret_cast<void**>(&voice));
+    if (FAILED(outcome)) return outcome;
+    ISpStreamFormat* stream = nullptr;
+    shown = "stream";
+    outcome = voice->GetOutputStream(&stream);
+    voice->Release();
+    if (FAILED(outcome)) return outcome;
+    ISpAudio* audio = nullptr;
+    shown = "audio";
+    outcome = stream->QueryInterface(__uuidof(ISpAudio), reinterpret_cast<void**>(&audio));
+    stream->Release();
+    if (FAILED(outcome)) return outcome;
+    outcome = audio->SetState(static_cast<SPAUDIOSTATE>(std::stoi(words[2])), 0);
+    audio->Release();
+    shown = SUCCEEDED(outcome) ? "none" : "state";
     return outcome;
   }
 

@@ -1,4 +1,4 @@
-// What the stand-in answers, as the tests have written it down.
+// What the companion answers, as the tests have written it down.
 //
 // The environment variable POINTALK_AUTOMATION names a file of lines, which is read anew for each question.
 // The last line whose rectangle holds the place answers:

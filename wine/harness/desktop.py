@@ -102,8 +102,11 @@ class Desktop:
             done.check_returncode()
         return done.stdout
 
-    def target(self, *layouts):
+    def target(self, *layouts, unaware=False):
+        """unaware: of the screen's scale; it then counts in pixels of its own, and so do the places that it is given and gives."""
         words = [word for layout in layouts for word in ("--layout", layout)]
+        if unaware:
+            words += ["--awareness", "unaware"]
         return Target(["wine", TARGET_BUILD / "wine" / "target" / "target.exe", *words], self.environment)
 
     def probe(self):

@@ -15,6 +15,7 @@ class Hand:
         self._xdotool = subprocess.Popen(["xdotool", "-"], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
                                          stderr=subprocess.DEVNULL, env=environment, text=True)
         self._answers = queue.Queue()
+        self._pressed = []
         self._reader = threading.Thread(target=self._read, daemon=True)
         self._reader.start()
 
@@ -55,10 +56,27 @@ class Hand:
 
     def press(self, key):
         """Presses a key for good, by xdotool's name of it: shift, ctrl, alt, F1, Return."""
+        self._pressed.append(key)
         self._do(f"keydown {key}")
 
     def release(self, key):
+        if key in self._pressed:
+            self._pressed.remove(key)
         self._do(f"keyup {key}")
+
+    def press_again(self):
+        """Presses the keys that are down once more, with the desktop's own window to take them: on a busy machine the X server
+        may go on handing them to a window that no program looks after any more."""
+        if not self._pressed:
+            return
+        self._do(*(f"keyup {key}" for key in self._pressed))
+        self.aim(".* - Wine [Dd]esktop")
+        self._do(*(f"keydown {key}" for key in self._pressed))
+
+    def where_keys_go(self):
+        """The name of the window that the X server hands the keys to; for the message of a test that failed."""
+        return subprocess.run(["xdotool", "getwindowfocus", "getwindowname"], env=self._environment, stdin=subprocess.DEVNULL,
+                              capture_output=True, text=True, timeout=100, check=False).stdout.strip()
 
     @contextlib.contextmanager
     def held(self, *keys):

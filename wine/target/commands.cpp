@@ -68,7 +68,7 @@ std::vector<Commands::WindowPointer> Commands::Living() {
 UiThread& Commands::ThreadNamed(const std::wstring& name) {
   const std::scoped_lock lock(mutex_);
   auto& thread = threads_[name];
-  if (!thread) thread = std::make_unique<UiThread>();
+  if (!thread) thread = std::make_unique<UiThread>(unaware_);
   return *thread;
 }
 

@@ -43,6 +43,8 @@ namespace pointalk::target {
 
 class Commands {
  public:
+  explicit Commands(bool unaware) : unaware_(unaware) {}
+
   // The reply to a line; what goes wrong is in it as {"error": ...}. Callable from any thread.
   std::string Run(const std::string& line);
 
@@ -82,7 +84,8 @@ class Commands {
   std::string Send(const CommandLine& line, TargetWindow& window);
   std::string Where(const CommandLine& line, TargetWindow& window);
 
-  std::mutex mutex_;  // guards the lists; never held while a window's thread is waited for
+  const bool unaware_;  // of the screen's scale
+  std::mutex mutex_;    // guards the lists; never held while a window's thread is waited for
   std::vector<WindowPointer> windows_;
   std::map<std::wstring, std::unique_ptr<UiThread>> threads_;
   std::atomic<bool> ended_ = false;

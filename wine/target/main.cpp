@@ -2,10 +2,11 @@
 // answering as real ones do or as bad ones might. It is driven through standard input; commands.h lists the
 // commands.
 //
-//   target.exe [--layout NAME]... [--report FILE]
+//   target.exe [--layout NAME]... [--report FILE] [--awareness unaware]
 //
-// First comes a JSON line for each window of the layouts, then {"ready": true, "process": ID}, then one line
-// for each command. It ends at `quit` or at the end of the input.
+// Unaware of the screen's scale, it counts in pixels of its own, which the system enlarges; all rectangles
+// are in these then. First comes a JSON line for each window of the layouts, then {"ready": true, "process":
+// ID}, then one line for each command. It ends at `quit` or at the end of the input.
 #include <windows.h>
 
 #include <cstdio>
@@ -25,6 +26,7 @@ namespace {
 struct Options {
   std::vector<std::string> layouts;
   const char* report = nullptr;
+  bool unaware = false;
 };
 
 Options ParseOptions(int count, char** words) {
@@ -35,6 +37,8 @@ Options ParseOptions(int count, char** words) {
       options.layouts.emplace_back(words[i + 1]);
     else if (std::strcmp(words[i], "--report") == 0)
       options.report = words[i + 1];
+    else if (std::strcmp(words[i], "--awareness") == 0 && std::strcmp(words[i + 1], "unaware") == 0)
+      options.unaware = true;
     else
       throw CommandError(std::string("unknown option ") + words[i]);
   }
@@ -55,7 +59,7 @@ void Serve(const Options& options) {
   if (!out) throw CommandError(std::string("cannot write ") + options.report);
   LoadControlClasses();
   WatchGivenMemory();
-  Commands commands;
+  Commands commands(options.unaware);
   SetUp(commands, options.layouts);
   for (const std::string& window : commands.Windows()) WriteLine(out, window);
   WriteLine(out, JsonObject().Flag("ready", true).Number("process", GetCurrentProcessId()).Line());

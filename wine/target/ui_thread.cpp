@@ -24,16 +24,17 @@ LRESULT CALLBACK InboxProcedure(HWND window, UINT message, WPARAM wParam, LPARAM
 
 }  // namespace
 
-UiThread::UiThread() {
+UiThread::UiThread(bool unaware) {
   std::promise<HWND> ready;
   auto inbox = ready.get_future();
-  thread_ = std::thread([this, &ready] { Loop(ready); });
+  thread_ = std::thread([this, unaware, &ready] { Loop(unaware, ready); });
   thread_.detach();
   inbox_ = inbox.get();
   id_ = GetWindowThreadProcessId(inbox_, nullptr);
 }
 
-void UiThread::Loop(std::promise<HWND>& ready) {
+void UiThread::Loop(bool unaware, std::promise<HWND>& ready) {
+  if (unaware) SetThreadDpiAwarenessContext(DPI_AWARENESS_CONTEXT_UNAWARE);
   std::ignore = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
   WNDCLASSEXW inbox{};
   inbox.cbSize = sizeof inbox;

@@ -13,8 +13,8 @@ namespace pointalk::target {
 
 class UiThread {
  public:
-  // Returns once the thread takes tasks.
-  UiThread();
+  // Returns once the thread takes tasks. An unaware one knows nothing of the screen's scale.
+  explicit UiThread(bool unaware);
   // The loop ends with the process.
   UiThread(const UiThread&) = delete;
   UiThread& operator=(const UiThread&) = delete;
@@ -37,7 +37,7 @@ class UiThread {
  private:
   using Task = std::packaged_task<std::string()>;
 
-  void Loop(std::promise<HWND>& ready);
+  void Loop(bool unaware, std::promise<HWND>& ready);
   std::future<std::string> Post(std::function<std::string()> task);
 
   DWORD id_ = 0;

@@ -96,7 +96,7 @@ void ReadEdit(HWND window, POINT pointer) {
 }
 
 // Everything of a tick and its description but the reader.
-HWND AskTick(POINT& pointer) {
+HWND AskTick(POINT& pointer, pointalk::win32::AutomationQuestion& automation) {
   for (const int key : {VK_CONTROL, VK_MENU, VK_SHIFT}) GetAsyncKeyState(key);
   GetCursorPos(&pointer);
   GetAsyncKeyState(VK_LBUTTON);
@@ -104,7 +104,8 @@ HWND AskTick(POINT& pointer) {
   std::array<wchar_t, 256> name{};
   GetClassNameW(window, name.data(), static_cast<int>(name.size()));
   for (const int key : {VK_CONTROL, VK_MENU}) GetAsyncKeyState(key);
-  const auto facts = pointalk::win32::AskObjectAt({pointer.x, pointer.y});
+  const auto facts =
+      pointalk::win32::AskObjectAt({pointer.x, pointer.y}, automation, [](const auto&) {}).facts;
   std::array<char, 128> role{};
   GetRoleTextA(static_cast<DWORD>(facts ? facts->role.value_or(0) : 0), role.data(), 128);
   HWND top = window;
@@ -115,8 +116,9 @@ HWND AskTick(POINT& pointer) {
 }
 
 void MakeBareCalls(const std::string& kind, HANDLE process) {
+  pointalk::win32::AutomationQuestion automation;  // not asked over these controls
   POINT pointer{};
-  const HWND window = AskTick(pointer);
+  const HWND window = AskTick(pointer, automation);
   DWORD owner = 0;
   if (kind != "button") GetWindowThreadProcessId(window, &owner);
   if (kind == "list") ReadList(window, pointer, process);

@@ -99,9 +99,11 @@ void MeasureObjects(Point place) {
   constexpr int kTurns = 200;
   pointalk::win32::UnresponsiveThreads unresponsiveThreads;
   pointalk::win32::WinAccessibility accessibility(unresponsiveThreads);
+  pointalk::win32::AutomationQuestion automation;
   std::vector<std::int64_t> direct, limited;
   for (int turn = 0; turn < kTurns; ++turn) {
-    direct.push_back(Time([&] { std::ignore = pointalk::win32::AskObjectAt(place); }));
+    direct.push_back(
+        Time([&] { std::ignore = pointalk::win32::AskObjectAt(place, automation, [](const auto&) {}); }));
     limited.push_back(Time([&] { std::ignore = accessibility.ObjectAt(place); }));
   }
   Spread(direct).Print("object asked directly");

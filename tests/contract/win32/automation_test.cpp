@@ -1,4 +1,4 @@
-// Windows that tell of themselves by UI Automation only. Its client is the stand-in of wine/automation/.
+// Windows that tell of themselves by UI Automation only. Its client is the companion of wine/automation/.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -6,6 +6,7 @@
 #include <iterator>
 #include <string>
 
+#include "tests/contract/win32/patience.h"
 #include "tests/contract/win32/win_world.h"
 #include "win32/com.h"
 
@@ -14,8 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr ULONGLONG kLimit = 60'000;  // milliseconds
-constexpr Point kPlace{150, 150};
+constexpr Point kElementPlace{150, 150};
 constexpr const char* kHost = "class=Windows.UI.Input.InputSite.WindowClass";
 const std::string kProtected = std::to_string(STATE_SYSTEM_PROTECTED);
 
@@ -39,10 +39,10 @@ class AutomationTest : public testing::Test {
   }
 
   std::optional<AccessibleFacts> Ask() {
-    world_.MovePointer(kPlace);
+    world_.MovePointer(kElementPlace);
     std::optional<AccessibleFacts> facts;
-    EXPECT_TRUE(
-        world_.RunUntil([&] { return (facts = accessibility_.ObjectAt(kPlace)).has_value(); }, kLimit));
+    EXPECT_TRUE(world_.RunUntil([&] { return (facts = accessibility_.ObjectAt(kElementPlace)).has_value(); },
+                                kPatience));
     return facts;
   }
 
@@ -168,21 +168,21 @@ TEST_F(AutomationTest, ADescriptionHasAnEndHereToo) {
 // The question goes on after that, and the program is left alone meanwhile.
 TEST_F(AutomationTest, OneThatTakesTooLongLeavesTheObjectsOwnAnswer) {
   Make(kHost, "name=Host role=41");
-  const WindowHandle window = world_.platform.windows.WindowAt(kPlace);
+  const WindowHandle window = world_.platform.windows.WindowAt(kElementPlace);
   std::optional<AccessibleFacts> facts;
   // On a busy machine the object itself may be late.
   const auto saysSomething = [&] {
     Answer("hold=1");
-    facts = accessibility_.ObjectAt(kPlace);
+    facts = accessibility_.ObjectAt(kElementPlace);
     if (!facts) Answer("name=File");
     return facts.has_value();
   };
-  world_.MovePointer(kPlace);
-  ASSERT_TRUE(world_.RunUntil(saysSomething, kLimit));
+  world_.MovePointer(kElementPlace);
+  ASSERT_TRUE(world_.RunUntil(saysSomething, kPatience));
   EXPECT_EQ(facts->name, u"Host");
   EXPECT_TRUE(accessibility_.QueryPending(window));
   const int before = Questions();
-  EXPECT_EQ(accessibility_.ObjectAt(kPlace), std::nullopt);
+  EXPECT_EQ(accessibility_.ObjectAt(kElementPlace), std::nullopt);
   EXPECT_EQ(Questions(), before);
   Answer("name=File");
   facts = Ask();

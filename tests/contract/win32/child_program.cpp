@@ -1,12 +1,11 @@
 #include "tests/contract/win32/child_program.h"
+#include "tests/contract/win32/patience.h"
 
 #include <stdexcept>
 #include <utility>
 
 namespace pointalk::contract {
 namespace {
-
-constexpr ULONGLONG kLimit = 20'000;  // milliseconds
 
 struct Pipe {
   Pipe() {
@@ -51,7 +50,7 @@ ChildProgram::ChildProgram(const std::wstring& path, const std::wstring& options
 
 ChildProgram::~ChildProgram() {
   TerminateProcess(process_.get(), 0);
-  WaitForSingleObject(process_.get(), kLimit);
+  WaitForSingleObject(process_.get(), kPatience);
 }
 
 void ChildProgram::Write(const std::string& line) {
@@ -61,7 +60,7 @@ void ChildProgram::Write(const std::string& line) {
 }
 
 std::string ChildProgram::ReadLine() {
-  const ULONGLONG end = GetTickCount64() + kLimit;
+  const ULONGLONG end = GetTickCount64() + kPatience;
   for (;;) {
     if (const auto length = read_.find('\n'); length != std::string::npos) {
       std::string line = read_.substr(0, length);

@@ -4,6 +4,7 @@
 
 #include <dbt.h>
 
+#include "tests/contract/win32/patience.h"
 #include "tests/contract/win32/win_world.h"
 #include "tones/short_messages.h"
 
@@ -13,8 +14,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr ULONGLONG kPatience = 10'000;  // milliseconds
-constexpr ULONGLONG kAWhile = 1500;      // milliseconds in which what must not come would have come
+constexpr ULONGLONG kDevicesSettle = 1500;  // milliseconds in which what must not come would have come
 
 class DevicesTest : public testing::Test {
  protected:
@@ -30,14 +30,14 @@ class DevicesTest : public testing::Test {
 TEST_F(DevicesTest, AMachineThatWakesUpIsToldOfOnce) {
   PostMessageW(panel_, WM_POWERBROADCAST, PBT_APMRESUMEAUTOMATIC, 0);
   EXPECT_TRUE(Told(1));
-  EXPECT_FALSE(Told(2, kAWhile));
+  EXPECT_FALSE(Told(2, kDevicesSettle));
 }
 
 TEST_F(DevicesTest, SeveralChangesAtOnceAreToldOfOnce) {
   for (int i = 0; i < 5; ++i) SendMessageW(panel_, WM_DEVICECHANGE, DBT_DEVNODES_CHANGED, 0);
   EXPECT_EQ(world_.devices, 0);
   EXPECT_TRUE(Told(1));
-  EXPECT_FALSE(Told(2, kAWhile));
+  EXPECT_FALSE(Told(2, kDevicesSettle));
 }
 
 TEST_F(DevicesTest, TheyAreToldOfUntilSomethingCouldBeDone) {
@@ -47,14 +47,14 @@ TEST_F(DevicesTest, TheyAreToldOfUntilSomethingCouldBeDone) {
   world_.followsDevices = true;
   const int last = world_.devices + 1;
   EXPECT_TRUE(Told(last));
-  EXPECT_FALSE(Told(last + 1, kAWhile));
+  EXPECT_FALSE(Told(last + 1, kDevicesSettle));
 }
 
 TEST_F(DevicesTest, OtherNewsOfPowerAndDevicesIsNotTold) {
   SendMessageW(panel_, WM_POWERBROADCAST, PBT_APMSUSPEND, 0);
   SendMessageW(panel_, WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0);
   SendMessageW(panel_, WM_DEVICECHANGE, DBT_CONFIGCHANGED, 0);
-  EXPECT_FALSE(Told(1, kAWhile));
+  EXPECT_FALSE(Told(1, kDevicesSettle));
 }
 
 TEST_F(DevicesTest, APortIsOpenedAnewUnderItsHandle) {

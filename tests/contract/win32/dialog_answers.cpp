@@ -1,4 +1,5 @@
 #include "tests/contract/win32/dialog_answers.h"
+#include "tests/contract/win32/patience.h"
 
 #include <cwchar>
 #include <string_view>
@@ -7,8 +8,7 @@
 namespace pointalk::contract {
 namespace {
 
-constexpr ULONGLONG kLimit = 10'000;  // milliseconds
-constexpr DWORD kSettles = 300;       // milliseconds from coming to the front to taking keys
+constexpr DWORD kSettles = 300;  // milliseconds from coming to the front to taking keys
 
 BOOL CALLBACK KeepOwnDialog(HWND window, LPARAM found) {
   DWORD process = 0;
@@ -22,7 +22,7 @@ BOOL CALLBACK KeepOwnDialog(HWND window, LPARAM found) {
 }
 
 HWND WaitForKeyboard() {
-  for (const ULONGLONG end = GetTickCount64() + kLimit; GetTickCount64() < end; Sleep(10)) {
+  for (const ULONGLONG end = GetTickCount64() + kPatience; GetTickCount64() < end; Sleep(10)) {
     const HWND dialog = OwnDialog();
     if (dialog != nullptr && GetForegroundWindow() == dialog) return dialog;
   }

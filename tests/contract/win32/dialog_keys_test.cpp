@@ -3,13 +3,20 @@
 
 #include <thread>
 
+#include "tests/contract/win32/patience.h"
 #include "tests/contract/win32/win_world.h"
+#include "win32/foreground.h"
 
 namespace pointalk::contract {
 namespace {
 
-constexpr ULONGLONG kPatience = 10'000;  // milliseconds
-constexpr int kMostTicks = 320;          // as long
+constexpr int kTicksBesideABox = 320;  // of 30 ms: about ten seconds
+
+template <typename Condition> bool WaitFor(Condition condition, ULONGLONG limit = kPatience) {
+  for (const ULONGLONG end = GetTickCount64() + limit; GetTickCount64() < end; Sleep(2))
+    if (condition()) return true;
+  return false;
+}
 
 class DialogKeysTest : public testing::Test {
  protected:
@@ -35,6 +42,48 @@ TEST_F(DialogKeysTest, AnInputBoxGetsTheKeysThoughAnotherProgramIsInFront) {
   BringOtherProgramToTheFront();
   world_.AnswerInput(u"7");
   EXPECT_EQ(dialogs_.AskByInput(u"Which?", u"Pointalk", u"100"), u"7");
+}
+
+// The system counts a key that was pressed while nobody asked.
+TEST_F(DialogKeysTest, AKeyThatNoKeyboardHasClaimsTheFrontForABox) {
+  constexpr int kUnassigned = 0xE8;
+  GetAsyncKeyState(kUnassigned);
+  world_.AnswerBox(kAnswerOk);
+  EXPECT_EQ(dialogs_.AskByBox(u"One.", u"Pointalk", kBoxOk), kAnswerOk);
+  EXPECT_EQ(GetAsyncKeyState(kUnassigned), 1);
+}
+
+TEST_F(DialogKeysTest, ABoxThatIsNotInFrontIsBroughtThereAMomentLater) {
+  BringOtherProgramToTheFront();
+  const HWND box = CreateWindowExW(0, MAKEINTRESOURCEW(32770), L"Box", WS_POPUP | WS_CAPTION, 200, 200, 200,
+                                   100, nullptr, nullptr, nullptr, nullptr);
+  ShowWindow(box, SW_SHOWNOACTIVATE);
+  ASSERT_NE(GetForegroundWindow(), box);
+  {
+    const win32::BoxInFront front(world_.platform.panel.Window());
+    EXPECT_TRUE(world_.RunUntil([&] { return GetForegroundWindow() == box; }, kPatience));
+  }
+  DestroyWindow(box);
+}
+
+// It takes the front within the box's first moment, which may need a few attempts on a busy machine.
+TEST_F(DialogKeysTest, AnotherProgramDoesNotKeepAQuestionFromTheFront) {
+  const HWND front = win32::ToWindow(world_.Window("front"));
+  bool regained = false;
+  for (int attempt = 0; attempt < 5 && !regained; ++attempt) {
+    std::thread thief([&] {
+      WaitFor([] { return OwnDialog() != nullptr; });
+      const HWND box = OwnDialog();
+      WaitFor([&] { return GetForegroundWindow() == box; });
+      world_.Tell("foreground front");
+      const bool stolen = WaitFor([&] { return GetForegroundWindow() == front; });
+      regained = stolen && WaitFor([&] { return GetForegroundWindow() == box; }, 3'000);
+      PostMessageW(box, WM_COMMAND, IDYES, 0);
+    });
+    EXPECT_EQ(dialogs_.AskByBox(u"Do you agree?", u"Pointalk", kBoxYesNo), kAnswerYes);
+    thief.join();
+  }
+  EXPECT_TRUE(regained);
 }
 
 TEST_F(DialogKeysTest, EnterAloneTakesTheProposal) {
@@ -63,7 +112,7 @@ TEST_F(DialogKeysTest, TheFormHearsTheMouseWhileABoxIsOpen) {
     world_.SetLeftButton(false);
   });
   world_.duringTick = [&] {
-    if (world_.mouseReports.size() >= 2 || world_.ticks >= kMostTicks)
+    if (world_.mouseReports.size() >= 2 || world_.ticks >= kTicksBesideABox)
       PostMessageW(OwnDialog(), WM_COMMAND, IDOK, 0);
   };
   world_.platform.panel.SetTimerEnabled(true);

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "tests/contract/win32/child_program.h"
+#include "tests/contract/win32/patience.h"
 #include "win32/files.h"
 #include "win32/program_folder.h"
 #include "win32/wide_text.h"
@@ -14,7 +15,6 @@ namespace pointalk::contract {
 namespace {
 
 constexpr FilePath kFile{Folder::kProgram, u"contract file of a killed writer.txt"};
-constexpr ULONGLONG kPatience = 20'000;  // milliseconds
 const Text kOneContent(5000, u'1');
 const Text kOtherContent(3000, u'2');
 

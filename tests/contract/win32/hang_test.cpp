@@ -7,12 +7,12 @@
 #include <thread>
 
 #include "reader/messages.h"
+#include "tests/contract/win32/patience.h"
 #include "tests/contract/win32/win_world.h"
 
 namespace pointalk::contract {
 namespace {
 
-constexpr ULONGLONG kPatience = 10'000;  // milliseconds
 constexpr Point kHungPlace{150, 150};
 constexpr Point kOtherPlace{450, 150};
 
@@ -136,6 +136,20 @@ TEST_F(HangTest, FourQueriesMayBeOutAndNoMore) {
   EXPECT_FALSE(Ask(kOtherPlace));
   for (int i = 0; i < 5; ++i) world_.Tell("wake slow" + std::to_string(i));
   EXPECT_TRUE(world_.RunUntil([&] { return Ask(kOtherPlace).has_value(); }, kPatience));
+}
+
+TEST_F(HangTest, EveryFailureButThatOfAWindowThatTakesNoMessageShowsAThreadThatDoesNotAnswer) {
+  for (const DWORD error : {DWORD{ERROR_SUCCESS}, DWORD{ERROR_TIMEOUT}, DWORD{ERROR_NOT_ENOUGH_QUOTA},
+                            DWORD{ERROR_NOT_ENOUGH_MEMORY}, DWORD{ERROR_NO_SYSTEM_RESOURCES}})
+    EXPECT_TRUE(win32::ShowsUnresponsive(error)) << error;
+  for (const DWORD error : {DWORD{ERROR_ACCESS_DENIED}, DWORD{ERROR_INVALID_WINDOW_HANDLE}})
+    EXPECT_FALSE(win32::ShowsUnresponsive(error)) << error;
+}
+
+TEST_F(HangTest, AWindowThatHasGoneIsNoThreadThatDoesNotAnswer) {
+  world_.Tell("destroy other");
+  EXPECT_EQ(Length(other_), std::nullopt);
+  EXPECT_TRUE(world_.platform.unresponsiveThreads.AllAnswer());
 }
 
 TEST_F(HangTest, AProgramMayDieInAMessage) {

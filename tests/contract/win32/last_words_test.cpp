@@ -2,8 +2,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <chrono>
+#include <semaphore>
 #include <thread>
+#include <vector>
 
+#include "tests/contract/win32/patience.h"
 #include "tests/contract/win32/win_world.h"
 #include "win32/last_words.h"
 #include "win32/panel_commands.h"
@@ -12,8 +17,6 @@ namespace pointalk::contract {
 namespace {
 
 using testing::IsEmpty;
-
-constexpr DWORD kPatience = 100'000;  // milliseconds
 
 class LastWordsTest : public testing::Test {
  protected:
@@ -24,21 +27,54 @@ class LastWordsTest : public testing::Test {
 TEST_F(LastWordsTest, TheyAreOverOnceNothingIsSaid) {
   int asked = 0;
   win32::HearOut(
-      panel_, [&] { return ++asked < 4; }, kPatience);
+      panel_, [&](DWORD) { return ++asked < 4; }, kPatience);
   EXPECT_EQ(asked, 4);
 }
 
 TEST_F(LastWordsTest, AVoiceThatNeverEndsIsLeft) {
   int asked = 0;
   win32::HearOut(
-      panel_, [&] { return ++asked > 0; }, 100);
+      panel_, [&](DWORD) { return ++asked > 0; }, 100);
   EXPECT_GT(asked, 1);
+}
+
+// The program that ends is not kept longer by a question whose answer does not come.
+TEST_F(LastWordsTest, AQuestionIsGivenNoMoreTimeThanIsLeft) {
+  constexpr DWORD kLimit = 200;  // milliseconds
+  std::vector<DWORD> limits;
+  win32::HearOut(
+      panel_,
+      [&](DWORD limit) {
+        limits.push_back(limit);
+        Sleep(std::min<DWORD>(limit, kLimit / 4));
+        return true;
+      },
+      kLimit);
+  EXPECT_EQ(limits.front(), kLimit);
+  EXPECT_TRUE(std::is_sorted(limits.rbegin(), limits.rend()));
+  EXPECT_GT(limits.back(), 0U);
+}
+
+// In a voice that hangs nobody finds out whether it speaks.
+TEST_F(LastWordsTest, AVoiceThatHangsIsLeft) {
+  std::binary_semaphore free(0);
+  Sapi5Voice& voice = world_.platform.sapi5;
+  ASSERT_TRUE(voice.Create());
+  world_.platform.voice.Hand([&](win32::Engines&) { return free.try_acquire_for(std::chrono::minutes(2)); },
+                             false);
+  EXPECT_TRUE(world_.platform.sapi5.IsSpeaking(10));
+  int asked = 0;
+  win32::HearOut(
+      panel_, [&](DWORD limit) { return ++asked, world_.platform.sapi5.IsSpeaking(limit); }, 100);
+  EXPECT_EQ(asked, 1);
+  free.release();
+  voice.Release();
 }
 
 TEST_F(LastWordsTest, TheEndOfTheSessionIsToldMeanwhile) {
   std::thread system([this] { SendMessageW(panel_, WM_ENDSESSION, TRUE, 0); });
   win32::HearOut(
-      panel_, [this] { return world_.sessionEnds == 0; }, kPatience);
+      panel_, [this](DWORD) { return world_.sessionEnds == 0; }, kPatience);
   EXPECT_EQ(world_.sessionEnds, 1);
   system.join();
 }
@@ -49,7 +85,7 @@ TEST_F(LastWordsTest, EventsOfTheFormComeTooLate) {
   PostMessageW(panel_, WM_CLOSE, 0, 0);
   int asked = 0;
   win32::HearOut(
-      panel_, [&] { return ++asked < 4; }, kPatience);
+      panel_, [&](DWORD) { return ++asked < 4; }, kPatience);
   world_.platform.panel.SetTimerEnabled(false);
   world_.platform.panel.LetMessagesRun();
   EXPECT_THAT(world_.commands, IsEmpty());
@@ -70,7 +106,7 @@ TEST_F(LastWordsTest, MessagesWithoutEndDoNotKeepTheProgram) {
   PostMessageW(busy, WM_APP, 0, 0);
   int asked = 0;
   win32::HearOut(
-      panel_, [&] { return ++asked < 4; }, kPatience);
+      panel_, [&](DWORD) { return ++asked < 4; }, kPatience);
   EXPECT_EQ(asked, 4);
   DestroyWindow(busy);
 }
@@ -82,7 +118,7 @@ TEST_F(LastWordsTest, MessagesToOtherWindowsAreHandled) {
   ASSERT_NE(other, nullptr);
   PostMessageW(other, WM_CLOSE, 0, 0);
   win32::HearOut(
-      panel_, [other] { return IsWindow(other) != FALSE; }, kPatience);
+      panel_, [other](DWORD) { return IsWindow(other) != FALSE; }, kPatience);
   EXPECT_FALSE(IsWindow(other));
 }
 

@@ -8,13 +8,13 @@
 #include <vector>
 
 #include "reader/messages.h"
+#include "tests/contract/win32/patience.h"
 #include "tests/contract/win32/win_world.h"
 
 namespace pointalk::contract {
 namespace {
 
-constexpr ULONGLONG kPatience = 100'000;  // milliseconds
-constexpr ULONGLONG kAWhile = 2'500;      // milliseconds, in which what is looked after is looked after
+constexpr ULONGLONG kLooksForBlocks = 2'500;  // milliseconds, in which what is looked after is looked after
 
 class LentMemoryTest : public testing::Test {
  protected:
@@ -48,7 +48,7 @@ TEST_F(LentMemoryTest, ABlockStaysUntilTheThreadThatHadItAnswers) {
   world_.Tell("rule slow WM_GETTEXTLENGTH hold");
   RunOver();
   memory_.FreeOnceAnswered(process_, block, window_);
-  world_.RunUntil([] { return false; }, kAWhile);
+  world_.RunUntil([] { return false; }, kLooksForBlocks);
   EXPECT_TRUE(IsThere(block));
   world_.Tell("unrule slow");
   EXPECT_TRUE(world_.RunUntil([&] { return !IsThere(block); }, kPatience));
@@ -71,7 +71,7 @@ TEST_F(LentMemoryTest, AnotherThreadsAnswerSaysNothing) {
   const RemoteAddress others = Allocate();
   memory_.FreeOnceAnswered(process_, others, other_);
   EXPECT_FALSE(IsThere(others));
-  world_.RunUntil([] { return false; }, kAWhile);
+  world_.RunUntil([] { return false; }, kLooksForBlocks);
   EXPECT_TRUE(IsThere(block));
 }
 

@@ -5,6 +5,7 @@
 
 #include <tlhelp32.h>
 
+#include "tests/contract/win32/patience.h"
 #include "tests/contract/win32/win_world.h"
 #include "win32/handles.h"
 
@@ -13,8 +14,7 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr ULONGLONG kPatience = 100'000;  // milliseconds
-constexpr ULONGLONG kAWhile = 2'500;      // milliseconds, in which the button is looked at twice
+constexpr ULONGLONG kLooksAtButton = 2'500;  // milliseconds, in which the button is looked at twice
 
 class MouseReportsTest : public testing::Test {
  protected:
@@ -77,7 +77,7 @@ void EndMessageLoopsOfOtherThreads() {
 
 TEST_F(MouseReportsTest, TheyGoOnWhenAnotherProgramEndsTheMessageLoopOfTheirThread) {
   EndMessageLoopsOfOtherThreads();
-  world_.RunUntil([] { return false; }, kAWhile);
+  world_.RunUntil([] { return false; }, kLooksAtButton);
   Click();
   EXPECT_THAT(world_.MouseReports(2), ElementsAre(513, 514));
 }
@@ -120,11 +120,11 @@ TEST_F(MouseReportsTest, AButtonThatWasLetGoUnseenIsUp) {
 
 TEST_F(MouseReportsTest, AButtonThatIsHeldIsDown) {
   world_.SetLeftButton(true);
-  world_.RunUntil([] { return false; }, kAWhile);
+  world_.RunUntil([] { return false; }, kLooksAtButton);
   EXPECT_THAT(world_.mouseReports, ElementsAre(513));
   world_.SetLeftButton(false);
   EXPECT_THAT(world_.MouseReports(2), ElementsAre(513, 514));
-  world_.RunUntil([] { return false; }, kAWhile);
+  world_.RunUntil([] { return false; }, kLooksAtButton);
   EXPECT_THAT(world_.mouseReports, ElementsAre(513, 514));
 }
 

@@ -1,12 +1,11 @@
 // Accessible objects of several kinds, our own among them.
 #include <gtest/gtest.h>
 
+#include "tests/contract/win32/patience.h"
 #include "tests/contract/win32/win_world.h"
 
 namespace pointalk::contract {
 namespace {
-
-constexpr ULONGLONG kLimit = 60'000;  // milliseconds
 
 class ObjectTest : public testing::Test {
  protected:
@@ -16,7 +15,7 @@ class ObjectTest : public testing::Test {
     world_.MovePointer(place);
     std::optional<AccessibleFacts> facts;
     const auto answered = [&] { return (facts = accessibility_.ObjectAt(place)).has_value(); };
-    EXPECT_TRUE(world_.RunUntil(answered, kLimit));
+    EXPECT_TRUE(world_.RunUntil(answered, kPatience));
     return facts;
   }
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "app/mouse.h"
+#include "tests/contract/win32/patience.h"
 #include "tests/contract/win32/win_world.h"
 #include "win32/panel_commands.h"
 
@@ -18,8 +19,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr ULONGLONG kPatience = 10'000;  // milliseconds
-constexpr int kMostTicks = 320;          // as long
+constexpr int kTicksInALongWhile = 320;  // of 30 ms: about ten seconds
 
 class PanelTest : public testing::Test {
  protected:
@@ -50,7 +50,7 @@ class PanelTest : public testing::Test {
       busy = true;  // a step that lets messages run lets ticks in
       if (steps[step]()) ++step;
       busy = false;
-      if (world_.ticks < kMostTicks) return;
+      if (world_.ticks < kTicksInALongWhile) return;
       EndMenu();
       PostMessageW(OwnDialog(), WM_CLOSE, 0, 0);
     };

@@ -18,7 +18,7 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-constexpr const char* kPlace = " rect=110,110,300,140";
+constexpr const char* kFieldRect = " rect=110,110,300,140";
 constexpr Point kOnField{150, 120};
 
 // What a field is made of, as the target's command `create` takes it.
@@ -42,7 +42,7 @@ class PasswordTest : public testing::Test {
   // Makes a field with something in it that must not be told.
   WindowHandle Make(const std::string& what, const std::string& name = "field") {
     const std::string reply =
-        world_.Tell("create " + name + ' ' + what + " parent=frame title=marlin" + kPlace);
+        world_.Tell("create " + name + ' ' + what + " parent=frame title=marlin" + kFieldRect);
     return std::stoull(std::string(RawField(reply, "hwnd")));
   }
 
@@ -162,6 +162,21 @@ TEST_F(PasswordTest, AFieldThatDoesNotSayWhatItIsCountsAsAPasswordFieldAndIsAske
   world_.Tell("unrule field EM_GETPASSWORDCHAR");
   EXPECT_THAT(Counts("field"), HasSubstr("\"EM_GETPASSWORDCHAR\":1"));
   EXPECT_THAT(Counts("field"), Not(HasSubstr("WM_GETTEXT")));
+  EXPECT_TRUE(world_.RunUntil([&] { return messages_.WindowText(field, 100) == u"marlin"; }, 100'000));
+}
+
+TEST_F(PasswordTest, AFieldThatDoesNotAnswerTheObjectsQuestionIsAskedNoMore) {
+  const WindowHandle field = Make("class=OddTextBox base=Edit");
+  world_.Tell("element field 0 value=marlin role=42");
+  world_.Tell("rule field EM_GETPASSWORDCHAR hold");
+  world_.Tell("reset");
+  world_.MovePointer(kOnField);
+  const auto facts = world_.platform.accessibility.ObjectAt(kOnField);
+  EXPECT_EQ(facts.value_or(AccessibleFacts()).value, std::nullopt);
+  EXPECT_FALSE(world_.platform.unresponsiveThreads.AllAnswer());
+  EXPECT_EQ(messages_.WindowText(field, 100), std::nullopt);
+  world_.Tell("unrule field EM_GETPASSWORDCHAR");
+  EXPECT_THAT(Counts("field"), Not(HasSubstr("\"EM_GETPASSWORDCHAR\":2")));
   EXPECT_TRUE(world_.RunUntil([&] { return messages_.WindowText(field, 100) == u"marlin"; }, 100'000));
 }
 

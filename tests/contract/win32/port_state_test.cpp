@@ -39,41 +39,57 @@ TEST(PortState, ItIsNotLostAgainWithinASecond) {
 TEST(PortState, ANoteSoundsUntilItIsEnded) {
   PortState port;
   EXPECT_FALSE(port.NoteSounds());
-  port.Took(ProgramChange(kHigherToneChannel, 74));
+  port.Sent(ProgramChange(kHigherToneChannel, 74), true);
   EXPECT_FALSE(port.NoteSounds());
-  port.Took(NoteOn(kHigherToneChannel, 80, 60));
-  port.Took(NoteOn(kLowerToneChannel, 80, 60));
-  port.Took(0);
-  port.Took(NoteOff(kHigherToneChannel, 80, 60));
+  port.Sent(NoteOn(kHigherToneChannel, 80, 60), true);
+  port.Sent(NoteOn(kLowerToneChannel, 80, 60), true);
+  port.Sent(0, true);
+  port.Sent(NoteOff(kHigherToneChannel, 80, 60), true);
   EXPECT_TRUE(port.NoteSounds());
-  port.Took(NoteOff(kLowerToneChannel, 79, 60));
+  port.Sent(NoteOff(kLowerToneChannel, 79, 60), true);
   EXPECT_TRUE(port.NoteSounds());
-  port.Took(NoteOff(kLowerToneChannel, 80, 0));
+  port.Sent(NoteOff(kLowerToneChannel, 80, 0), true);
   EXPECT_FALSE(port.NoteSounds());
+}
+
+TEST(PortState, ANoteThatIsRefusedDoesNotSound) {
+  PortState port;
+  port.Sent(NoteOn(kEventChannel, 72, 60), false);
+  EXPECT_FALSE(port.NoteSounds());
+}
+
+// Else a port whose devices changed would never be opened anew.
+TEST(PortState, ANoteWhoseEndIsRefusedIsNotWaitedFor) {
+  for (const std::uint32_t end : {NoteOff(kEventChannel, 72, 60), NoteOn(kEventChannel, 72, 0)}) {
+    PortState port;
+    port.Sent(NoteOn(kEventChannel, 72, 60), true);
+    port.Sent(end, false);
+    EXPECT_FALSE(port.NoteSounds());
+  }
 }
 
 TEST(PortState, ANoteWithoutLoudnessIsSilent) {
   PortState port;
-  port.Took(NoteOn(kEventChannel, 72, 0));
+  port.Sent(NoteOn(kEventChannel, 72, 0), true);
   EXPECT_FALSE(port.NoteSounds());
-  port.Took(NoteOn(kEventChannel, 72, 60));
-  port.Took(NoteOn(kEventChannel, 72, 0));
+  port.Sent(NoteOn(kEventChannel, 72, 60), true);
+  port.Sent(NoteOn(kEventChannel, 72, 0), true);
   EXPECT_FALSE(port.NoteSounds());
 }
 
 TEST(PortState, NumbersThatMidiDoesNotKnowAreTakenAsADeviceSeesThem) {
   PortState port;
-  port.Took(NoteOn(kEventChannel, 231, 127));
+  port.Sent(NoteOn(kEventChannel, 231, 127), true);
   EXPECT_TRUE(port.NoteSounds());
-  port.Took(NoteOff(kEventChannel, 231, 127));
+  port.Sent(NoteOff(kEventChannel, 231, 127), true);
   EXPECT_FALSE(port.NoteSounds());
-  port.Took(0xFFFFFFFF);
+  port.Sent(0xFFFFFFFF, true);
   EXPECT_FALSE(port.NoteSounds());
 }
 
 TEST(PortState, NoNoteSoundsOnAPortThatWasOpenedAnew) {
   PortState port;
-  port.Took(NoteOn(kEventChannel, 72, 60));
+  port.Sent(NoteOn(kEventChannel, 72, 60), true);
   port.Reopened(kNow);
   EXPECT_FALSE(port.NoteSounds());
 }

@@ -10,10 +10,10 @@
 #include <semaphore>
 #include <stdexcept>
 #include <thread>
-#include <tuple>
 #include <utility>
 #include <vector>
 
+#include "tests/contract/win32/patience.h"
 #include "tests/contract/win32/win_world.h"
 #include "win32/panel_commands.h"
 #include "win32/voice_thread.h"
@@ -25,8 +25,7 @@ using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr auto kPatience = std::chrono::seconds(100);
-constexpr DWORD kPatienceInMilliseconds = 100'000;
+constexpr auto kLongWait = std::chrono::milliseconds(kPatience);
 
 class VoiceThreadTest : public testing::Test {
  protected:
@@ -34,7 +33,7 @@ class VoiceThreadTest : public testing::Test {
 
   // The engines are at work on a call until Free.
   void Occupy() {
-    voice_.Hand([this](win32::Engines&) { std::ignore = free_.try_acquire_for(kPatience); }, false);
+    voice_.Hand([this](win32::Engines&) { return free_.try_acquire_for(kLongWait); }, false);
     occupied_ = true;
   }
   void Free() {
@@ -42,7 +41,7 @@ class VoiceThreadTest : public testing::Test {
   }
 
   void HandNumber(int number, bool cutsOff = false) {
-    voice_.Hand([this, number](win32::Engines&) { made_.push_back(number); }, cutsOff);
+    voice_.Hand([this, number](win32::Engines&) { return made_.push_back(number), true; }, cutsOff);
   }
 
   // What was handed over is made by then.
@@ -91,7 +90,7 @@ TEST_F(VoiceThreadTest, AWindowOfTheEnginesGetsItsMessages) {
   });
   ASSERT_TRUE(window && *window);
   PostMessageW(*window, WM_CLOSE, 0, 0);
-  EXPECT_TRUE(world_.RunUntil([&] { return !IsWindow(*window); }, kPatienceInMilliseconds));
+  EXPECT_TRUE(world_.RunUntil([&] { return !IsWindow(*window); }, kPatience));
 }
 
 // On a busy machine the caller may go on earlier at times.
@@ -99,7 +98,7 @@ TEST_F(VoiceThreadTest, AnIdleEngineHasTakenACallWhenTheCallerGoesOn) {
   int taken = 0;
   for (int number = 0; number < 100; ++number) {
     std::atomic<bool> made = false;
-    voice_.Hand([&made](win32::Engines&) { made = true; }, false);
+    voice_.Hand([&made](win32::Engines&) { return made = true; }, false);
     if (made) ++taken;
     Made();
   }
@@ -115,9 +114,27 @@ TEST_F(VoiceThreadTest, AnEngineThatIsAtWorkIsNotWaitedFor) {
   EXPECT_THAT(Made(), ElementsAre(1));
 }
 
+// On a busy machine it may take a few attempts.
+TEST_F(VoiceThreadTest, ACallThatAnIdleEngineRefusesIsKnownToBe) {
+  const auto refuse = [](win32::Engines&) { return false; };
+  EXPECT_TRUE(world_.RunUntil([&] { return !voice_.Hand(refuse, false); }, kPatience));
+  Occupy();
+  EXPECT_TRUE(voice_.Hand(refuse, false));  // as far as anybody knows
+  Free();
+}
+
+TEST_F(VoiceThreadTest, ItIsKnownWhetherCallsAreNotOver) {
+  Occupy();
+  EXPECT_TRUE(voice_.IsBehind());
+  HandNumber(1);
+  Free();
+  EXPECT_TRUE(world_.RunUntil([&] { return !voice_.IsBehind(); }, kPatience));
+  EXPECT_THAT(Made(), ElementsAre(1));
+}
+
 TEST_F(VoiceThreadTest, ACallThatThrowsHasNoAnswerAndTheNextOneHas) {
   EXPECT_EQ(voice_.Ask([](win32::Engines&) -> int { throw std::runtime_error("no memory"); }), std::nullopt);
-  voice_.Hand([](win32::Engines&) { throw std::runtime_error("no memory"); }, false);
+  voice_.Hand([](win32::Engines&) -> bool { throw std::runtime_error("no memory"); }, false);
   EXPECT_EQ(voice_.Ask([](win32::Engines&) { return 3; }), 3);
 }
 
@@ -126,10 +143,9 @@ TEST_F(VoiceThreadTest, SentMessagesAreAnsweredDuringACallThatIsWaitedFor) {
   std::binary_semaphore answered(0);
   std::thread other([&] {
     DWORD_PTR unused = 0;
-    if (SendMessageTimeoutW(panel_, WM_NULL, 0, 0, SMTO_NORMAL, kPatienceInMilliseconds, &unused) != 0)
-      answered.release();
+    if (SendMessageTimeoutW(panel_, WM_NULL, 0, 0, SMTO_NORMAL, kPatience, &unused) != 0) answered.release();
   });
-  EXPECT_EQ(voice_.Ask([&](win32::Engines&) { return answered.try_acquire_for(kPatience); }), true);
+  EXPECT_EQ(voice_.Ask([&](win32::Engines&) { return answered.try_acquire_for(kLongWait); }), true);
   other.join();
 }
 
@@ -154,8 +170,7 @@ TEST_F(VoiceThreadTest, NoEventOfTheFormComesInDuringACallThatIsWaitedFor) {
     return world_.ticks + world_.clicks + world_.unloads + static_cast<int>(world_.commands.size());
   });
   EXPECT_EQ(seen, 0);
-  EXPECT_TRUE(
-      world_.RunUntil([this] { return world_.unloads == 1 && world_.ticks > 0; }, kPatienceInMilliseconds));
+  EXPECT_TRUE(world_.RunUntil([this] { return world_.unloads == 1 && world_.ticks > 0; }, kPatience));
   EXPECT_EQ(world_.clicks, 1);
   EXPECT_EQ(world_.commands.size(), 1U);
 }
@@ -186,9 +201,9 @@ TEST_F(VoiceThreadTest, ItEndsAfterTheCallsThatWait) {
   std::vector<int> made;
   {
     win32::VoiceThread voice;
-    voice.Hand([](win32::Engines&) { Sleep(50); }, false);
+    voice.Hand([](win32::Engines&) { return Sleep(50), true; }, false);
     for (int number = 0; number < 3; ++number)
-      voice.Hand([&made, number](win32::Engines&) { made.push_back(number); }, false);
+      voice.Hand([&made, number](win32::Engines&) { return made.push_back(number), true; }, false);
   }
   EXPECT_THAT(made, ElementsAre(0, 1, 2));
 }
