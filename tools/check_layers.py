@@ -49,6 +49,9 @@ WINDOWS_WORDS = re.compile(
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"])([^>"\n]+)[>"]', re.M)
 WORD = re.compile(r"\b[A-Za-z_]\w*\b")
 
+# The folders that implement the seam; none of them sees another.
+HOSTS = ("win32", "linux", "sim")
+
 
 class File:
     def __init__(self, root, path):
@@ -78,7 +81,8 @@ def wrong_rooms(files):
     names = {f.name for f in files}
     visible = {room: (room, "platform", *seen) for room, seen in TABLE.items()}
     visible["text"] = ("text",)
-    visible.update(platform=("platform", "text"), win32=ROOMS + ("platform", "win32"), sim=ROOMS + ("platform", "sim"))
+    visible.update(platform=("platform", "text"))
+    visible.update({host: ROOMS + ("platform", host) for host in HOSTS})
     breaches = []
     for f in files:
         for line, target in f.own_includes():
@@ -139,7 +143,7 @@ def cycles(files):
 
 def main():
     root = arguments(__doc__).root
-    files = [File(root, path) for path in sources(root, ROOMS + ("platform", "win32", "sim"))]
+    files = [File(root, path) for path in sources(root, ROOMS + ("platform",) + HOSTS)]
     rules = (foreign_headers, wrong_rooms, impure_seam, macro_names, cycles)
     report({**{rule.__doc__: rule(files) for rule in rules}, other_links.__doc__: other_links(root)})
 

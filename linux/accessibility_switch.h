@@ -1,0 +1,24 @@
+// The desktop's switch for accessibility. Some programs look at it when they start and tell of no object
+// where it is off.
+#pragma once
+
+#include <string>
+
+namespace pointalk::linux {
+
+// Belongs to one thread, which may have to wait for the desktop for some seconds.
+class AccessibilitySwitch {
+ public:
+  void TurnOn();
+
+  // As it was before it was turned on.
+  void PutBack();
+
+  // The address of the bus on which programs tell of their objects; empty where there is none.
+  std::string BusAddress();
+
+ private:
+  bool wasOff_ = false;
+};
+
+}  // namespace pointalk::linux

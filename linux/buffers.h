@@ -1,0 +1,16 @@
+// Texts as they come out of buffers of a given size.
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+
+#include "text/text.h"
+
+namespace pointalk::linux {
+
+// What of a text has room in a buffer of that many characters with an ending NUL.
+inline Text FittingBuffer(TextView text, std::int32_t capacity) {
+  return Text(text.substr(0, static_cast<std::size_t>(std::max(capacity - 1, 0))));
+}
+
+}  // namespace pointalk::linux

@@ -1,0 +1,123 @@
+// Where pointalk begins: makes the seam and the form, and hands the window's events to the form.
+#include <QtCore/QTimer>
+#include <QtGui/QSessionManager>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QMessageBox>
+#include <cstdlib>
+#include <iostream>
+#include <tuple>
+#include <utility>
+
+#include "app/mouse.h"
+#include "linux/folders.h"
+#include "linux/linux_platform.h"
+#include "linux/qt_text.h"
+#include "linux/session.h"
+#include "linux/single_start.h"
+
+namespace pointalk::linux {
+namespace {
+
+constexpr int kNoDisplay = 1;
+constexpr int kWayland = 3;
+
+constexpr TextView kWaylandSentence =
+    u"Pointalk cannot tell where the pointer is in a Wayland session: please log out, choose a session on "
+    u"X11, also called Xorg, at the log-in screen, often by the button with the gear, and log in again.";
+constexpr std::chrono::seconds kSpeechServerLimit{6};
+constexpr std::chrono::seconds kSpokenLimit{30};
+constexpr std::chrono::seconds kReadingTime{8};
+
+class FormEvents final : public PanelEvents {
+ public:
+  FormEvents(Mouse& form, LinuxPlatform& platform) : form_(form), platform_(platform) {}
+
+  void OnTick() override {
+    if (!platform_.display.IsOpen()) return OnUnload();
+    const StillInput still(platform_.input);
+    form_.Timer1_Timer();
+  }
+  void OnMouse(std::int32_t message) override { form_.WinHook1_Message(message); }
+  void OnClick() override { form_.Form_Click(); }
+  void OnCommand(Handler handler) override { (form_.*handler)(); }
+  void OnUnload() override {
+    form_.Form_Terminate();
+    platform_.system.EndProgram();
+  }
+
+ private:
+  Mouse& form_;
+  LinuxPlatform& platform_;
+};
+
+// Qt ends the program by itself when its X server goes away, as at the end of many sessions.
+FormEvents* unloadedAtExit = nullptr;
+
+void UnloadAtExit() {
+  if (FormEvents* const events = std::exchange(unloadedAtExit, nullptr)) events->OnUnload();
+}
+
+// The sentence stays until the user closes it, or has had the time to hear and to read it.
+int RefuseWayland() {
+  const QString sentence = ToQt(kWaylandSentence);
+  std::cerr << sentence.toStdString() << std::endl;
+  SpeechClient voice;
+  if (voice.WaitForServer(kSpeechServerLimit)) voice.Say(SsipText(kWaylandSentence));
+  QMessageBox box(QMessageBox::Information, "Pointalk", sentence, QMessageBox::Ok);
+  QTimer look;
+  const auto end = std::chrono::steady_clock::now() + kSpokenLimit;
+  const auto read = std::chrono::steady_clock::now() + kReadingTime;
+  QObject::connect(&look, &QTimer::timeout, [&] {
+    const auto now = std::chrono::steady_clock::now();
+    if (now >= end || (now >= read && voice.IsQuiet())) box.accept();
+  });
+  look.start(100);
+  box.exec();
+  return kWayland;
+}
+
+int RunPointalk(SingleStart& start, EndSignals& signals) {
+  std::ignore = EnterProgramFolder();
+  TakeXErrorsAsAnswers();
+  LinuxPlatform platform;
+  Mouse form(platform.Seam());
+  FormEvents events(form, platform);
+  platform.panel.Serve(&events);
+  unloadedAtExit = &events;
+  std::ignore = std::atexit(&UnloadAtExit);  // where that fails, the next start asks whether this one crashed
+  start.Serve([&platform] { platform.panel.BringUp(); });
+  signals.Serve([&platform] { platform.panel.Unload(); });
+  QObject::connect(qApp, &QGuiApplication::commitDataRequest,
+                   [](QSessionManager& session) { session.setRestartHint(QSessionManager::RestartNever); });
+  QObject::connect(qApp, &QCoreApplication::aboutToQuit, [&platform] { platform.panel.Unload(); });
+  QTimer::singleShot(0, [&platform, &form] {
+    platform.clock.BeginSecond();
+    form.Form_Load();
+  });
+  platform.panel.Run();
+  events.OnUnload();
+  return EXIT_SUCCESS;
+}
+
+int Main(int count, char** arguments) {
+  EndSignals signals;
+  if (!XDisplay().IsOpen()) {
+    std::cerr << "Pointalk needs a desktop on X11: there is no X server at DISPLAY.\n";
+    return std::getenv("WAYLAND_DISPLAY") == nullptr ? kNoDisplay : kWayland;
+  }
+  // The panel is drawn by the X server that is watched, and can be read from its beginning.
+  setenv("QT_QPA_PLATFORM", "xcb", 1);
+  setenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1", 1);
+  QApplication application(count, arguments);
+  QApplication::setApplicationName("Pointalk");
+  QApplication::setDesktopFileName("pointalk");
+  QApplication::setQuitOnLastWindowClosed(false);
+  if (IsWaylandSession()) return RefuseWayland();
+  SingleStart start;
+  return start.IsFirst() ? RunPointalk(start, signals) : EXIT_SUCCESS;
+}
+
+}  // namespace
+}  // namespace pointalk::linux
+
+int main(int count, char** arguments) { return pointalk::linux::Main(count, arguments); }

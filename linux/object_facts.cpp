@@ -1,0 +1,200 @@
+#include "linux/object_facts.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+#include "linux/atspi_names.h"
+#include "linux/roles.h"
+#include "linux/utf8.h"
+#include "text/numbers.h"
+#include "text/text_rules.h"
+
+namespace pointalk::linux {
+namespace {
+
+constexpr std::int32_t kMostOfText = 1000;  // characters of a field that are read
+constexpr double kLargestValue = 1e12;
+constexpr std::int32_t kLineNumbers = 32749;  // a prime that a line number stays below
+
+// Dial, progress bar, scroll bar, slider, spin button, level bar, rating: what they show is a number.
+constexpr std::uint32_t kWithNumbers[] = {15, 42, 48, 51, 52, 103, 114};
+
+bool Is(const std::vector<std::uint32_t>& states, int bit) {
+  return !states.empty() && (states.front() >> bit & 1U) != 0;
+}
+
+bool Has(const std::vector<std::string>& interfaces, const char* name) {
+  return std::find(interfaces.begin(), interfaces.end(), name) != interfaces.end();
+}
+
+bool IsField(std::uint32_t role) {
+  return role == kRoleText || role == kRoleEntry || role == kRoleSpinButton;
+}
+
+// Whether a text is read by the line under the point. A field of one line is said whole.
+bool IsReadByLine(std::uint32_t role, const std::vector<std::uint32_t>& states, Toolkit toolkit) {
+  if (role == kRoleText) {
+    if (Is(states, kStateMultiLine)) return true;
+    return toolkit != Toolkit::kQt && !Is(states, kStateSingleLine);
+  }
+  if (role == kRoleEntry) return Is(states, kStateMultiLine);
+  return role == kRoleParagraph || role == kRoleTerminal || role == kRoleDocumentFrame ||
+         role == kRoleSection || role == kRoleStatic ||
+         (role >= kRoleFirstDocument && role <= kRoleLastDocument);
+}
+
+// Some programs give such things no name but their text.
+bool IsReadByLineWithoutName(std::uint32_t role) {
+  return role == kRoleLabel || role == kRoleHeading || role == kRoleLink;
+}
+
+// Text comes with its characters counted; one beyond U+FFFF is two of ours.
+std::int32_t UnitsOf(const Text& text, std::int32_t characters) {
+  std::size_t units = 0;
+  for (std::int32_t i = 0; i < characters && units < text.size(); ++i) {
+    units += text[units] >= 0xD800 && text[units] <= 0xDBFF && units + 1 < text.size() ? 2 : 1;
+  }
+  return static_cast<std::int32_t>(units);
+}
+
+}  // namespace
+
+Measure Measure::Of(const ObjectQuestion& question, Toolkit toolkit, std::int32_t scale) {
+  const Point origin = question.spot.place.origin;
+  if (toolkit == Toolkit::kGtk4 || toolkit == Toolkit::kOldGtk4)
+    return {kInWindow, (question.point.x - origin.x) / scale, (question.point.y - origin.y) / scale, scale,
+            origin};
+  return {kOnScreen, question.point.x / scale, question.point.y / scale, scale, origin};
+}
+
+Point Measure::OnScreen(Point counted) const {
+  const Point base = coordinates == kInWindow ? windowOrigin : Point{};
+  return {static_cast<std::int32_t>(base.x + std::int64_t{counted.x} * scale),
+          static_cast<std::int32_t>(base.y + std::int64_t{counted.y} * scale)};
+}
+
+bool Facts::HasText() const {
+  return !IsBlank(found.name) || (found.value && !IsBlank(*found.value)) ||
+         (found.line && !IsBlank(found.line->line));
+}
+
+bool Facts::Holds(const Measure& measure) const {
+  return measure.x >= counted.x && measure.y >= counted.y && measure.x - std::int64_t{counted.x} < width &&
+         measure.y - std::int64_t{counted.y} < height;
+}
+
+BusMessage FactsReader::Property(const BusObject& object, const char* interface, const char* name) {
+  BusMessage call = bus_.Call(object, kProperties, "Get");
+  if (call) sd_bus_message_append(call.get(), "ss", interface, name);
+  return call;
+}
+
+// Properties are asked for one by one: the question for all of them at once brings some programs down.
+std::optional<Facts> FactsReader::Read(const BusObject& object, const Measure& measure, Toolkit toolkit,
+                                       Moment limit) {
+  std::vector<BusMessage> calls;
+  calls.push_back(bus_.Call(object, kAccessible, "GetRole"));
+  calls.push_back(bus_.Call(object, kAccessible, "GetState"));
+  calls.push_back(bus_.Call(object, kAccessible, "GetInterfaces"));
+  calls.push_back(Property(object, kAccessible, "Name"));
+  calls.push_back(Property(object, kAccessible, "Description"));
+  calls.push_back(Property(object, kAccessible, "Parent"));
+  calls.push_back(bus_.Call(object, kComponent, "GetExtents"));
+  if (calls.back()) sd_bus_message_append(calls.back().get(), "u", measure.coordinates);
+  const std::vector<BusMessage> answers = bus_.Ask(std::move(calls), limit);
+
+  Facts facts;
+  facts.found.object = object;
+  BusReader role(answers[0]);
+  facts.found.role = role.ReadUnsigned();
+  if (!role.IsGood()) return std::nullopt;
+  const auto states = BusReader(answers[1]).ReadUnsignedArray();
+  const auto interfaces = BusReader(answers[2]).ReadStrings();
+  if (BusReader name(answers[3]); name.EnterVariant("s")) facts.found.name = name.ReadText();
+  if (BusReader text(answers[4]); text.EnterVariant("s")) facts.found.description = text.ReadText();
+  if (BusReader parent(answers[5]); parent.EnterVariant("(so)")) facts.parent = parent.ReadObject();
+  const BusReader::Four extents = BusReader(answers[6]).ReadFour();
+  facts.counted = {extents.first, extents.second};
+  facts.width = extents.third;
+  facts.height = extents.fourth;
+  facts.found.origin = measure.OnScreen(facts.counted);
+
+  const std::uint32_t kind = facts.found.role;
+  if (kind == kRolePassword) return facts;  // its text is nobody's business
+  const bool hasText = Has(interfaces, kTextInterface);
+  facts.found.readByLine = hasText && (IsReadByLine(kind, states, toolkit) ||
+                                       (IsBlank(facts.found.name) && IsReadByLineWithoutName(kind)));
+  if (facts.found.readByLine) {
+    facts.found.line = ReadLine(object, measure, toolkit, limit);
+    if (!facts.found.line && toolkit == Toolkit::kQt) facts.found.value = ReadBeginning(object, limit);
+  } else if (hasText && IsField(kind)) {
+    facts.found.value = ReadBeginning(object, limit);
+  } else if (Has(interfaces, kValueInterface) &&
+             std::find(std::begin(kWithNumbers), std::end(kWithNumbers), kind) != std::end(kWithNumbers)) {
+    facts.found.value = ReadValue(object, limit);
+  }
+  return facts;
+}
+
+std::int32_t FactsReader::CharacterCount(const BusObject& object, Moment limit) {
+  BusReader count(bus_.Ask(Property(object, kTextInterface, "CharacterCount"), limit));
+  return count.EnterVariant("i") ? count.ReadNumber() : 0;
+}
+
+// Below the last line it is the last character, as text fields elsewhere have it. -1 where there is none. The
+// old GTK 4 never answers this question.
+std::int32_t FactsReader::OffsetAt(const BusObject& object, const Measure& measure, Moment limit) {
+  BusMessage call = bus_.Call(object, kTextInterface, "GetOffsetAtPoint");
+  if (call) sd_bus_message_append(call.get(), "iiu", measure.x, measure.y, measure.coordinates);
+  BusReader answer(bus_.Ask(std::move(call), limit));
+  const std::int32_t offset = answer.ReadNumber();
+  return answer.IsGood() ? offset : -1;
+}
+
+std::optional<LineHit> FactsReader::ReadLine(const BusObject& object, const Measure& measure, Toolkit toolkit,
+                                             Moment limit) {
+  if (toolkit == Toolkit::kOldGtk4) return std::nullopt;
+  std::int32_t offset = OffsetAt(object, measure, limit);
+  if (offset < 0) offset = toolkit == Toolkit::kQt ? -1 : CharacterCount(object, limit) - 1;
+  if (offset < 0) return std::nullopt;
+  std::vector<BusMessage> calls;
+  calls.push_back(bus_.Call(object, kTextInterface, "GetStringAtOffset"));
+  if (calls.back()) sd_bus_message_append(calls.back().get(), "iu", offset, kLineGranularity);
+  calls.push_back(bus_.Call(object, kTextInterface, "GetTextAtOffset"));
+  if (calls.back()) sd_bus_message_append(calls.back().get(), "iu", offset, kLineBoundary);
+  for (const BusMessage& answer : bus_.Ask(std::move(calls), limit)) {
+    BusReader reader(answer);
+    LineHit hit;
+    hit.line = reader.ReadText();
+    const std::int32_t start = reader.ReadNumber();
+    const std::int32_t end = reader.ReadNumber();
+    if (!reader.IsGood() || start < 0 || end < start || (hit.line.empty() && end == start)) continue;
+    hit.position = UnitsOf(hit.line, std::clamp(offset - start, 0, std::max(end - start, 0)));
+    hit.number = start % kLineNumbers;
+    return hit;
+  }
+  return std::nullopt;
+}
+
+std::optional<Text> FactsReader::ReadBeginning(const BusObject& object, Moment limit) {
+  const std::int32_t count = CharacterCount(object, limit);
+  if (count <= 0) return std::nullopt;
+  BusMessage call = bus_.Call(object, kTextInterface, "GetText");
+  if (call) sd_bus_message_append(call.get(), "ii", 0, std::min(count, kMostOfText));
+  BusReader answer(bus_.Ask(std::move(call), limit));
+  Text text = answer.ReadText();
+  if (!answer.IsGood()) return std::nullopt;
+  return text;
+}
+
+// With two places behind the point at most.
+std::optional<Text> FactsReader::ReadValue(const BusObject& object, Moment limit) {
+  BusReader answer(bus_.Ask(Property(object, kValueInterface, "CurrentValue"), limit));
+  if (!answer.EnterVariant("d")) return std::nullopt;
+  const double value = answer.ReadReal();
+  if (!answer.IsGood() || !(std::abs(value) <= kLargestValue)) return std::nullopt;
+  return NumberText(Rounded(value * 100) / 100);
+}
+
+}  // namespace pointalk::linux

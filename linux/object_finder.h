@@ -1,0 +1,49 @@
+// Finds what lies under a point by asking the program that it belongs to.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "linux/bus.h"
+#include "linux/found_object.h"
+#include "linux/object_facts.h"
+#include "linux/programs.h"
+
+namespace pointalk::linux {
+
+class ObjectFinder {
+ public:
+  // Listens on the bus, and has to live as long as that handles messages.
+  explicit ObjectFinder(Bus& bus);
+  ObjectFinder(const ObjectFinder&) = delete;
+  ObjectFinder& operator=(const ObjectFinder&) = delete;
+
+  // No value where no object is there, or none was told of before the limit.
+  std::optional<FoundObject> Find(const ObjectQuestion& question, Moment limit);
+
+  // A question to that process is still out.
+  bool IsSilent(ProcessId process) { return bus_.IsSilent(programs_.NameOf(process)); }
+
+ private:
+  static int OnNameChange(sd_bus_message* signal, void* self, sd_bus_error* error);
+  static int OnFocus(sd_bus_message* signal, void* self, sd_bus_error* error);
+
+  std::optional<FoundObject> FindInWindow(Program& program, const ObjectQuestion& question, Moment limit);
+  std::optional<FoundObject> FindInPopUp(const Program& program, const ObjectQuestion& question,
+                                         Moment limit);
+  std::vector<BusObject> Descend(const BusObject& frame, Toolkit toolkit, const Measure& measure,
+                                 Moment limit);
+  BusObject ChildAt(const BusObject& object, const Measure& measure, Moment limit);
+  void WalkOnce(const BusObject& frame, Moment limit);
+  FoundObject Climb(Facts facts, const Measure& measure, Toolkit toolkit, Moment limit);
+
+  Bus& bus_;
+  Programs programs_;
+  FactsReader facts_;
+  std::map<std::string, BusObject, std::less<>> focus_;  // what had the focus last, by program
+  std::vector<BusObject> walked_;                        // frames
+};
+
+}  // namespace pointalk::linux

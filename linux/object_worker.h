@@ -1,0 +1,48 @@
+// A thread that asks other programs for their objects, so that nobody else has to wait for them.
+#pragma once
+
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <set>
+#include <thread>
+
+#include "linux/bus.h"
+#include "linux/found_object.h"
+#include "linux/owned.h"
+
+namespace pointalk::linux {
+
+class ObjectFinder;
+
+class ObjectWorker {
+ public:
+  // Asks the desktop for accessibility as long as it lives, and leaves that as it was.
+  ObjectWorker();
+  ~ObjectWorker();
+  ObjectWorker(const ObjectWorker&) = delete;
+  ObjectWorker& operator=(const ObjectWorker&) = delete;
+
+  // Waits for the answer, a quarter of a second at most. No value where there is no object, or where its
+  // program did not answer; such a one is not asked again until it shows that it answers.
+  std::optional<FoundObject> Ask(const ObjectQuestion& question);
+
+  // A question to that process is still out that nobody waits for any more.
+  bool IsSilent(ProcessId process);
+
+  // Puts back what was asked of the desktop and ends the thread; waits for that a second at most.
+  void End();
+
+ private:
+  // What the thread shares with its askers; it may outlive them.
+  struct Shared;
+  class Work;
+
+  std::shared_ptr<Shared> shared_;
+  std::thread thread_;
+};
+
+}  // namespace pointalk::linux

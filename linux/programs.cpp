@@ -1,0 +1,153 @@
+#include "linux/programs.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+#include <sstream>
+
+#include "linux/atspi_names.h"
+#include "linux/utf8.h"
+
+namespace pointalk::linux {
+namespace {
+
+constexpr std::chrono::milliseconds kRefreshPause{500};
+const BusObject kDesktop{kRegistry, kRootPath};
+const BusObject kBusItself{"org.freedesktop.DBus", "/org/freedesktop/DBus"};
+
+BusMessage PropertyCall(Bus& bus, const BusObject& object, const char* interface, const char* property) {
+  BusMessage call = bus.Call(object, kProperties, "Get");
+  if (call) sd_bus_message_append(call.get(), "ss", interface, property);
+  return call;
+}
+
+std::string TextProperty(const BusMessage& answer) {
+  BusReader reader(answer);
+  return reader.EnterVariant("s") ? reader.ReadBytes() : std::string();
+}
+
+Toolkit ToolkitOf(const std::string& name, const std::string& version) {
+  if (name == "Qt") return Toolkit::kQt;
+  if (name != "GTK") return Toolkit::kUsual;
+  int major = 0;
+  int minor = 0;
+  char point = '.';
+  std::istringstream(version) >> major >> point >> minor;
+  if (major < 4) return Toolkit::kUsual;
+  return major == 4 && minor < 18 ? Toolkit::kOldGtk4 : Toolkit::kGtk4;
+}
+
+std::int32_t Scale(std::int32_t real, std::int32_t counted) {
+  if (counted <= 0) return 1;
+  return std::clamp(static_cast<std::int32_t>(std::lround(double{1} * real / counted)), 1, 8);
+}
+
+// How far a frame is from where the window is, in pixels; without places, by the size alone.
+std::int64_t Distance(const BusReader::Four& extents, const XDisplay::Place& window, std::int32_t scale,
+                      bool placed) {
+  const auto apart = [scale](std::int32_t counted, std::int32_t real) {
+    return std::llabs(std::int64_t{counted} * scale - real);
+  };
+  const std::int64_t sizes = apart(extents.third, window.width) + apart(extents.fourth, window.height);
+  return placed ? sizes + apart(extents.first, window.origin.x) + apart(extents.second, window.origin.y)
+                : sizes;
+}
+
+}  // namespace
+
+Program* Programs::Of(ProcessId process, Moment limit) {
+  if (process == 0) return nullptr;
+  auto found = programs_.find(process);
+  if (found == programs_.end()) {
+    Refresh(limit);
+    found = programs_.find(process);
+  }
+  return found == programs_.end() ? nullptr : &found->second;
+}
+
+std::string Programs::NameOf(ProcessId process) const {
+  const auto found = programs_.find(process);
+  return found == programs_.end() ? std::string() : found->second.root.program;
+}
+
+void Programs::Forget(const std::string& name) {
+  std::erase_if(programs_, [&name](const auto& entry) { return entry.second.root.program == name; });
+  met_.erase(name);
+}
+
+// A program is on the bus a moment before it is in the list, so that the list is asked for again after a
+// while.
+void Programs::Refresh(Moment limit) {
+  const Moment now = std::chrono::steady_clock::now();
+  if (!mayHaveMore_ && now - lastRefresh_ < kRefreshPause) return;
+  lastRefresh_ = now;
+  mayHaveMore_ = false;
+  BusReader list(bus_.Ask(bus_.Call(kDesktop, kAccessible, "GetChildren"), limit));
+  std::vector<BusObject> fresh;
+  for (BusObject& root : list.ReadObjects()) {
+    if (!root.IsNull() && !met_.contains(root.program)) fresh.push_back(std::move(root));
+  }
+  std::vector<BusMessage> calls;
+  for (const BusObject& root : fresh) {
+    calls.push_back(bus_.Call(kBusItself, "org.freedesktop.DBus", "GetConnectionUnixProcessID"));
+    if (calls.back()) sd_bus_message_append(calls.back().get(), "s", root.program.c_str());
+  }
+  const std::vector<BusMessage> answers = bus_.Ask(std::move(calls), limit);
+  for (std::size_t i = 0; i < fresh.size(); ++i) {
+    BusReader answer(answers[i]);
+    if (const ProcessId process = answer.ReadUnsigned(); answer.IsGood()) Meet(fresh[i], process, limit);
+  }
+}
+
+void Programs::Meet(const BusObject& root, ProcessId process, Moment limit) {
+  std::vector<BusMessage> calls;
+  calls.push_back(PropertyCall(bus_, root, kApplication, "ToolkitName"));
+  calls.push_back(PropertyCall(bus_, root, kApplication, "Version"));
+  // A hung program is not waited for: how it has to be asked is then taken for the usual way.
+  const Moment soon = std::min(limit, std::chrono::steady_clock::now() + std::chrono::milliseconds(50));
+  const auto answers = bus_.Ask(std::move(calls), soon);
+  if (bus_.IsSilent(root.program)) return;
+  met_.insert(root.program);
+  programs_[process] = {root, ToolkitOf(TextProperty(answers[0]), TextProperty(answers[1])), {}};
+}
+
+std::optional<Frame> Programs::FrameOf(Program& program, const ObjectQuestion& question, Moment limit) {
+  if (const auto known = program.frames.find(question.spot.window); known != program.frames.end())
+    return known->second;
+  BusReader children(bus_.Ask(bus_.Call(program.root, kAccessible, "GetChildren"), limit));
+  std::vector<BusObject> frames = children.ReadObjects();
+  std::erase_if(frames, [](const BusObject& frame) { return frame.IsNull(); });
+  if (frames.empty()) return std::nullopt;
+  auto nearest = Nearest(frames, program, question, limit);
+  if (nearest) program.frames[question.spot.window] = *nearest;
+  return nearest;
+}
+
+std::optional<Frame> Programs::Nearest(const std::vector<BusObject>& frames, const Program& program,
+                                       const ObjectQuestion& question, Moment limit) {
+  const bool placed = program.toolkit != Toolkit::kGtk4 && program.toolkit != Toolkit::kOldGtk4;
+  std::vector<BusMessage> calls;
+  for (const BusObject& frame : frames) {
+    calls.push_back(bus_.Call(frame, kComponent, "GetExtents"));
+    if (calls.back()) sd_bus_message_append(calls.back().get(), "u", placed ? kOnScreen : kInWindow);
+    calls.push_back(PropertyCall(bus_, frame, kAccessible, "Name"));
+  }
+  const auto answers = bus_.Ask(std::move(calls), limit);
+  std::optional<Frame> nearest;
+  std::int64_t least = std::numeric_limits<std::int64_t>::max();
+  for (std::size_t i = 0; i < frames.size(); ++i) {
+    BusReader reader(answers[2 * i]);
+    const BusReader::Four extents = reader.ReadFour();
+    if (!reader.IsGood()) continue;
+    const std::int32_t scale = Scale(question.spot.place.width, extents.third);
+    std::int64_t distance = 2 * Distance(extents, question.spot.place, scale, placed);
+    if (TextProperty(answers[2 * i + 1]) != question.title) ++distance;  // decides between equals
+    if (distance >= least) continue;
+    least = distance;
+    nearest = Frame{frames[i], scale};
+  }
+  return nearest;
+}
+
+}  // namespace pointalk::linux

@@ -1,0 +1,65 @@
+// The programs that tell of their objects, and which of their frames belongs to which window.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "linux/bus.h"
+#include "linux/found_object.h"
+
+namespace pointalk::linux {
+
+// How a program has to be asked.
+enum class Toolkit {
+  kUsual,
+  kQt,
+  kGtk4,     // knows places in its windows only
+  kOldGtk4,  // the same; never answers which character is at a point, and knows its objects only once walked
+             // through
+};
+
+struct Frame {
+  BusObject object;
+  std::int32_t scale = 1;  // pixels of the screen that the program calls one
+};
+
+struct Program {
+  BusObject root;
+  Toolkit toolkit = Toolkit::kUsual;
+  std::map<XWindowId, Frame> frames;  // by the windows that were asked about
+};
+
+class Programs {
+ public:
+  explicit Programs(Bus& bus) : bus_(bus) {}
+
+  // The program of a process; null where it tells of no objects.
+  Program* Of(ProcessId process, Moment limit);
+
+  // The frame that a window shows; no value where there is none.
+  std::optional<Frame> FrameOf(Program& program, const ObjectQuestion& question, Moment limit);
+
+  // The name of the connection of a process, empty for one that is not known.
+  std::string NameOf(ProcessId process) const;
+
+  // A connection has ended, or a new one is there.
+  void Forget(const std::string& name);
+  void Expect() { mayHaveMore_ = true; }
+
+ private:
+  void Refresh(Moment limit);
+  void Meet(const BusObject& root, ProcessId process, Moment limit);
+  std::optional<Frame> Nearest(const std::vector<BusObject>& frames, const Program& program,
+                               const ObjectQuestion& question, Moment limit);
+
+  Bus& bus_;
+  std::map<ProcessId, Program> programs_;
+  std::set<std::string> met_;  // names whose processes are known
+  bool mayHaveMore_ = true;
+  Moment lastRefresh_{};
+};
+
+}  // namespace pointalk::linux

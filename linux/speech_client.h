@@ -1,0 +1,71 @@
+// Speaks through speech-dispatcher, without ever waiting for it on the form's thread but where the form wants
+// to wait.
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "linux/owned.h"
+#include "linux/ssip.h"
+#include "text/text.h"
+
+namespace pointalk::linux {
+
+// How the voice is to sound; what is not set is as the server has it.
+struct VoiceSettings {
+  int rate = 0;  // -100 to 100, as volume
+  std::optional<int> volume;
+  std::string type;  // one of SSIP's kinds of voices, or empty
+  std::string name;  // a voice of the synthesizer, or empty
+
+  friend bool operator==(const VoiceSettings&, const VoiceSettings&) = default;
+};
+
+// Words go out on the caller's thread, which costs a tenth of a millisecond; a thread of its own connects,
+// takes the answers, and connects again where the server went away. Words that cannot go out at once are
+// kept, the newest only.
+class SpeechClient {
+ public:
+  SpeechClient();
+  ~SpeechClient();
+  SpeechClient(const SpeechClient&) = delete;
+  SpeechClient& operator=(const SpeechClient&) = delete;
+
+  // Waits until a first attempt to connect is over, some seconds at most; false when there is no server.
+  bool WaitForServer(std::chrono::milliseconds limit);
+
+  // Cuts off what is being said.
+  void Silence();
+
+  // Says a line (of SsipText), after what is being said.
+  void Say(const std::string& line);
+
+  // Everything that was said has been spoken, or cut off, or there is nobody who could.
+  bool IsQuiet();
+
+  void Use(const VoiceSettings& settings);
+  VoiceSettings Settings();
+
+  // The voices of the user's language, without their variants; none before they were asked for.
+  std::vector<std::string> Voices();
+
+  // Asks for them, the first time that it is called. The call back comes on another thread.
+  void AskForVoices(std::function<void()> whenKnown);
+
+ private:
+  struct State;
+
+  std::shared_ptr<State> state_;
+  std::thread thread_;
+  std::thread lister_;
+};
+
+}  // namespace pointalk::linux

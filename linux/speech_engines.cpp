@@ -1,0 +1,128 @@
+#include "linux/speech_engines.h"
+
+#include <cmath>
+#include <iterator>
+
+#include "linux/ssip_socket.h"
+#include "linux/utf8.h"
+#include "text/numbers.h"
+
+namespace pointalk::linux {
+namespace {
+
+constexpr std::chrono::seconds kServerLimit{12};
+
+// How long an utterance may take before it is no longer waited for: a slow voice needs a quarter of a second
+// for a character.
+constexpr std::chrono::milliseconds kUtteranceLimit{5000};
+constexpr std::chrono::milliseconds kCharacterLimit{250};
+
+struct KindOfVoice {
+  TextView description;
+  const char* type;
+};
+constexpr KindOfVoice kKindsOfVoice[] = {
+    {u"Default voice", ""},
+    {u"Mike", "MALE1"},
+    {u"Sam", "MALE2"},
+    {u"Mary", "FEMALE1"},
+};
+
+std::optional<int> Whole(double number, double least, double most) {
+  if (!std::isfinite(number)) return std::nullopt;
+  const double whole = Rounded(number);
+  if (whole < least || whole > most) return std::nullopt;
+  return static_cast<int>(whole);
+}
+
+}  // namespace
+
+bool LinuxSapi5Voice::Create() {
+  isCreated_ = true;
+  if (client_.WaitForServer(kServerLimit)) return true;
+  notices_.Show(
+      HasSpeechDispatcher()
+          ? u"Pointalk has no voice: speech-dispatcher does not answer. The tones work without it."
+          : u"Pointalk has no voice. Please install the package speech-dispatcher, and a synthesizer, such "
+            u"as the package speech-dispatcher-espeak-ng. The tones work without it.");
+  return true;
+}
+
+std::optional<double> LinuxSapi5Voice::Rate() {
+  if (!isCreated_) return std::nullopt;
+  return client_.Settings().rate / 10.0;
+}
+
+bool LinuxSapi5Voice::SetRate(double rate) {
+  const auto whole = Whole(rate, -10, 10);
+  if (!isCreated_ || !whole) return false;
+  VoiceSettings settings = client_.Settings();
+  settings.rate = *whole * 10;
+  client_.Use(settings);
+  return true;
+}
+
+bool LinuxSapi5Voice::SetVolume(double volume) {
+  const auto whole = Whole(volume, 0, 100);
+  if (!isCreated_ || !whole) return false;
+  VoiceSettings settings = client_.Settings();
+  settings.volume = *whole * 2 - 100;
+  client_.Use(settings);
+  return true;
+}
+
+std::optional<std::int32_t> LinuxSapi5Voice::VoiceCount() {
+  if (!isCreated_) return std::nullopt;
+  return static_cast<std::int32_t>(std::size(kKindsOfVoice) + client_.Voices().size());
+}
+
+std::optional<Text> LinuxSapi5Voice::VoiceDescription(std::int32_t index) {
+  if (!isCreated_ || index < 0) return std::nullopt;
+  const auto place = static_cast<std::size_t>(index);
+  if (place < std::size(kKindsOfVoice)) return Text(kKindsOfVoice[place].description);
+  const auto voices = client_.Voices();
+  if (place - std::size(kKindsOfVoice) >= voices.size()) return std::nullopt;
+  return FromUtf8(voices[place - std::size(kKindsOfVoice)]);
+}
+
+// One of the synthesizer's voices is taken at its word while they are not known.
+bool LinuxSapi5Voice::SetVoice(std::int32_t index) {
+  if (!isCreated_ || index < 0) return false;
+  const auto place = static_cast<std::size_t>(index);
+  if (place >= std::size(kKindsOfVoice)) {
+    const std::size_t listed = place - std::size(kKindsOfVoice);
+    const auto voices = client_.Voices();
+    if (!voices.empty() && listed >= voices.size()) return false;
+    client_.AskForVoices([&client = client_, listed] { UseListed(client, listed); });
+    UseListed(client_, listed);
+    return true;
+  }
+  VoiceSettings settings = client_.Settings();
+  settings.type = kKindsOfVoice[place].type;
+  settings.name.clear();
+  client_.Use(settings);
+  return true;
+}
+
+void LinuxSapi5Voice::UseListed(SpeechClient& client, std::size_t listed) {
+  const auto voices = client.Voices();
+  if (listed >= voices.size()) return;
+  VoiceSettings settings = client.Settings();
+  settings.type.clear();
+  settings.name = voices[listed];
+  client.Use(settings);
+}
+
+bool LinuxSapi5Voice::Speak(TextView text, std::optional<int> flags) {
+  if (!isCreated_) return false;
+  const int how = flags.value_or(0);
+  if ((how & kSpeakPurgeFirst) != 0) client_.Silence();
+  const std::string line = SsipText(text);
+  if (!line.empty()) client_.Say(line);
+  if ((how & kSpeakAsync) != 0 || line.empty()) return true;
+  waiting_.WaitUntil([this] { return client_.IsQuiet(); },
+                     kUtteranceLimit + kCharacterLimit * static_cast<int>(line.size()));
+  return true;
+}
+
+}  // namespace pointalk::linux

@@ -1,0 +1,73 @@
+#include "linux/x_windows.h"
+
+#include <algorithm>
+
+namespace pointalk::linux {
+namespace {
+
+constexpr int kDeepest = 16;            // windows in each other that are gone through to the client's
+constexpr int kFrameLevels = 3;         // of a window manager's frame
+constexpr std::size_t kMostTried = 64;  // parts of a frame that are looked at
+
+}  // namespace
+
+// A tool tip is looked through: it lies where the pointer rests, over the thing that it tells of.
+XWindowId XWindows::TopAt(Point screen) {
+  const XWindowId top = display_.ChildAt(display_.Root(), screen);
+  if (top == 0 || !IsToolTip(top)) return top;
+  std::vector<XWindowId> all = display_.ChildrenOf(display_.Root());
+  std::reverse(all.begin(), all.end());
+  for (const XWindowId window : all) {
+    const auto place = display_.PlaceOf(window);
+    if (place && place->isShown && place->Holds(screen) && !IsToolTip(window)) return window;
+  }
+  return 0;
+}
+
+bool XWindows::IsToolTip(XWindowId window) {
+  const auto types = display_.AtomNames(window, "_NET_WM_WINDOW_TYPE");
+  return std::find(types.begin(), types.end(), "_NET_WM_WINDOW_TYPE_TOOLTIP") != types.end();
+}
+
+XWindowSpot XWindows::At(Point screen) {
+  if (!display_.IsOpen()) return {};
+  const XWindowId top = TopAt(screen);
+  XWindowId window = top;
+  for (int level = 0; window != 0 && level < kDeepest; ++level) {
+    if (IsClient(window)) return Spot(XWindowSpot::Kind::kWindow, window);
+    window = display_.ChildAt(window, screen);
+  }
+  if (top == 0) return {};
+  if (const XWindowId client = ClientWithin(top)) return Spot(XWindowSpot::Kind::kTitleBar, client);
+  const XWindowSpot spot = Spot(XWindowSpot::Kind::kPopUp, top);
+  return spot.process == 0 ? XWindowSpot{} : spot;
+}
+
+// The window that a frame was put around; 0 for what is no frame.
+XWindowId XWindows::ClientWithin(XWindowId frame) {
+  std::vector<XWindowId> level{frame};
+  std::size_t tried = 0;
+  for (int depth = 0; depth < kFrameLevels; ++depth) {
+    std::vector<XWindowId> next;
+    for (const XWindowId window : level) {
+      for (const XWindowId child : display_.ChildrenOf(window)) {
+        if (IsClient(child)) return child;
+        if (++tried > kMostTried) return 0;
+        next.push_back(child);
+      }
+    }
+    level = std::move(next);
+  }
+  return 0;
+}
+
+XWindowSpot XWindows::Spot(XWindowSpot::Kind kind, XWindowId window) {
+  XWindowSpot spot;
+  spot.kind = kind;
+  spot.window = window;
+  spot.process = display_.Number(window, "_NET_WM_PID").value_or(0);
+  spot.place = display_.PlaceOf(window).value_or(XDisplay::Place{});
+  return spot;
+}
+
+}  // namespace pointalk::linux

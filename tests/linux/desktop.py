@@ -1,0 +1,173 @@
+"""A desktop without a screen, a sound card or a voice, for running pointalk beside other programs.
+
+    with Desktop(folder) as desktop:
+        desktop.start("gtk3-widget-factory")
+        pointalk = desktop.start_pointalk(program)
+        desktop.move(300, 200)
+        desktop.wait_until(lambda: "Cut button" in desktop.said())
+
+It has an X server, a window manager and a message bus of its own, a speech-dispatcher that only writes down, and a
+synthesizer whose notes are written down where the recorder is preloaded. Everything that was started is ended with it.
+"""
+
+import contextlib
+import ctypes
+import json
+import os
+import pathlib
+import signal
+import subprocess
+import sys
+import time
+
+HERE = pathlib.Path(__file__).resolve().parent
+LIMIT = 60  # seconds, which only end a wait for ever
+LIBC = ctypes.CDLL(None)
+PR_SET_PDEATHSIG = 1
+
+
+def end_with_us():
+    """In a program that is being started: however its parent ends, it ends too."""
+    LIBC.prctl(PR_SET_PDEATHSIG, signal.SIGKILL)
+
+
+class Desktop(contextlib.ExitStack):
+    def __init__(self, folder, size="1280x1024", window_manager="openbox"):
+        super().__init__()
+        self.folder = pathlib.Path(folder)
+        self.size = size
+        self.window_manager = window_manager
+        self.speech_log = self.folder / "speech.jsonl"
+        self.notes_log = self.folder / "notes.txt"
+        self.socket = self.folder / "speechd.sock"
+        self.config = self.folder / "config" / "pointalk"
+        self.programs = []
+        self.recorder = None
+
+    def __enter__(self):
+        super().__enter__()
+        self.callback(self.end_all)
+        try:
+            self.begin()
+        except BaseException:
+            self.close()
+            raise
+        return self
+
+    def begin(self):
+        self.folder.mkdir(parents=True, exist_ok=True)
+        runtime = self.folder / "runtime"
+        runtime.mkdir(mode=0o700, exist_ok=True)
+        keep = ("PATH", "LD_LIBRARY_PATH", "TMPDIR")
+        self.env = {name: os.environ[name] for name in keep if name in os.environ}
+        self.env.update(HOME=str(self.folder), XDG_RUNTIME_DIR=str(runtime), XDG_CONFIG_HOME=str(self.folder / "config"),
+                        LANG="C.UTF-8", GTK_A11Y="atspi", NO_AT_BRIDGE="0", LIBGL_ALWAYS_SOFTWARE="1")
+        self.env["DISPLAY"] = self.start_server()
+        self.env["DBUS_SESSION_BUS_ADDRESS"] = self.start_bus()
+        self.env["SPEECHD_ADDRESS"] = f"unix_socket:{self.socket}"
+        if self.window_manager:
+            self.start(self.window_manager)
+            self.wait_until(lambda: b"_NET_SUPPORTING_WM_CHECK(WINDOW)" in self.output("xprop", "-root"))
+
+    # Without -noreset the server begins anew when its last client goes, and takes one with it that comes meanwhile.
+    def start_server(self):
+        reading, writing = os.pipe()
+        server = self.start("Xvfb", "-screen", "0", f"{self.size}x24", "-nolisten", "tcp", "-noreset", "-displayfd",
+                            str(writing), pass_fds=(writing,))
+        os.close(writing)
+        with os.fdopen(reading) as display:
+            number = display.readline().strip()
+        if not number:
+            raise RuntimeError(f"no X server: {server.poll()}")
+        return f":{number}"
+
+    def start_bus(self):
+        bus = self.start("dbus-daemon", "--session", "--nofork", "--print-address=1", stdout=subprocess.PIPE)
+        return bus.stdout.readline().decode().strip()
+
+    def start(self, *command, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, pass_fds=(), **env):
+        """Starts a program on the desktop; further names are its environment."""
+        with open(self.folder / (pathlib.Path(command[0]).name + ".err"), "ab") as errors:
+            program = subprocess.Popen([str(part) for part in command], env={**self.env, **env}, stdin=stdin, stdout=stdout,
+                                       stderr=errors, pass_fds=pass_fds, cwd=self.folder, start_new_session=True,
+                                       preexec_fn=end_with_us)
+        self.programs.append(program)
+        return program
+
+    def start_voice(self, *options):
+        """Starts the recording speech-dispatcher."""
+        self.recorder = self.start(sys.executable, HERE / "ssip_recorder.py", self.socket, self.speech_log, *options,
+                                   stdout=subprocess.PIPE)
+        self.recorder.stdout.readline()
+        return self.recorder
+
+    def start_pointalk(self, program, preload=None, **env):
+        """Starts pointalk as a user who has agreed to the terms, and waits for its greeting."""
+        self.config.mkdir(parents=True, exist_ok=True)
+        (self.config / "DidWarn.flg").write_text("Been there done that.\r\n", encoding="ascii")
+        if not (self.config / "PTK.ini").exists():
+            (self.config / "PTK.ini").write_bytes((HERE.parent.parent / "packaging" / "PTK.ini").read_bytes())
+        if preload:
+            env.update(LD_PRELOAD=str(preload), POINTALK_NOTES=str(self.notes_log))
+        started = self.start(program, **env)
+        self.wait_until(lambda: any("Pointalk is running" in text for text in self.said()))
+        return started
+
+    def output(self, *command):
+        return subprocess.run([str(part) for part in command], env=self.env, stdout=subprocess.PIPE,
+                              stderr=subprocess.DEVNULL, stdin=subprocess.DEVNULL, check=False, timeout=LIMIT).stdout
+
+    def move(self, x, y):
+        self.output("xdotool", "mousemove", str(x), str(y))
+
+    def windows(self, name):
+        """The numbers of the windows of that name, once there is one."""
+        found = []
+
+        def look():
+            found[:] = self.output("xdotool", "search", "--onlyvisible", "--name", name).split()
+            return found
+
+        self.wait_until(look)
+        return [int(number) for number in found]
+
+    def heard(self):
+        """Everything that the recording speech-dispatcher has written down."""
+        if not self.speech_log.exists():
+            return []
+        lines = self.speech_log.read_text(encoding="utf-8").split("\n")
+        return [json.loads(line) for line in lines[:-1]]
+
+    def said(self):
+        return [line["say"] for line in self.heard() if "say" in line]
+
+    def notes(self):
+        """The notes that were started, as (channel, key, velocity)."""
+        if not self.notes_log.exists():
+            return []
+        rows = [line.split() for line in self.notes_log.read_text(encoding="ascii").split("\n")[:-1]]
+        return [tuple(map(int, row[2:])) for row in rows if row[1] == "noteon"]
+
+    def wait_until(self, condition, limit=LIMIT):
+        end = time.monotonic() + limit
+        while not condition():
+            if time.monotonic() > end:
+                raise TimeoutError("what was waited for did not come")
+            time.sleep(0.02)
+
+    def end_all(self):
+        for program in reversed(self.programs):
+            with contextlib.suppress(ProcessLookupError):
+                os.killpg(program.pid, signal.SIGCONT)
+                os.killpg(program.pid, signal.SIGTERM)
+        for program in reversed(self.programs):
+            try:
+                program.wait(5)
+            except subprocess.TimeoutExpired:
+                with contextlib.suppress(ProcessLookupError):
+                    os.killpg(program.pid, signal.SIGKILL)
+                program.wait(LIMIT)
+            for pipe in (program.stdin, program.stdout):
+                if pipe:
+                    with contextlib.suppress(BrokenPipeError):
+                        pipe.close()
