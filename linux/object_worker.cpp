@@ -48,7 +48,7 @@ class ObjectWorker::Work {
     Open();
     while (!IsUnwanted()) {
       AnswerQuestion();
-      WelcomeBack();
+      TakeAnswers();
       Wait();
     }
     finder_.reset();
@@ -101,7 +101,9 @@ class ObjectWorker::Work {
     shared_->changed.notify_all();
   }
 
-  void WelcomeBack() {
+  // Before each wait: of a program that is known to be silent nobody wakes this thread.
+  void TakeAnswers() {
+    if (bus_ && !bus_->IsLost()) bus_->Process();
     const std::lock_guard lock(shared_->mutex);
     std::erase_if(shared_->silent, [this](ProcessId process) {
       return !finder_ || bus_->IsLost() || !finder_->IsSilent(process);
@@ -109,7 +111,6 @@ class ObjectWorker::Work {
   }
 
   void Wait() {
-    if (bus_ && !bus_->IsLost()) bus_->Process();
     {
       const std::lock_guard lock(shared_->mutex);
       if (shared_->question || shared_->isUnwanted) return;
@@ -120,7 +121,6 @@ class ObjectWorker::Work {
     poll(files.data(), files.size(), -1);
     eventfd_t unused = 0;
     if (files[0].revents != 0) std::ignore = eventfd_read(shared_->wake.get(), &unused);
-    if (hasBus && files[1].revents != 0) bus_->Process();
   }
 
   std::shared_ptr<Shared> shared_;

@@ -38,6 +38,15 @@ class Desktop(contextlib.ExitStack):
 
     def __enter__(self):
         super().__enter__()
+        self.callback(self.end_all)
+        try:
+            self.begin()
+        except BaseException:
+            self.close()
+            raise
+        return self
+
+    def begin(self):
         self.folder.mkdir(parents=True, exist_ok=True)
         runtime = self.folder / "runtime"
         runtime.mkdir(mode=0o700, exist_ok=True)
@@ -45,19 +54,18 @@ class Desktop(contextlib.ExitStack):
         self.env = {name: os.environ[name] for name in keep if name in os.environ}
         self.env.update(HOME=str(self.folder), XDG_RUNTIME_DIR=str(runtime), XDG_CONFIG_HOME=str(self.folder / "config"),
                         LANG="C.UTF-8", GTK_A11Y="atspi", NO_AT_BRIDGE="0", LIBGL_ALWAYS_SOFTWARE="1")
-        self.callback(self.end_all)
         self.env["DISPLAY"] = self.start_server()
         self.env["DBUS_SESSION_BUS_ADDRESS"] = self.start_bus()
         self.env["SPEECHD_ADDRESS"] = f"unix_socket:{self.socket}"
         if self.window_manager:
             self.start(self.window_manager)
             self.wait_until(lambda: b"_NET_SUPPORTING_WM_CHECK(WINDOW)" in self.output("xprop", "-root"))
-        return self
 
+    # Without -noreset the server begins anew when its last client goes, and takes one with it that comes meanwhile.
     def start_server(self):
         reading, writing = os.pipe()
-        server = self.start("Xvfb", "-screen", "0", f"{self.size}x24", "-nolisten", "tcp", "-displayfd", str(writing),
-                            pass_fds=(writing,))
+        server = self.start("Xvfb", "-screen", "0", f"{self.size}x24", "-nolisten", "tcp", "-noreset", "-displayfd",
+                            str(writing), pass_fds=(writing,))
         os.close(writing)
         with os.fdopen(reading) as display:
             number = display.readline().strip()
