@@ -37,6 +37,9 @@ if(POINTALK_PROGRAM)
   # What the tests and the tour need on their desktop.
   add_library(pointalk_note_recorder MODULE EXCLUDE_FROM_ALL x11/note_recorder.cpp)
   target_link_libraries(pointalk_note_recorder PRIVATE pointalk_compiling ${CMAKE_DL_LIBS})
+  pointalk_glob(target_sources tests/linux/accessible_target/*.cpp)
+  pointalk_program(pointalk_accessible_target SOURCES ${target_sources}
+                   LIBRARIES PkgConfig::pointalk_desktop nlohmann_json::nlohmann_json)
   pointalk_program(pointalk_qt_target SOURCES tests/linux/qt_target.cpp LIBRARIES Qt6::Widgets)
-  set_target_properties(pointalk_qt_target PROPERTIES EXCLUDE_FROM_ALL ON)
+  set_target_properties(pointalk_accessible_target pointalk_qt_target PROPERTIES EXCLUDE_FROM_ALL ON)
 endif()

@@ -13,7 +13,8 @@
 namespace pointalk::linux {
 namespace {
 
-constexpr std::int32_t kMostOfText = 1000;    // characters of a field that are read
+constexpr std::int32_t kMostOfText = 1000;  // characters of a field that are read
+constexpr double kLargestValue = 1e12;
 constexpr std::int32_t kLineNumbers = 32749;  // a prime that a line number stays below
 
 // Dial, progress bar, scroll bar, slider, spin button, level bar, rating: what they show is a number.
@@ -192,7 +193,7 @@ std::optional<Text> FactsReader::ReadValue(const BusObject& object, Moment limit
   BusReader answer(bus_.Ask(Property(object, kValueInterface, "CurrentValue"), limit));
   if (!answer.EnterVariant("d")) return std::nullopt;
   const double value = answer.ReadReal();
-  if (!answer.IsGood() || !std::isfinite(value)) return std::nullopt;
+  if (!answer.IsGood() || !(std::abs(value) <= kLargestValue)) return std::nullopt;
   return NumberText(Rounded(value * 100) / 100);
 }
 

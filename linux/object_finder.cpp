@@ -80,13 +80,16 @@ std::optional<FoundObject> ObjectFinder::FindInWindow(Program& program, const Ob
   if (!frame) return std::nullopt;
   const Measure measure = Measure::Of(question, program.toolkit, frame->scale);
   std::vector<BusObject> way = Descend(frame->object, program.toolkit, measure, limit);
-  const BusObject deepest = way.back();
-  const auto facts = facts_.Read(deepest, measure, program.toolkit, limit);
+  auto facts = facts_.Read(way.back(), measure, program.toolkit, limit);
+  while (!facts && way.size() > 1) {  // it was told of, but is not there
+    way.pop_back();
+    facts = facts_.Read(way.back(), measure, program.toolkit, limit);
+  }
   if (!facts) {
     program.frames.erase(question.spot.window);  // it may be another one by now
     return std::nullopt;
   }
-  FoundObject found = Climb(*facts, measure, program.toolkit, limit);
+  FoundObject found = Climb(std::move(*facts), measure, program.toolkit, limit);
   const auto itself = std::find(way.begin(), way.end(), found.object);
   way.erase(itself == way.end() ? way.end() - 1 : itself, way.end());
   found.isFrame = found.object == frame->object;

@@ -21,6 +21,7 @@ from wine_32_bits import what_is_missing
 BUILD = ROOT / "build"
 WINDOWS = BUILD / "mingw-x86_64-release"
 WINDOWS_32 = BUILD / "mingw-i686-release"
+LINUX = BUILD / "linux-release"
 CLANG = BUILD / "linux-asan-clang"
 PLAIN = BUILD / "plain"
 TOOLS = ROOT / "tools"
@@ -111,6 +112,13 @@ COMPANIONS = [
     preset("mingw-x86_64-release"),
     under_wine("contract-win32", gtest, WINDOWS / "pointalk_contract.exe", *on_desktop(WINDOWS), "wine"),
 ]
+# The program for a Linux desktop, on desktops without a screen, a sound card or a voice.
+DESKTOP = [
+    preset("linux-release", "pointalk", "pointalk_note_recorder", "pointalk_qt_target", "pointalk_accessible_target",
+           step="build-linux"),
+    python_tests("linux", "-n", DESKTOPS, "--dist", "loadfile", ROOT / "tests" / "linux",
+                 environment={"POINTALK_LINUX_BUILD": str(LINUX)}),
+]
 # These need no build, and go on beside those that do.
 CHECKS = [
     python_tests("self-tests", TOOLS / "tests"),
@@ -149,7 +157,7 @@ THIRTY_TWO_BITS = [
     under_wine("contract-32", gtest, WINDOWS_32 / "pointalk_contract.exe", *on_desktop(WINDOWS_32), "wine",
                build=WINDOWS_32, lacks=what_is_missing),
 ]
-ALL = PROGRAMS + WHOLE_PROGRAM + COMPANIONS + CHECKS + NATIVE + LAST + THIRTY_TWO_BITS
+ALL = PROGRAMS + WHOLE_PROGRAM + COMPANIONS + DESKTOP + CHECKS + NATIVE + LAST + THIRTY_TWO_BITS
 
 
 class Tally:
@@ -242,10 +250,16 @@ def run_all(tally, wanted):
             return tally.give_up(wanted(WHOLE_PROGRAM + COMPANIONS))
         return side_by_side((tally.run, wanted(WHOLE_PROGRAM)), (tally.run, wanted(COMPANIONS)))
 
-    for step in CHECKS + NATIVE + [step for step in COMPANIONS if not step.counts]:
+    for step in CHECKS + NATIVE + [step for step in COMPANIONS + DESKTOP if not step.counts]:
         step.yields = True  # what waits for a sound or a window goes first
+
+    def for_linux():
+        if not tally.run(wanted(DESKTOP[:1])):
+            return tally.give_up(wanted(DESKTOP[1:]))
+        return tally.run(wanted(DESKTOP[1:]))
+
     with tally.telling_what_runs(ALL):
-        side_by_side((for_windows,), (tally.run, wanted(NATIVE)), (tally.run, wanted(CHECKS)))
+        side_by_side((for_windows,), (for_linux,), (tally.run, wanted(NATIVE)), (tally.run, wanted(CHECKS)))
         tally.run(wanted(LAST))
         tally.run(wanted(THIRTY_TWO_BITS))
 

@@ -77,12 +77,12 @@ class Desktop(contextlib.ExitStack):
         bus = self.start("dbus-daemon", "--session", "--nofork", "--print-address=1", stdout=subprocess.PIPE)
         return bus.stdout.readline().decode().strip()
 
-    def start(self, *command, stdout=subprocess.DEVNULL, pass_fds=(), **env):
+    def start(self, *command, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, pass_fds=(), **env):
         """Starts a program on the desktop; further names are its environment."""
         errors = open(self.folder / (pathlib.Path(command[0]).name + ".err"), "ab")
         with errors:
             program = subprocess.Popen([str(part) for part in command], env={**self.env, **env}, stdout=stdout,
-                                       stderr=errors, stdin=subprocess.DEVNULL, pass_fds=pass_fds, cwd=self.folder,
+                                       stderr=errors, stdin=stdin, pass_fds=pass_fds, cwd=self.folder,
                                        start_new_session=True)
         self.programs.append(program)
         return program
@@ -135,11 +135,11 @@ class Desktop(contextlib.ExitStack):
         return [line["say"] for line in self.heard() if "say" in line]
 
     def notes(self):
-        """The notes that were started, as (time, channel, key, velocity)."""
+        """The notes that were started, as (channel, key, velocity)."""
         if not self.notes_log.exists():
             return []
         rows = [line.split() for line in self.notes_log.read_text(encoding="ascii").split("\n")[:-1]]
-        return [(float(row[0]), int(row[2]), int(row[3]), int(row[4])) for row in rows if row[1] == "noteon"]
+        return [tuple(map(int, row[2:])) for row in rows if row[1] == "noteon"]
 
     def wait_until(self, condition, limit=LIMIT):
         end = time.monotonic() + limit
@@ -160,5 +160,7 @@ class Desktop(contextlib.ExitStack):
                 with contextlib.suppress(ProcessLookupError):
                     os.killpg(program.pid, signal.SIGKILL)
                 program.wait(5)
-            if program.stdout:
-                program.stdout.close()
+            for pipe in (program.stdin, program.stdout):
+                if pipe:
+                    with contextlib.suppress(BrokenPipeError):
+                        pipe.close()

@@ -1,0 +1,30 @@
+"""A program whose windows and accessible objects are what a test says; see accessible_target/."""
+
+import json
+import subprocess
+
+from session import BUILD
+
+PUSH_BUTTON, FRAME, PANEL, TEXT, LABEL, SLIDER = 43, 23, 39, 61, 29, 51
+MULTI_LINE = 17
+
+
+class AccessibleTarget:
+    def __init__(self, desktop, toolkit="test"):
+        self.program = desktop.start(BUILD / "pointalk_accessible_target", toolkit, stdin=subprocess.PIPE,
+                                     stdout=subprocess.PIPE)
+        assert self.program.stdout.readline() == b"ready\n"
+
+    def tell(self, **words):
+        self.program.stdin.write(json.dumps(words).encode("ascii") + b"\n")
+        self.program.stdin.flush()
+        assert self.program.stdout.readline() == b"ok\n"
+
+    def show_window(self, name, rectangle, title=""):
+        """A window with a frame that other objects are put into."""
+        self.tell(id=name, rectangle=rectangle, role=FRAME, name=title)
+        self.tell(window=name, rectangle=rectangle, title=title)
+
+    def put(self, known_as, rectangle, role=PUSH_BUTTON, parent="frame", **more):
+        """An object; what it may have is told in accessible_target/objects.h."""
+        self.tell(id=known_as, rectangle=rectangle, role=role, parent=parent, **more)
