@@ -19,9 +19,9 @@ if(POINTALK_TESTS)
   enable_testing()
 
   pointalk_glob(test_sources tests/text/*.cpp tests/input/*.cpp tests/speech/*.cpp tests/tones/*.cpp tests/settings/*.cpp
-                tests/crash/*.cpp tests/registry/*.cpp tests/reader/*.cpp tests/app/*.cpp tests/sim/*.cpp tests/support/*.cpp)
+                tests/crash/*.cpp tests/registry/*.cpp tests/reader/*.cpp tests/app/*.cpp tests/sim/*.cpp tests/support/*.cpp tests/linux/*_test.cpp)
   pointalk_test_program(pointalk_tests SOURCES ${test_sources}
-                        LIBRARIES pointalk_sim GTest::gmock_main Threads::Threads)
+                        LIBRARIES pointalk_sim pointalk_linux_rules GTest::gmock_main Threads::Threads)
   target_compile_definitions(pointalk_tests PRIVATE POINTALK_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
   add_test(NAME pointalk_tests COMMAND pointalk_tests)
 
@@ -30,6 +30,13 @@ if(POINTALK_TESTS)
     pointalk_test_program(pointalk_contract SOURCES ${contract_sources}
                           LIBRARIES pointalk_sim GTest::gmock_main Threads::Threads)
     add_test(NAME pointalk_contract COMMAND pointalk_contract)
+  endif()
+  if(POINTALK_PROGRAM)
+    pointalk_glob(contract_sources tests/contract/*_test.cpp tests/contract/linux/*.cpp)
+    pointalk_test_program(pointalk_contract_linux SOURCES ${contract_sources}
+                          LIBRARIES pointalk_linux nlohmann_json::nlohmann_json GTest::gmock)
+    set_target_properties(pointalk_contract_linux PROPERTIES EXCLUDE_FROM_ALL ON)
+    add_dependencies(pointalk_contract_linux pointalk_accessible_target)
   endif()
 
   find_package(Python3 COMPONENTS Interpreter QUIET)

@@ -1,4 +1,8 @@
-# pointalk, the program for a Linux desktop, with the desktop's own libraries. Where one of them is missing it is left out.
+# pointalk, the program for a Linux desktop, with the desktop's own libraries. Where one of them is missing it is left out,
+# but for the rules of its protocols, which need none.
+set(rules linux/roles.cpp linux/ssip.cpp linux/utf8.cpp)
+list(TRANSFORM rules PREPEND ${PROJECT_SOURCE_DIR}/)
+pointalk_library(pointalk_linux_rules SOURCES ${rules} LIBRARIES pointalk_text)
 
 find_package(Qt6 COMPONENTS Widgets QUIET)
 find_package(PkgConfig QUIET)
@@ -26,10 +30,14 @@ if(POINTALK_PROGRAM)
   configure_file(${PROJECT_SOURCE_DIR}/linux/starting_settings.h.in ${PROJECT_BINARY_DIR}/made/starting_settings.h
                  @ONLY)
 
+  # Apart from the rest, for names of Qt are macros in the headers of Xlib.
+  set(x_sources linux/x_display.cpp linux/x_windows.cpp linux/input.cpp linux/input_watcher.cpp)
+  pointalk_library(pointalk_x SOURCES ${x_sources}
+                   LIBRARIES pointalk_core PkgConfig::pointalk_desktop Threads::Threads)
   pointalk_glob(linux_sources linux/*.cpp)
-  list(FILTER linux_sources EXCLUDE REGEX "/linux/linux_main\\.cpp$")
-  pointalk_library(pointalk_linux SOURCES ${linux_sources}
-                   LIBRARIES pointalk_core PkgConfig::pointalk_desktop Qt6::Widgets Threads::Threads)
+  list(TRANSFORM x_sources PREPEND ${PROJECT_SOURCE_DIR}/)
+  list(REMOVE_ITEM linux_sources ${rules} ${x_sources} ${PROJECT_SOURCE_DIR}/linux/linux_main.cpp)
+  pointalk_library(pointalk_linux SOURCES ${linux_sources} LIBRARIES pointalk_linux_rules pointalk_x Qt6::Widgets)
   target_compile_definitions(pointalk_linux PUBLIC QT_NO_KEYWORDS)  # "signals" is a word of the system's too
   target_include_directories(pointalk_linux PRIVATE ${PROJECT_BINARY_DIR}/made)
   pointalk_program(pointalk SOURCES linux/linux_main.cpp LIBRARIES pointalk_linux)

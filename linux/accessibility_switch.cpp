@@ -42,8 +42,9 @@ void AccessibilitySwitch::TurnOn() {
   if (!session || sd_bus_get_property_trivial(session.get(), kService, kPath, kStatus, kEnabled, nullptr, 'b',
                                               &enabled) < 0)
     return;
-  wasOff_ = enabled == 0;
-  if (wasOff_) Set(true);
+  if (enabled != 0) return;
+  wasOff_ = true;
+  Set(true);
 }
 
 void AccessibilitySwitch::PutBack() {

@@ -10,6 +10,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 #include "linux/owned.h"
@@ -27,7 +28,10 @@ struct BusObject {
   std::string path;
 
   bool IsNull() const;
-  friend auto operator<=>(const BusObject&, const BusObject&) = default;
+  friend bool operator==(const BusObject&, const BusObject&) = default;
+  friend bool operator<(const BusObject& one, const BusObject& other) {
+    return std::tie(one.program, one.path) < std::tie(other.program, other.path);
+  }
 };
 
 // Belongs to one thread. A program that did not answer in time is asked nothing more until its answer, an

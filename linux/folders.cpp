@@ -21,7 +21,7 @@ fs::path FolderFrom(const char* variable) {
 }  // namespace
 
 fs::path ConfigHome() {
-  const fs::path named = FolderFrom("XDG_CONFIG_HOME");
+  fs::path named = FolderFrom("XDG_CONFIG_HOME");
   if (!named.empty()) return named;
   const fs::path home = FolderFrom("HOME");
   return (home.empty() ? fs::path("/") : home) / ".config";

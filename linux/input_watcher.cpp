@@ -42,7 +42,7 @@ InputWatcher::InputWatcher(Receiver receiver)
 }
 
 InputWatcher::~InputWatcher() {
-  std::ignore = eventfd_write(wake_.get(), 1);  // it cannot be full
+  std::ignore = eventfd_write(wake_.Number(), 1);  // it cannot be full
   thread_.join();
 }
 
@@ -67,27 +67,28 @@ bool InputWatcher::Select(XDisplay& display) {
   int unused = 0;
   int major = 2;
   int minor = 1;
-  if (!XQueryExtension(display.get(), "XInputExtension", &extension_, &unused, &unused)) return false;
-  if (XIQueryVersion(display.get(), &major, &minor) != Success) return false;
+  if (!XQueryExtension(display.Connection(), "XInputExtension", &extension_, &unused, &unused)) return false;
+  if (XIQueryVersion(display.Connection(), &major, &minor) != Success) return false;
   std::array<unsigned char, XIMaskLen(XI_LASTEVENT)> bits{};
   XISetMask(bits.data(), XI_RawButtonPress);
   XISetMask(bits.data(), XI_RawButtonRelease);
   XISetMask(bits.data(), XI_RawKeyPress);
   XIEventMask mask{XIAllMasterDevices, static_cast<int>(bits.size()), bits.data()};
-  XISelectEvents(display.get(), display.Root(), &mask, 1);
-  XSync(display.get(), False);
+  XISelectEvents(display.Connection(), display.Root(), &mask, 1);
+  XSync(display.Connection(), False);
   return true;
 }
 
 void InputWatcher::HandleEvents(XDisplay& display) {
-  std::array<pollfd, 2> files{{{ConnectionNumber(display.get()), POLLIN, 0}, {wake_.get(), POLLIN, 0}}};
+  std::array<pollfd, 2> files{
+      {{ConnectionNumber(display.Connection()), POLLIN, 0}, {wake_.Number(), POLLIN, 0}}};
   while (display.IsOpen()) {
-    while (XPending(display.get()) > 0) {
+    while (XPending(display.Connection()) > 0) {
       XEvent event;
-      XNextEvent(display.get(), &event);
+      XNextEvent(display.Connection(), &event);
       XGenericEventCookie& cookie = event.xcookie;
       if (cookie.type != GenericEvent || cookie.extension != extension_) continue;
-      if (!XGetEventData(display.get(), &cookie)) continue;
+      if (!XGetEventData(display.Connection(), &cookie)) continue;
       const auto& raw = *static_cast<const XIRawEvent*>(cookie.data);
       if (cookie.evtype == XI_RawKeyPress) {
         NoteKey(display, raw.detail);
@@ -95,7 +96,7 @@ void InputWatcher::HandleEvents(XDisplay& display) {
         NoteButton(display, raw.detail, cookie.evtype == XI_RawButtonPress,
                    static_cast<std::uint32_t>(raw.time));
       }
-      XFreeEventData(display.get(), &cookie);
+      XFreeEventData(display.Connection(), &cookie);
     }
     poll(files.data(), files.size(), -1);
     if (files[1].revents != 0) return;
@@ -112,7 +113,7 @@ void InputWatcher::NoteButton(XDisplay& display, int button, bool down, std::uin
 }
 
 void InputWatcher::NoteKey(XDisplay& display, int keyCode) {
-  switch (XkbKeycodeToKeysym(display.get(), static_cast<KeyCode>(keyCode), 0, 0)) {
+  switch (XkbKeycodeToKeysym(display.Connection(), static_cast<KeyCode>(keyCode), 0, 0)) {
     case XK_Shift_L:
     case XK_Shift_R: shiftPressed_ = true; break;
     case XK_Control_L:

@@ -35,7 +35,7 @@ struct ObjectWorker::Shared {
   bool isUnwanted = false;
   bool isOver = false;
 
-  void Wake() { std::ignore = eventfd_write(wake.get(), 1); }  // it cannot be full
+  void Wake() { std::ignore = eventfd_write(wake.Number(), 1); }  // it cannot be full
 };
 
 // What the thread does. The bus may not be there, go away and come back.
@@ -44,7 +44,6 @@ class ObjectWorker::Work {
   explicit Work(std::shared_ptr<Shared> shared) : shared_(std::move(shared)) {}
 
   void Run() {
-    switch_.TurnOn();
     Open();
     while (!IsUnwanted()) {
       AnswerQuestion();
@@ -70,6 +69,7 @@ class ObjectWorker::Work {
     if (now - lastOpening_ < kReopenPause) return;
     lastOpening_ = now;
     finder_.reset();
+    switch_.TurnOn();  // each bus that is started anew begins without
     bus_ = Bus::Open(switch_.BusAddress());
     if (bus_) finder_ = std::make_unique<ObjectFinder>(*bus_);
   }
@@ -116,11 +116,11 @@ class ObjectWorker::Work {
       if (shared_->question || shared_->isUnwanted) return;
     }
     const bool hasBus = bus_ && !bus_->IsLost();
-    std::array<pollfd, 2> files{{{shared_->wake.get(), POLLIN, 0}, {-1, 0, 0}}};
+    std::array<pollfd, 2> files{{{shared_->wake.Number(), POLLIN, 0}, {-1, 0, 0}}};
     if (hasBus) files[1] = {bus_->File(), bus_->Events(), 0};
     poll(files.data(), files.size(), -1);
     eventfd_t unused = 0;
-    if (files[0].revents != 0) std::ignore = eventfd_read(shared_->wake.get(), &unused);
+    if (files[0].revents != 0) std::ignore = eventfd_read(shared_->wake.Number(), &unused);
   }
 
   std::shared_ptr<Shared> shared_;

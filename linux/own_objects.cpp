@@ -11,7 +11,7 @@
 namespace pointalk::linux {
 namespace {
 
-constexpr int kDeepest = 40;
+constexpr int kDeepestChild = 40;
 
 std::optional<Text> TextOf(QAccessibleInterface& object, QAccessible::Text which) {
   const QString text = object.text(which);
@@ -32,7 +32,7 @@ std::optional<OwnObject> OwnObjectAt(Point screen) {
   const QPoint place = Counted(screen);
   QWidget* const window = QApplication::topLevelAt(place);
   QAccessibleInterface* object = window == nullptr ? nullptr : QAccessible::queryAccessibleInterface(window);
-  for (int level = 0; object != nullptr && level < kDeepest; ++level) {
+  for (int level = 0; object != nullptr && level < kDeepestChild; ++level) {
     QAccessibleInterface* const child = object->childAt(place.x(), place.y());
     if (child == nullptr || child == object || !child->isValid()) break;
     object = child;

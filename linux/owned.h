@@ -29,7 +29,7 @@ class OwnedFile {
     return *this;
   }
 
-  int get() const { return file_; }
+  int Number() const { return file_; }
   explicit operator bool() const { return file_ >= 0; }
 
   void Close() {

@@ -119,7 +119,7 @@ std::optional<Frame> Programs::FrameOf(Program& program, const ObjectQuestion& q
   std::vector<BusObject> frames = children.ReadObjects();
   std::erase_if(frames, [](const BusObject& frame) { return frame.IsNull(); });
   if (frames.empty()) return std::nullopt;
-  const auto nearest = Nearest(frames, program, question, limit);
+  auto nearest = Nearest(frames, program, question, limit);
   if (nearest) program.frames[question.spot.window] = *nearest;
   return nearest;
 }

@@ -53,7 +53,7 @@ EndSignals::EndSignals() : signals_(std::make_unique<Signals>()) {
 EndSignals::~EndSignals() = default;
 
 void EndSignals::Serve(std::function<void()> onEnd) {
-  signals_->notifier = std::make_unique<QSocketNotifier>(signals_->file.get(), QSocketNotifier::Read);
+  signals_->notifier = std::make_unique<QSocketNotifier>(signals_->file.Number(), QSocketNotifier::Read);
   QObject::connect(signals_->notifier.get(), &QSocketNotifier::activated, std::move(onEnd));
 }
 

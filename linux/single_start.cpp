@@ -53,22 +53,22 @@ struct SingleStart::Place {
 SingleStart::SingleStart() : place_(std::make_unique<Place>()) {
   const Name name = PlaceName();
   const auto* const address = reinterpret_cast<const sockaddr*>(&name.address);
-  if (bind(place_->socket.get(), address, name.length) == 0) {
-    std::ignore = listen(place_->socket.get(), 4);  // where that fails, another start is not heard
+  if (bind(place_->socket.Number(), address, name.length) == 0) {
+    std::ignore = listen(place_->socket.Number(), 4);  // where that fails, another start is not heard
   } else if (errno == EADDRINUSE) {
     isFirst_ = false;
-    std::ignore = connect(place_->socket.get(), address, name.length);  // to connect says it all
+    std::ignore = connect(place_->socket.Number(), address, name.length);  // to connect says it all
   }
 }
 
 SingleStart::~SingleStart() = default;
 
 void SingleStart::Serve(std::function<void()> onOtherStart) {
-  place_->notifier = std::make_unique<QSocketNotifier>(place_->socket.get(), QSocketNotifier::Read);
+  place_->notifier = std::make_unique<QSocketNotifier>(place_->socket.Number(), QSocketNotifier::Read);
   QObject::connect(place_->notifier.get(), &QSocketNotifier::activated,
                    [this, onOtherStart = std::move(onOtherStart)] {
-                     const OwnedFile other(accept4(place_->socket.get(), nullptr, nullptr, SOCK_CLOEXEC));
-                     if (other && IsOurUsers(other.get())) onOtherStart();
+                     const OwnedFile other(accept4(place_->socket.Number(), nullptr, nullptr, SOCK_CLOEXEC));
+                     if (other && IsOurUsers(other.Number())) onOtherStart();
                    });
 }
 

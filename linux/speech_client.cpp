@@ -62,7 +62,7 @@ std::string UserLanguage() {
 
 // What is there to be read; false when the connection has ended.
 bool ReadInto(int socket, SsipLines& lines) {
-  std::array<char, 4096> bytes;
+  std::array<char, 4096> bytes{};
   for (;;) {
     const ssize_t count = ::recv(socket, bytes.data(), bytes.size(), MSG_DONTWAIT);
     if (count > 0) {
@@ -99,7 +99,7 @@ struct SpeechClient::State {
   VoiceSettings settings;
   std::vector<std::string> voices;
 
-  void Wake() { std::ignore = eventfd_write(wake.get(), 1); }  // it cannot be full
+  void Wake() { std::ignore = eventfd_write(wake.Number(), 1); }  // it cannot be full
   bool CanSpeak() const { return socket && out.empty() && unanswered.size() < kMostUnanswered; }
 
   void Send(std::string_view bytes);
@@ -123,7 +123,7 @@ void SpeechClient::State::Send(std::string_view bytes) {
 // What the socket does not take waits for the thread.
 void SpeechClient::State::SendOut() {
   while (socket && !out.empty()) {
-    const ssize_t sent = ::send(socket.get(), out.data(), out.size(), MSG_DONTWAIT | MSG_NOSIGNAL);
+    const ssize_t sent = ::send(socket.Number(), out.data(), out.size(), MSG_DONTWAIT | MSG_NOSIGNAL);
     if (sent < 0 && errno == EINTR) continue;
     if (sent <= 0) return Wake();
     out.erase(0, static_cast<std::size_t>(sent));
@@ -183,7 +183,7 @@ bool SpeechClient::State::Connect(std::unique_lock<std::mutex>& lock) {
     kept.clear();
   }
   changed.notify_all();
-  return socket.get() >= 0;
+  return socket.Number() >= 0;
 }
 
 void SpeechClient::State::Run() {
@@ -203,15 +203,15 @@ void SpeechClient::State::Run() {
 // Until there is something to be read or written, or somebody wants something.
 void SpeechClient::State::Wait(std::unique_lock<std::mutex>& lock) {
   const short events = out.empty() ? POLLIN : POLLIN | POLLOUT;
-  std::array<pollfd, 2> files{{{wake.get(), POLLIN, 0}, {socket.get(), events, 0}}};
+  std::array<pollfd, 2> files{{{wake.Number(), POLLIN, 0}, {socket.Number(), events, 0}}};
   const bool waitsToConnect = (!socket && !kept.empty()) || mustConnectAgain;
   lock.unlock();
   poll(files.data(), files.size(), waitsToConnect ? 100 : -1);
   eventfd_t unused = 0;
-  if (files[0].revents != 0) std::ignore = eventfd_read(wake.get(), &unused);
+  if (files[0].revents != 0) std::ignore = eventfd_read(wake.Number(), &unused);
   lock.lock();
   if (!socket) return;
-  if (files[1].revents != 0 && !ReadInto(socket.get(), lines)) {
+  if (files[1].revents != 0 && !ReadInto(socket.Number(), lines)) {
     Lose();
     isTried = false;  // once more, at once
   }
@@ -226,16 +226,16 @@ void SpeechClient::State::ListVoices() {
   const auto connection = ConnectToSpeechDispatcher();
   if (!connection) return;
   const std::string question = Greeting("voices") + "LIST SYNTHESIS_VOICES\r\n";
-  if (::send(connection->get(), question.data(), question.size(), MSG_NOSIGNAL) < 0) return;
+  if (::send(connection->Number(), question.data(), question.size(), MSG_NOSIGNAL) < 0) return;
   const std::string language = UserLanguage();
   const Moment end = std::chrono::steady_clock::now() + kListLimit;
   std::vector<std::string> found;
   SsipLines answers;
   bool isOver = false;
   while (!isOver && std::chrono::steady_clock::now() < end) {
-    pollfd file{connection->get(), POLLIN, 0};
+    pollfd file{connection->Number(), POLLIN, 0};
     poll(&file, 1, 200);
-    isOver = file.revents != 0 && !ReadInto(connection->get(), answers);
+    isOver = file.revents != 0 && !ReadInto(connection->Number(), answers);
     while (const auto line = answers.Next()) {
       if (line->code >= kFirstError && line->code < kFirstEvent) return;
       if (line->code != kVoiceListed) continue;
@@ -269,7 +269,7 @@ SpeechClient::~SpeechClient() {
 bool SpeechClient::WaitForServer(std::chrono::milliseconds limit) {
   std::unique_lock lock(state_->mutex);
   state_->changed.wait_for(lock, limit, [this] { return state_->isTried; });
-  return state_->socket.get() >= 0;
+  return state_->socket.Number() >= 0;
 }
 
 void SpeechClient::Silence() {

@@ -21,7 +21,7 @@ struct KindOfVoice {
   TextView description;
   const char* type;
 };
-constexpr KindOfVoice kKinds[] = {
+constexpr KindOfVoice kKindsOfVoice[] = {
     {u"Default voice", ""},
     {u"Mike", "MALE1"},
     {u"Sam", "MALE2"},
@@ -73,24 +73,24 @@ bool LinuxSapi5Voice::SetVolume(double volume) {
 
 std::optional<std::int32_t> LinuxSapi5Voice::VoiceCount() {
   if (!isCreated_) return std::nullopt;
-  return static_cast<std::int32_t>(std::size(kKinds) + client_.Voices().size());
+  return static_cast<std::int32_t>(std::size(kKindsOfVoice) + client_.Voices().size());
 }
 
 std::optional<Text> LinuxSapi5Voice::VoiceDescription(std::int32_t index) {
   if (!isCreated_ || index < 0) return std::nullopt;
   const auto place = static_cast<std::size_t>(index);
-  if (place < std::size(kKinds)) return Text(kKinds[place].description);
+  if (place < std::size(kKindsOfVoice)) return Text(kKindsOfVoice[place].description);
   const auto voices = client_.Voices();
-  if (place - std::size(kKinds) >= voices.size()) return std::nullopt;
-  return FromUtf8(voices[place - std::size(kKinds)]);
+  if (place - std::size(kKindsOfVoice) >= voices.size()) return std::nullopt;
+  return FromUtf8(voices[place - std::size(kKindsOfVoice)]);
 }
 
 // One of the synthesizer's voices is taken at its word while they are not known.
 bool LinuxSapi5Voice::SetVoice(std::int32_t index) {
   if (!isCreated_ || index < 0) return false;
   const auto place = static_cast<std::size_t>(index);
-  if (place >= std::size(kKinds)) {
-    const std::size_t listed = place - std::size(kKinds);
+  if (place >= std::size(kKindsOfVoice)) {
+    const std::size_t listed = place - std::size(kKindsOfVoice);
     const auto voices = client_.Voices();
     if (!voices.empty() && listed >= voices.size()) return false;
     client_.AskForVoices([&client = client_, listed] { UseListed(client, listed); });
@@ -98,7 +98,7 @@ bool LinuxSapi5Voice::SetVoice(std::int32_t index) {
     return true;
   }
   VoiceSettings settings = client_.Settings();
-  settings.type = kKinds[place].type;
+  settings.type = kKindsOfVoice[place].type;
   settings.name.clear();
   client_.Use(settings);
   return true;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <utility>
 
 #include "linux/utf8.h"
 
@@ -48,7 +49,9 @@ std::optional<SsipLine> ParseSsipLine(std::string_view line) {
 
 void SsipLines::Add(std::string_view bytes) {
   bytes_.append(bytes);
-  if (bytes_.size() > kLongestLine && bytes_.find('\n') == std::string::npos) bytes_.clear();
+  if (bytes_.size() <= kLongestLine || bytes_.find('\n') != std::string::npos) return;
+  bytes_.clear();
+  isGivenUp_ = true;
 }
 
 std::optional<SsipLine> SsipLines::Next() {
@@ -57,6 +60,7 @@ std::optional<SsipLine> SsipLines::Next() {
     if (end == std::string::npos) return std::nullopt;
     std::string line = bytes_.substr(0, end);
     bytes_.erase(0, end + 1);
+    if (std::exchange(isGivenUp_, false)) continue;
     if (!line.empty() && line.back() == '\r') line.pop_back();
     if (auto parsed = ParseSsipLine(line)) return parsed;
   }

@@ -33,6 +33,7 @@ class SsipLines {
 
  private:
   std::string bytes_;
+  bool isGivenUp_ = false;  // the line that goes on
 };
 
 // A voice of the synthesizer that a line of the list names; no value for a variant of one.

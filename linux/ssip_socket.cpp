@@ -24,7 +24,7 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kUnixAddress = "unix_socket:";
 constexpr std::chrono::seconds kStartLimit{5};
-constexpr std::chrono::milliseconds kLook{20};
+constexpr std::chrono::milliseconds kSocketLook{20};
 
 // An address that is given is nobody's to start.
 bool IsAddressGiven() { return std::getenv("SPEECHD_ADDRESS") != nullptr; }
@@ -48,7 +48,7 @@ std::optional<OwnedFile> Connect() {
   if (path.empty() || path.size() >= sizeof address.sun_path) return std::nullopt;
   std::memcpy(address.sun_path, path.c_str(), path.size());
   OwnedFile socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-  if (!socket || ::connect(socket.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)
+  if (!socket || ::connect(socket.Number(), reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)
     return std::nullopt;
   return socket;
 }
@@ -74,7 +74,7 @@ bool Spawn(const std::string& program) {
   while (std::chrono::steady_clock::now() < end) {
     int status = 0;
     if (waitpid(child, &status, WNOHANG) != 0) return true;
-    std::this_thread::sleep_for(kLook);
+    std::this_thread::sleep_for(kSocketLook);
   }
   return true;
 }
@@ -88,7 +88,7 @@ std::optional<OwnedFile> ConnectToSpeechDispatcher() {
   if (program.empty() || !Spawn(program)) return std::nullopt;
   const auto end = std::chrono::steady_clock::now() + kStartLimit;
   while (!socket && std::chrono::steady_clock::now() < end) {
-    std::this_thread::sleep_for(kLook);
+    std::this_thread::sleep_for(kSocketLook);
     socket = Connect();
   }
   return socket;

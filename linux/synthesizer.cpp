@@ -13,8 +13,8 @@ namespace {
 using Moment = std::chrono::steady_clock::time_point;
 
 constexpr std::chrono::seconds kOpenLimit{5};
-constexpr std::chrono::seconds kRestBeforeSleep{4};  // without a note
-constexpr std::chrono::milliseconds kLook{500};      // between two looks at a note that rings on
+constexpr std::chrono::seconds kRestBeforeSleep{4};     // without a note
+constexpr std::chrono::milliseconds kRingingLook{500};  // between two looks at a note that rings on
 
 constexpr int kPeriod = 256;  // frames
 constexpr int kPeriods = 2;
@@ -114,7 +114,8 @@ void Synthesizer::Sound::Run() {
       changed.notify_all();
     } else if (driver) {
       mustWake = false;
-      const Moment next = std::max(lastNote + kRestBeforeSleep, std::chrono::steady_clock::now() + kLook);
+      const Moment next =
+          std::max(lastNote + kRestBeforeSleep, std::chrono::steady_clock::now() + kRingingLook);
       changed.wait_until(lock, next);
     } else {
       changed.wait(lock);

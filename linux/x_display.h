@@ -30,7 +30,7 @@ class XDisplay {
 
   // False also once the connection is lost, which does not end the program by itself.
   bool IsOpen() const { return display_ != nullptr && !isLost_; }
-  _XDisplay* get() const { return display_.get(); }
+  _XDisplay* Connection() const { return display_.get(); }
   XWindowId Root() const { return root_; }
 
   // The pointer's place and the mask of the keys and buttons that are down; no value where the server does

@@ -11,6 +11,7 @@ synthesizer whose notes are written down where the recorder is preloaded. Everyt
 """
 
 import contextlib
+import ctypes
 import json
 import os
 import pathlib
@@ -21,6 +22,13 @@ import time
 
 HERE = pathlib.Path(__file__).resolve().parent
 LIMIT = 60  # seconds, which only end a wait for ever
+LIBC = ctypes.CDLL(None)
+PR_SET_PDEATHSIG = 1
+
+
+def end_with_us():
+    """In a program that is being started: however its parent ends, it ends too."""
+    LIBC.prctl(PR_SET_PDEATHSIG, signal.SIGKILL)
 
 
 class Desktop(contextlib.ExitStack):
@@ -79,11 +87,10 @@ class Desktop(contextlib.ExitStack):
 
     def start(self, *command, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, pass_fds=(), **env):
         """Starts a program on the desktop; further names are its environment."""
-        errors = open(self.folder / (pathlib.Path(command[0]).name + ".err"), "ab")
-        with errors:
-            program = subprocess.Popen([str(part) for part in command], env={**self.env, **env}, stdout=stdout,
-                                       stderr=errors, stdin=stdin, pass_fds=pass_fds, cwd=self.folder,
-                                       start_new_session=True)
+        with open(self.folder / (pathlib.Path(command[0]).name + ".err"), "ab") as errors:
+            program = subprocess.Popen([str(part) for part in command], env={**self.env, **env}, stdin=stdin, stdout=stdout,
+                                       stderr=errors, pass_fds=pass_fds, cwd=self.folder, start_new_session=True,
+                                       preexec_fn=end_with_us)
         self.programs.append(program)
         return program
 
@@ -159,7 +166,7 @@ class Desktop(contextlib.ExitStack):
             except subprocess.TimeoutExpired:
                 with contextlib.suppress(ProcessLookupError):
                     os.killpg(program.pid, signal.SIGKILL)
-                program.wait(5)
+                program.wait(LIMIT)
             for pipe in (program.stdin, program.stdout):
                 if pipe:
                     with contextlib.suppress(BrokenPipeError):

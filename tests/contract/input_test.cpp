@@ -10,12 +10,11 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr int kKeyF24 = 0x87;  // means nothing to anybody
-
 class InputContract : public testing::Test {
  protected:
   std::unique_ptr<World> world_ = MakeWorld({{{"ground", u"Ground", u"", {100, 100, 500, 400}}}});
   Input& input_ = world_->Seam().input;
+  const int key_ = world_->IdleKey();
 };
 
 TEST_F(InputContract, ThePointerIsWhereItWasPut) {
@@ -26,18 +25,18 @@ TEST_F(InputContract, ThePointerIsWhereItWasPut) {
 }
 
 TEST_F(InputContract, AKeyIsDownWhileItIsHeld) {
-  EXPECT_FALSE(input_.KeyDown(kKeyF24));
-  world_->SetKey(kKeyF24, true);
-  EXPECT_TRUE(input_.KeyDown(kKeyF24));
-  EXPECT_TRUE(input_.KeyDown(kKeyF24));
-  world_->SetKey(kKeyF24, false);
-  EXPECT_FALSE(input_.KeyDown(kKeyF24));
+  EXPECT_FALSE(input_.KeyDown(key_));
+  world_->SetKey(key_, true);
+  EXPECT_TRUE(input_.KeyDown(key_));
+  EXPECT_TRUE(input_.KeyDown(key_));
+  world_->SetKey(key_, false);
+  EXPECT_FALSE(input_.KeyDown(key_));
 }
 
 TEST_F(InputContract, ATappedKeyIsSeenOnce) {
-  world_->TapKey(kKeyF24);
-  EXPECT_TRUE(input_.KeyDown(kKeyF24));
-  EXPECT_FALSE(input_.KeyDown(kKeyF24));
+  world_->TapKey(key_);
+  EXPECT_TRUE(input_.KeyDown(key_));
+  EXPECT_FALSE(input_.KeyDown(key_));
 }
 
 TEST_F(InputContract, TheScreenIsMeasuredInTwipsOfItsPixels) {

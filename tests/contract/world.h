@@ -1,5 +1,5 @@
-// A desktop for the contract suite. The same tests run on the simulated desktop and on Windows: what both do,
-// the seam promises.
+// A desktop for the contract suite. The same tests run on the simulated desktop, on Windows and on Linux:
+// what all of them do, the seam promises.
 #pragma once
 
 #include <cstdint>
@@ -79,6 +79,8 @@ class World {
   virtual Point MenuTitlePlace(std::string_view window, int index) = 0;
 
   virtual void MovePointer(Point place) = 0;
+  // A key of those that the platform tells of; it means nothing to the programs that are there.
+  virtual int IdleKey() = 0;
   virtual void SetKey(int virtualKey, bool down) = 0;
   virtual void TapKey(int virtualKey) = 0;
   virtual void SetLeftButton(bool down) = 0;

@@ -123,6 +123,7 @@ class SimWorld final : public World {
   }
 
   void MovePointer(Point place) override { machine_.pointer = place; }
+  int IdleKey() override { return 0x87; }  // F24
   void SetKey(int virtualKey, bool down) override { Key(virtualKey).down = down; }
   void TapKey(int virtualKey) override { Key(virtualKey).tapped = true; }
 

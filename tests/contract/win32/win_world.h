@@ -28,6 +28,7 @@ class WinWorld final : public World, private win32::PanelEvents {
   Point CharacterPlace(std::string_view window, int index) override;
   Point MenuTitlePlace(std::string_view window, int index) override;
   void MovePointer(Point place) override;
+  int IdleKey() override { return VK_F24; }
   void SetKey(int virtualKey, bool down) override;
   void TapKey(int virtualKey) override;
   void SetLeftButton(bool down) override;

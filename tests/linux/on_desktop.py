@@ -1,0 +1,24 @@
+#!/usr/bin/env python3
+"""Runs a command on a desktop of its own, whose voice only writes down; see desktop.py.
+
+    tests/linux/on_desktop.py COMMAND...
+
+POINTALK_HEARD names what the voice has written."""
+
+import pathlib
+import signal
+import sys
+import tempfile
+
+from desktop import Desktop
+
+
+def main():
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(128 + signal.SIGTERM))  # so that what was started is ended
+    with tempfile.TemporaryDirectory() as folder, Desktop(pathlib.Path(folder)) as desktop:
+        desktop.start_voice()
+        sys.exit(desktop.start(*sys.argv[1:], stdout=None, POINTALK_HEARD=str(desktop.speech_log)).wait())
+
+
+if __name__ == "__main__":
+    main()
