@@ -42,8 +42,8 @@ if(POINTALK_PROGRAM)
   target_include_directories(pointalk_linux PRIVATE ${PROJECT_BINARY_DIR}/made)
   pointalk_program(pointalk SOURCES linux/linux_main.cpp LIBRARIES pointalk_linux)
 
-  # What the tests of the program need on their desktop.
-  add_library(pointalk_note_recorder MODULE EXCLUDE_FROM_ALL tests/linux/note_recorder.cpp)
+  # What the tests and the tour need on their desktop.
+  add_library(pointalk_note_recorder MODULE EXCLUDE_FROM_ALL x11/note_recorder.cpp)
   target_link_libraries(pointalk_note_recorder PRIVATE pointalk_compiling ${CMAKE_DL_LIBS})
   pointalk_glob(target_sources tests/linux/accessible_target/*.cpp)
   pointalk_program(pointalk_accessible_target SOURCES ${target_sources}

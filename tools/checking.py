@@ -22,7 +22,7 @@ TABLE = {
     "app": ("text", "input", "speech", "tones", "settings", "crash", "registry", "reader"),
 }
 ROOMS = tuple(TABLE)
-OWN_FOLDERS = ROOMS + ("platform", "win32", "linux", "sim", "wine", "tests")
+OWN_FOLDERS = ROOMS + ("platform", "win32", "linux", "sim", "wine", "x11", "tests")
 
 COMMENT_OR_LITERAL = re.compile(
     r'//[^\n]*|/\*.*?\*/|R"(?P<mark>[^\s()\\]*)\(.*?\)(?P=mark)"|"(?:\\.|[^"\\\n])*"|\'(?:\\.|[^\'\\\n])+\'', re.S)

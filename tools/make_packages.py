@@ -1,11 +1,13 @@
 #!/usr/bin/env python3
-"""Makes the packages for users: for each program a zip to unpack anywhere and an installer; for all of them the manifests by
-which winget installs Pointalk, and SHA256SUMS, which sha256sum -c reads.
+"""Makes the packages for users: for each program for Windows a zip to unpack anywhere and an installer; for all of them the
+manifests by which winget installs Pointalk; for the program for Linux one that apt installs; and SHA256SUMS, which sha256sum -c
+reads.
 
-    tools/make_packages.py FOLDER Pointalk.exe...
+    tools/make_packages.py FOLDER Pointalk.exe... [--linux pointalk]
 
-The same programs give the same bytes on every machine and in every folder. The files in a zip bear the time that
-SOURCE_DATE_EPOCH tells, else that of the last commit, else the earliest that a zip can tell. It needs makensis."""
+The same programs give the same bytes on every machine and in every folder; for Linux, on machines with the same release of
+Debian. The files in a zip or a Debian package bear the time that SOURCE_DATE_EPOCH tells, else that of the last commit, else
+the earliest that a zip can tell. It needs makensis, and for Linux dpkg-dev."""
 
 import argparse
 import hashlib
@@ -19,6 +21,7 @@ import time
 import zipfile
 
 from exe_header import exe_header
+from make_deb import make_deb
 from winget_manifests import manifests
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
@@ -78,12 +81,12 @@ def make_packages(folder, exe):
     return package, installer
 
 
-def describe_packages(folder, packages):
-    """Writes what tells of all packages, each a zip with its installer; returns the paths."""
+def describe_packages(folder, packages, others=()):
+    """Writes what tells of all packages: those for Windows, each a zip with its installer, and others; returns the paths."""
     setups = {ARCHITECTURES[exe_header(installer.read_bytes()).machine]: installer for _, installer in packages}
     date = time.strftime("%Y-%m-%d", time.gmtime(source_time()))
     files = {f"winget/{name}": text for name, text in manifests(version(), date, setups).items()}
-    sums = {path.name: hashlib.sha256(path.read_bytes()).hexdigest() for pair in packages for path in pair}
+    sums = {path.name: hashlib.sha256(path.read_bytes()).hexdigest() for path in [*sum(packages, ()), *others]}
     files["SHA256SUMS"] = "".join(f"{sums[name]}  {name}\n" for name in sorted(sums))
     (folder / "winget").mkdir(exist_ok=True)
     for name, text in files.items():
@@ -95,15 +98,19 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("folder", type=pathlib.Path)
     parser.add_argument("exe", type=pathlib.Path, nargs="+")
+    parser.add_argument("--linux", type=pathlib.Path)
     given = parser.parse_args()
-    packages = []
+    packages, others = [], []
     for exe in given.exe:
         try:
             packages.append(make_packages(given.folder, exe))
         except (OSError, ValueError, subprocess.CalledProcessError) as error:
             sys.exit(f"{exe}: {error}")
         print(*packages[-1], sep="\n")
-    print(*describe_packages(given.folder, packages), sep="\n")
+    if given.linux:
+        others.append(make_deb(given.folder, given.linux, version(), source_time()))
+        print(*others)
+    print(*describe_packages(given.folder, packages, others), sep="\n")
 
 
 if __name__ == "__main__":

@@ -144,6 +144,7 @@ LAST = [
     check("tests_built", CLANG, WINDOWS),
     check("exe", WINDOWS / "Pointalk.exe", WINDOWS_32 / "Pointalk.exe"),
     check("packages", WINDOWS / "Pointalk.exe", WINDOWS_32 / "Pointalk.exe"),
+    check("deb", LINUX / "pointalk", lacks=lacks_program("lintian")),
 ]
 # What the 64-bit program passes, over the 32-bit one, and each of both over programs of the other width.
 OVER_THE_OTHER = ("test_exe_names", "test_exe_controls", "test_exe_lists", "test_exe_texts", "test_one_pointalk")

@@ -2,31 +2,35 @@
 # What a Debian or Ubuntu machine needs, by job. Sourced by ./test and ./run; asks for nothing but sudo's password.
 #
 #   pointalk_setup GROUP...    installs what is missing of these groups, through apt, as root or with sudo, and says how
-#                              far it is; `run`, `desktop`, `package`, `test` and `wine32` are groups
+#                              far it is; `desktop`, `wine`, `tour`, `package`, `test` and `wine32` are groups
 
 # `a|b` is the first of the two that this system has.
-POINTALK_run=(
-  cmake ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-x86-64-win32
-  wine "wine64|wine" xvfb xauth xdotool procps
-  espeak-ng fluidsynth fluid-soundfont-gm sox alsa-utils libasound2-plugins
-  imagemagick python3 python3-pil
-)
-# What pointalk itself is built of, and what it needs on a desktop.
+#
+# What pointalk is built of, and what it needs on a desktop; xdotool tells whether there is one.
 POINTALK_desktop=(
-  cmake ninja-build g++ pkg-config qt6-base-dev libx11-dev libxi-dev libsystemd-dev libfluidsynth-dev
-  qt6-qpa-plugins at-spi2-core speech-dispatcher speech-dispatcher-espeak-ng timgm6mb-soundfont xdg-utils
+  cmake ninja-build g++ pkg-config nlohmann-json3-dev qt6-base-dev libx11-dev libxi-dev libsystemd-dev libfluidsynth-dev
+  at-spi2-core speech-dispatcher speech-dispatcher-espeak-ng timgm6mb-soundfont xdg-utils xdotool
 )
-# Programs to point at, and a desktop for them.
-POINTALK_desktop_test=(
-  gcc xvfb openbox xdotool x11-utils dbus-daemon libglib2.0-bin at-spi2-core gtk-3-examples python3-pytest
+# The same for Pointalk.exe under Wine.
+POINTALK_wine=(
+  cmake ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-x86-64-win32
+  wine "wine64|wine" xdotool procps
+  espeak-ng fluidsynth fluid-soundfont-gm alsa-utils libasound2-plugins
+)
+# Virtual screens, programs to point at, and what turns into files what was heard and seen there.
+POINTALK_tour=(
+  "${POINTALK_desktop[@]}" "${POINTALK_wine[@]}"
+  xvfb openbox x11-utils dbus-daemon gtk-3-examples qt6ct gir1.2-atspi-2.0 python3-gi
+  python3 python3-pil imagemagick sox
 )
 POINTALK_package=(
   cmake ninja-build nsis python3 git
   g++-mingw-w64-x86-64-posix g++-mingw-w64-x86-64-win32 g++-mingw-w64-i686-posix g++-mingw-w64-i686-win32
+  g++ pkg-config nlohmann-json3-dev qt6-base-dev libx11-dev libxi-dev libsystemd-dev libfluidsynth-dev dpkg-dev
 )
 POINTALK_test=(
-  "${POINTALK_run[@]}" "${POINTALK_desktop[@]}" "${POINTALK_desktop_test[@]}" "${POINTALK_package[@]}"
-  build-essential nlohmann-json3-dev libgtest-dev libgmock-dev googletest libbenchmark-dev
+  "${POINTALK_tour[@]}" "${POINTALK_package[@]}" libglib2.0-bin gcc lintian appstream desktop-file-utils man-db
+  build-essential libgtest-dev libgmock-dev googletest libbenchmark-dev
   clang "libclang-rt-dev|clang" "clang-format-14|clang-format" "clang-tidy-14|clang-tidy"
   python3-pytest python3-pytest-xdist python3-jsonschema python3-yaml flake8 shellcheck 7zip librsvg2-bin icoutils
 )

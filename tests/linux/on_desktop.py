@@ -10,7 +10,9 @@ import signal
 import sys
 import tempfile
 
-from desktop import Desktop
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "x11"))
+
+from desktop import Desktop  # noqa: E402
 
 
 def main():

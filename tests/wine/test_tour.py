@@ -10,12 +10,12 @@ import unittest
 from unittest import mock
 
 SOURCE = pathlib.Path(__file__).resolve().parent.parent.parent
-sys.path.insert(0, str(SOURCE / "wine" / "tour"))
+sys.path.insert(0, str(SOURCE / "tours"))
 
 from harness import Heard, now  # noqa: E402
 import latency  # noqa: E402
+import outcome  # noqa: E402
 import tones  # noqa: E402
-import tour  # noqa: E402
 import walk  # noqa: E402
 
 MS = 1000
@@ -81,7 +81,7 @@ class Record(unittest.TestCase):
         printed = io.StringIO()
         (self.folder / "transcript.txt").write_text("")
         with contextlib.redirect_stdout(printed):
-            status = tour.report(self.folder, self.walk)
+            status = outcome.report(self.folder, self.walk)
         return status, printed.getvalue(), (self.folder / "transcript.txt").read_text()
 
 

@@ -18,6 +18,7 @@ SPEAK_TO_THE_END = 2  # the flags with which the program waits for the end of wh
 # The notes, on the channel of event sounds, by which some of them are known.
 EARCONS = {"a row of a list box": 204, "another icon": 226, "off the icons": 223}
 EARCON_CHANNEL = 12
+DATA = 0x7F  # what a synthesizer keeps of a note
 
 
 class Walk:
@@ -112,7 +113,7 @@ class Walk:
 
     def _hears_earcon(self, what, earcon, since):
         def struck():
-            return any(on and (channel, note) == (EARCON_CHANNEL, EARCONS[earcon])
+            return any(on and channel == EARCON_CHANNEL and note & DATA == EARCONS[earcon] & DATA
                        for _, on, channel, note, _ in tones.notes(self.heard.lines(since)))
 
         def strikes(limit):
@@ -186,15 +187,16 @@ class Walk:
     def hears_out(self):
         """Until what the program speaks to its end, with everything else waiting, is over."""
         def over():
-            speech = [line for line in self.heard.lines() if line["what"] in ("sapi5 speak", "sapi5 speak over")]
-            return not speech or speech[-1].get("flags") != SPEAK_TO_THE_END
+            speech = [line for line in self.heard.lines() if line["what"].endswith((" speak", " speak over"))]
+            return not speech or speech[-1]["what"].endswith(" over") or speech[-1]["flags"] != SPEAK_TO_THE_END
 
         wait_until(over, LONGEST_TEXT, "the end of what is spoken")
 
     def rests(self, what):
         """Soon nothing sounds any more."""
         def silent():
-            last = next((line for line in reversed(self.heard.lines()) if line["what"] in ("midi", "sapi5 speak")), None)
+            sounds = [line for line in self.heard.lines() if line["what"] == "midi" or line["what"].endswith(" speak")]
+            last = sounds[-1] if sounds else None
             return not last or now() - last["t"] > SILENCE * 1e6
 
         self.hears_out()

@@ -7,6 +7,7 @@ import wave
 
 NOTE_NAMES = ("C", "C#", "D", "D#", "E", "F", "F#", "G", "G#", "A", "A#", "B")
 RATE = 44100
+QUIET = "-V1"  # sox says so of every sample that is too loud
 SOUND_FONT = "/usr/share/sounds/sf2/FluidR3_GM.sf2"
 
 
@@ -111,6 +112,6 @@ def write_sound(path, midi, waves, lines, begin, scratch):
     tones, speech, resampled = scratch / "tones.wav", scratch / "speech.wav", scratch / "resampled.wav"
     _run("fluidsynth", "-q", "-n", "-i", "-g", "0.6", "-r", RATE, "-F", tones, SOUND_FONT, midi)
     spoke = _speech(speech, waves, lines, begin)
-    _run("sox", speech, "-r", RATE, "-c", "2", resampled)
-    _run("sox", "-m", "-v", "0.8", tones, "-v", "0.9", resampled, path)
+    _run("sox", QUIET, speech, "-r", RATE, "-c", "2", resampled)
+    _run("sox", QUIET, "-m", "-v", "0.8", tones, "-v", "0.9", resampled, path)
     return spoke

@@ -1,20 +1,25 @@
 #!/usr/bin/env python3
 """A speech-dispatcher that says nothing: it speaks SSIP, and writes down what it is asked for.
 
-    ssip_recorder.py SOCKET LOG [--hang-after N] [--close-after N] [--spoken SECONDS]
+    ssip_recorder.py SOCKET LOG [--hang-after N] [--close-after N] [--spoken SECONDS | --waves FOLDER]
 
 LOG gets a line of JSON for each command: {"time": seconds of the monotonic clock, "client": number, "command": ...}, with
 the text of a SPEAK as {"say": ...}. After N texts it can stop to answer, or close its connections and its socket. A text
-takes SECONDS to be spoken, none if not told otherwise; then the client gets its END, where it asked for such events.
+takes SECONDS to be spoken, none if not told otherwise; then the client gets its END, where it asked for such events. With FOLDER,
+espeak-ng makes a wave of each text there, one after the other, and a text takes as long as its wave; lines of LOG then tell
+when it began to sound, as {"event": "sounding", "message": ..., "wave": file, "length": seconds}, and when that was over.
 """
 
 import argparse
 import asyncio
 import json
 import os
+import pathlib
 import sys
 import time
+import wave
 
+SLOWEST, USUAL, FASTEST = 80, 175, 390  # words a minute at the rates -100, 0 and 100
 VOICES = ["English (America)\ten-us\tnone", "English (America)+Annie\ten-us\tAnnie", "German\tde\tnone",
           "English (Great Britain)\ten-gb\tnone"]
 
@@ -69,6 +74,7 @@ class Connection:
         self.reader = reader
         self.writer = writer
         self.events = set()
+        self.rate = 0
         self.sounding = {}  # the tasks that will tell that a text has been spoken, by the text's number
 
     async def run(self):
@@ -99,6 +105,8 @@ class Connection:
             self.events.add(words[3])
             self.answer("220 OK NOTIFICATION SET")
         elif words[:1] == ["SET"]:
+            if words[2:3] == ["RATE"]:
+                self.rate = int(words[3])
             self.answer("299 OK SET")
         elif words[:2] == ["LIST", "SYNTHESIS_VOICES"]:
             self.answer(*("249-" + voice for voice in VOICES), "249 OK VOICE LIST SENT")
@@ -117,7 +125,9 @@ class Connection:
         self.recorder.write_down(self.number, say="\n".join(lines), message=message)
         self.recorder.text_taken()
         self.answer(f"225-{message}", "225 OK MESSAGE QUEUED")
-        self.sounding[message] = asyncio.create_task(self.sound(message))
+        before = list(self.sounding.values())
+        sound = self.sound_as_wave(message, "\n".join(lines), before) if self.recorder.options.waves else self.sound(message)
+        self.sounding[message] = asyncio.create_task(sound)
 
     async def sound(self, message):
         self.tell(701, "BEGIN", message)
@@ -125,9 +135,37 @@ class Connection:
         del self.sounding[message]
         self.tell(702, "END", message)
 
+    async def sound_as_wave(self, message, text, before):
+        if before:
+            await asyncio.wait(before)
+        path = self.recorder.options.waves / f"{message}.wav"
+        length = await self.make_wave(path, text)
+        self.recorder.write_down(self.number, event="sounding", message=message, wave=path.name, length=length)
+        self.tell(701, "BEGIN", message)
+        await asyncio.sleep(length)
+        del self.sounding[message]
+        self.recorder.write_down(self.number, event="spoken", message=message)
+        self.tell(702, "END", message)
+
+    async def make_wave(self, path, text):
+        """Its length in seconds; a text in which espeak-ng finds no word has none."""
+        speed = USUAL + (FASTEST - USUAL if self.rate > 0 else USUAL - SLOWEST) * self.rate // 100
+        maker = await asyncio.create_subprocess_exec("espeak-ng", "-b", "1", "-z", "-s", str(speed), "-w", path, "--stdin",
+                                                     stdin=asyncio.subprocess.PIPE)
+        try:
+            await maker.communicate(text.encode("utf-8"))
+        except asyncio.CancelledError:
+            maker.kill()
+            raise
+        if not path.exists():
+            return 0
+        with wave.open(str(path), "rb") as made:
+            return made.getnframes() / made.getframerate()
+
     def cut_off(self):
         for message, task in list(self.sounding.items()):
             task.cancel()
+            self.recorder.write_down(self.number, event="cut", message=message)
             self.tell(703, "CANCEL", message)
         self.sounding.clear()
 
@@ -144,6 +182,7 @@ def main():
     parser.add_argument("--hang-after", type=int)
     parser.add_argument("--close-after", type=int)
     parser.add_argument("--spoken", type=float, default=0)
+    parser.add_argument("--waves", type=pathlib.Path)
     recorder = Recorder(parser.parse_args())
     try:
         asyncio.run(recorder.run())

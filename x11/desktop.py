@@ -106,7 +106,7 @@ class Desktop(contextlib.ExitStack):
         self.config.mkdir(parents=True, exist_ok=True)
         (self.config / "DidWarn.flg").write_text("Been there done that.\r\n", encoding="ascii")
         if not (self.config / "PTK.ini").exists():
-            (self.config / "PTK.ini").write_bytes((HERE.parent.parent / "packaging" / "PTK.ini").read_bytes())
+            (self.config / "PTK.ini").write_bytes((HERE.parent / "packaging" / "PTK.ini").read_bytes())
         if preload:
             env.update(LD_PRELOAD=str(preload), POINTALK_NOTES=str(self.notes_log))
         started = self.start(program, **env)

@@ -9,20 +9,16 @@ printed and stands at the transcript's end.
 """
 
 import pathlib
-import shutil
 import signal
 import subprocess
 import sys
 import tempfile
 
 HERE = pathlib.Path(__file__).resolve().parent
-sys.path.insert(0, str(HERE.parent))
+sys.path[:0] = [str(HERE.parent), str(HERE.parent.parent / "wine")]
 
 from harness import ROOT, Desktop, Panel, now  # noqa: E402
-import latency  # noqa: E402
-import latency_picture  # noqa: E402
-import picture  # noqa: E402
-import record  # noqa: E402
+import outcome  # noqa: E402
 import screens  # noqa: E402
 from places import Places  # noqa: E402
 from recorded_hand import RecordedHand  # noqa: E402
@@ -66,9 +62,7 @@ class Guide:
     def picture(self, number, since):
         screenshot = self.desktop.folder / f"screen{number}.png"
         self.desktop.screenshot(screenshot)
-        name = "tour.png" if number == 1 else f"tour-{number}.png"
-        picture.draw(screenshot, self.output / name, [move for move in self.walk.hand.moves if move[0] >= since],
-                     self.pointalk.heard.lines(since))
+        outcome.make_picture(self.output, number, screenshot, self.walk, since)
 
     def end_programs(self):
         for process in self._started:
@@ -86,34 +80,9 @@ def walk_through(guide):
         guide.end_programs()
 
 
-def make_files(output, waves, walk, begin):
-    lines, moves = walk.heard.lines(begin), walk.hand.moves
-    record.write_transcript(output / "transcript.txt", lines, moves, walk.stops + walk.nudges, begin)
-    record.write_midi(output / "tour.mid", lines, begin)
-    with tempfile.TemporaryDirectory() as scratch:
-        spoke = record.write_sound(output / "tour.wav", output / "tour.mid", waves, lines, begin, pathlib.Path(scratch))
-    if not spoke:
-        walk.missed.append("the voice: a sound")
-    series, overtaken = latency.series(moves, walk.namings, lines)
-    latency.write(output / "latency.txt", series, overtaken)
-    latency_picture.draw(output / "latency.png", series)
-
-
-def report(output, walk):
-    """Says what was missed; the exit status."""
-    for missed in walk.missed:
-        print("Not heard:", missed)
-    with open(output / "transcript.txt", "a", encoding="utf-8") as file:
-        file.writelines(f"not heard: {missed}\n" for missed in walk.missed)
-    print(f"The tour has {len(walk.stops)} stops and is in {output}: {len(walk.missed)} not heard.")
-    return 1 if walk.missed else 0
-
-
 def main():
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(128 + signal.SIGTERM))  # so that what was started is ended
-    output = pathlib.Path(sys.argv[1])
-    shutil.rmtree(output, ignore_errors=True)
-    output.mkdir(parents=True)
+    output = outcome.empty_folder(sys.argv[1])
     settings = (ROOT / "packaging" / "PTK.ini").read_text(encoding="ascii").replace("\n", "\r\n")
     with tempfile.TemporaryDirectory() as waves, Desktop(private=True) as desktop, desktop.probe() as probe, \
             desktop.target("desktop", "menus") as target, RecordedHand(desktop.environment) as hand, \
@@ -131,8 +100,8 @@ def main():
             walk.missed.append(f"the rest of the tour: {problem!r}")
         finally:
             guide.end_programs()
-            make_files(output, waves, walk, begin)
-    return report(output, walk)
+            outcome.make_files(output, waves, walk, begin)
+    return outcome.report(output, walk)
 
 
 if __name__ == "__main__":
