@@ -27,7 +27,9 @@ class TalliedRegistry final : public ForwardingRegistryApi {
     return Opened(ForwardingRegistryApi::OpenKey(root, isLink ? TextView() : subKey));
   }
   std::int32_t CloseKey(RegistryKey key) override {
-    if (key != 0) EXPECT_EQ(open.erase(key), 1u) << "a key that is not open";
+    if (key != 0) {
+      EXPECT_EQ(open.erase(key), 1u) << "a key that is not open";
+    }
     return ForwardingRegistryApi::CloseKey(key);
   }
   RegistryName SubKeyName(RegistryKey key, std::uint32_t index, std::uint32_t capacity) override {
