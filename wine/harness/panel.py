@@ -106,10 +106,23 @@ class Panel:
         if row == 0:
             self._hand.tap("Down")  # the marked entry looks different
         height = (bottom - top - 2 * MENU_FRAME) / len(entries)
-        picture = desktop.pixels(left + MENU_FRAME, top + MENU_FRAME, MARK_WIDTH, bottom - top - 2 * MENU_FRAME)
+        picture = self._drawn(lambda: desktop.pixels(left + MENU_FRAME, top + MENU_FRAME, MARK_WIDTH,
+                                                     bottom - top - 2 * MENU_FRAME))
         self.close_menu()
         rows = [picture[round(number * height) + 1:round(number * height) + int(height) - 1] for number in (row, other)]
         return rows[0] != rows[1]
+
+    @staticmethod
+    def _drawn(look):
+        """What is seen by a look once two in a row see the same: a busy machine draws a menu row by row."""
+        seen = [look()]
+
+        def settled():
+            seen.append(look())
+            return seen[-1] == seen[-2]
+
+        wait_until(settled, LIMIT, "the menu is drawn", pause=0.2)
+        return seen[-1]
 
     def choose(self, entry):
         """Chooses an entry by its menu's access key, the arrows and Enter."""
