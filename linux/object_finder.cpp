@@ -150,6 +150,7 @@ void ObjectFinder::WalkOnce(const BusObject& frame, Moment limit) {
   std::size_t seen = 0;
   while (!level.empty() && seen < kMostWalked) {
     std::vector<BusMessage> calls;
+    calls.reserve(level.size());
     for (const BusObject& object : level) calls.push_back(bus_.Call(object, kAccessible, "GetChildren"));
     level.clear();
     for (const BusMessage& answer : bus_.Ask(std::move(calls), limit)) {

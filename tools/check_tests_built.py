@@ -5,9 +5,17 @@
 
 import json
 import pathlib
+import re
 import sys
 
 from checking import arguments, report
+
+
+def parts_of(source):
+    """The files that a compiled one includes to be compiled with it; it is generated where a build joins files."""
+    if not source.name.startswith("unity_"):
+        return []
+    return [pathlib.Path(name).resolve() for name in re.findall(r'^#include "(.+)"$', source.read_text("utf-8"), re.M)]
 
 
 def main():
@@ -17,7 +25,8 @@ def main():
     compiled = set()
     for build in options.builds:
         for entry in json.loads((pathlib.Path(build) / "compile_commands.json").read_text()):
-            compiled.add((pathlib.Path(entry["directory"]) / entry["file"]).resolve())
+            source = (pathlib.Path(entry["directory"]) / entry["file"]).resolve()
+            compiled.update([source, *parts_of(source)])
     rules = {}
     for kind in ("test", "fuzz", "bench"):
         files = sorted((options.root / "tests").rglob(f"*_{kind}.cpp"))

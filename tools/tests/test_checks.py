@@ -255,6 +255,14 @@ class TestsBuilt(CheckCase):
         self.build(self.tests)
         self.passes("check_tests_built.py", "--root", self.root, self.root / "build")
 
+    def test_those_of_a_joined_file_are_built(self):
+        *others, last = self.tests
+        joined = self.put("build/Unity/unity_0_cxx.cxx", f'#include "{last}"\n')
+        self.build([*others, joined])
+        self.passes("check_tests_built.py", "--root", self.root, self.root / "build")
+        joined.write_text("")
+        self.fails("check_tests_built.py", "--root", self.root, self.root / "build", because=last.name)
+
     def test_one_is_in_no_target(self):
         for left_out in self.tests:
             with self.subTest(left_out.name):

@@ -14,7 +14,9 @@
 #include <unistd.h>
 
 #include <array>
+#include <cstdio>
 #include <cstdlib>
+#include <exception>
 #include <iostream>
 #include <string>
 
@@ -59,7 +61,7 @@ void Obey(const std::string& line, Display* display, Objects& objects) {
 
 // Reads what has come in; false at its end.
 bool TakeLines(std::string& read, Display* display, Objects& objects) {
-  std::array<char, 65536> bytes;
+  std::array<char, 65536> bytes{};
   const ssize_t count = ::read(STDIN_FILENO, bytes.data(), bytes.size());
   if (count <= 0) return false;
   read.append(bytes.data(), static_cast<std::size_t>(count));
@@ -91,4 +93,11 @@ int Main(const std::string& toolkit) {
 }  // namespace
 }  // namespace pointalk::target
 
-int main(int count, char** arguments) { return pointalk::target::Main(count > 1 ? arguments[1] : "test"); }
+int main(int count, char** arguments) {
+  try {
+    return pointalk::target::Main(count > 1 ? arguments[1] : "test");
+  } catch (const std::exception& error) {
+    std::fputs(error.what(), stderr);
+    return EXIT_FAILURE;
+  }
+}

@@ -119,8 +119,7 @@ class Answer {
     std::int32_t y = 0;
     std::uint32_t kind = 0;
     sd_bus_message_read(question_, "iiu", &x, &y, &kind);
-    const Object asked = object;  // an endless one makes others
-    ReplyObject(objects_.ChildAt(asked, x, y));
+    ReplyObject(objects_.ChildAt(Object(object), x, y));  // a copy, for an endless one makes others
   }
 
   void GiveOfText(const Object& object) {
