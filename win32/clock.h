@@ -21,6 +21,9 @@ class WinClock final : public Clock {
 
   double SecondsSinceMidnight() override;
   double BeginPasses() override;
+
+  // Keeps the processor busy until the end of the pass, so that a wait of some milliseconds is exact. Later in a
+  // long loop it sleeps, and may come back up to 16 ms late; the next passes make up for that.
   double SpinPass() override;
 
  private:
@@ -30,6 +33,7 @@ class WinClock final : public Clock {
   double startTicks_ = 0;
   double startSeconds_ = 0;
   double passEnd_ = 0;  // of the last pass, in ticks
+  int passes_ = 0;      // of this loop
 };
 
 }  // namespace pointalk::win32
