@@ -6,6 +6,8 @@ import subprocess
 import threading
 import time
 
+from .waiting import wait_until
+
 BUTTONS = {"left": 1, "middle": 2, "right": 3, "wheel up": 4, "wheel down": 5}
 
 
@@ -70,13 +72,12 @@ class Hand:
         if not self._pressed:
             return
         self._do(*(f"keyup {key}" for key in self._pressed))
-        self.aim(".* - Wine [Dd]esktop")
+        self._output("search", "--onlyvisible", "--name", "^.* - Wine [Dd]esktop$", "windowfocus")
         self._do(*(f"keydown {key}" for key in self._pressed))
 
     def where_keys_go(self):
         """The name of the window that the X server hands the keys to; for the message of a test that failed."""
-        return subprocess.run(["xdotool", "getwindowfocus", "getwindowname"], env=self._environment, stdin=subprocess.DEVNULL,
-                              capture_output=True, text=True, timeout=100, check=False).stdout.strip()
+        return self._output("getwindowfocus", "getwindowname")
 
     @contextlib.contextmanager
     def held(self, *keys):
@@ -97,11 +98,18 @@ class Hand:
         """Types characters one by one; for keys with names use tap."""
         self._do(*(f"key U{ord(character):04X}" for character in text))
 
-    def aim(self, title):
-        """Has the keys go to the visible window with that title. When one window closes and another opens, Wine may have the
+    def aim(self, x_window):
+        """Has the X server hand the keys to that window of its own. When one window closes and another opens, Wine may have the
         new one in front while the X server still hands the keys to a third; they are lost then."""
-        subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$", "windowfocus"], env=self._environment,
-                       stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=100, check=False)
+        wait_until(lambda: self._focused("windowfocus", str(x_window)) == str(x_window), 100,
+                   lambda: f"the keys for window {x_window} go to {self._focused()}")
+
+    def _focused(self, *first):
+        return self._output(*first, "getwindowfocus", "-f")
+
+    def _output(self, *commands):
+        return subprocess.run(["xdotool", *commands], env=self._environment, stdin=subprocess.DEVNULL, capture_output=True,
+                              text=True, timeout=100, check=False).stdout.strip()
 
     def close(self):
         self._xdotool.stdin.close()

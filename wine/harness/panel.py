@@ -72,7 +72,7 @@ class Panel:
             return now["window"]["class"] == PANEL_CLASS and now["focus"]["class"] == "Button" and not now["menu"]
 
         wait_until(ready, limit, lambda: f"the panel has the keyboard: {self.focus()}")
-        self._hand.aim(CAPTION)
+        self._hand.aim(self.window()["xWindow"])
 
     def raise_it(self):
         """Gives the open panel the keyboard by a click on its caption."""
@@ -158,7 +158,7 @@ class Panel:
     def answer(self, title, *keys, typed=None):
         """Answers the box with that title: types a text or presses keys, and waits until the box is gone."""
         window = self.box(title)
-        self._hand.aim(window["title"])
+        self._hand.aim(window["xWindow"])
         if typed is not None:
             if typed:
                 self._hand.type(typed)

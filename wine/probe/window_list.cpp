@@ -16,11 +16,13 @@ std::string WindowJson(HWND window) {
   InternalGetWindowText(window, title.data(), static_cast<int>(title.size()));
   RECT rect{};
   GetWindowRect(window, &rect);
+  const auto xWindow = reinterpret_cast<LONG_PTR>(GetPropW(window, L"__wine_x11_whole_window"));
   return JsonObject()
       .Number("hwnd", reinterpret_cast<LONG_PTR>(window))
       .Text("class", name.data())
       .Text("title", title.data())
       .Raw("rect", target::JsonRect(rect))
+      .Number("xWindow", xWindow)
       .Line();
 }
 
