@@ -4,6 +4,7 @@ import contextlib
 import json
 import queue
 import subprocess
+import tempfile
 import threading
 
 
@@ -24,8 +25,9 @@ class LineProgram:
     """A running program that is driven through its standard input."""
 
     def __init__(self, command, environment, limit=100):
+        self._complaints = tempfile.TemporaryFile()
         self.process = subprocess.Popen([str(part) for part in command], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
-                                        stderr=subprocess.DEVNULL, env=environment)
+                                        stderr=self._complaints, env=environment)
         self._lines = queue.Queue()
         self._reader = threading.Thread(target=self._read, daemon=True)
         self._reader.start()
@@ -50,8 +52,15 @@ class LineProgram:
             raise TimeoutError(f"no answer within {limit} s") from None
         if line is None:
             self._lines.put(None)
-            raise EOFError("the program has ended")
+            raise EOFError(self._end())
         return json.loads(line)
+
+    def _end(self):
+        """How it ended, for the message of a test that failed."""
+        with contextlib.suppress(subprocess.TimeoutExpired):
+            self.process.wait(10)
+        self._complaints.seek(0)
+        return f"the program has ended with {self.process.poll()}: {self._complaints.read()[-2000:].decode(errors='replace')}"
 
     def ask(self, *words, limit=100, **options):
         """Sends one command and returns its reply. RuntimeError when the program refuses it, EOFError when it ends over
@@ -61,7 +70,7 @@ class LineProgram:
             self.process.stdin.write(" ".join(parts).encode("ascii") + b"\n")
             self.process.stdin.flush()
         except BrokenPipeError:
-            raise EOFError("the program has ended") from None
+            raise EOFError(self._end()) from None
         reply = self._next(limit)
         if "error" in reply:
             raise RuntimeError(f"{' '.join(parts)[:200]}: {reply['error']}")
@@ -76,6 +85,7 @@ class LineProgram:
             self.process.kill()
         self.process.wait(100)
         self._reader.join(10)
+        self._complaints.close()
         with contextlib.suppress(BrokenPipeError):
             self.process.stdin.close()
 
