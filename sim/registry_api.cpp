@@ -30,16 +30,6 @@ RegistryName NameInBuffer(TextView name, std::uint32_t capacity) {
 
 bool IsRoot(const RegistryNode& node) { return node.path.find(u'\\') == Text::npos; }
 
-Text HexadecimalDigits(const std::vector<std::byte>& data) {
-  constexpr TextView kDigits = u"0123456789abcdef";
-  Text digits;
-  for (const std::byte byte : data) {
-    digits += kDigits[std::to_integer<std::size_t>(byte >> 4)];
-    digits += kDigits[std::to_integer<std::size_t>(byte & std::byte{15})];
-  }
-  return digits;
-}
-
 }  // namespace
 
 void AddRegistryValue(Transcript& transcript, std::string_view what, const RegistryNode& key,
@@ -49,7 +39,7 @@ void AddRegistryValue(Transcript& transcript, std::string_view what, const Regis
   } else if (entry.type == kRegistryText) {
     transcript.Add(what, key.path, entry.name, entry.type, entry.text);
   } else {
-    transcript.Add(what, key.path, entry.name, entry.type, HexadecimalDigits(entry.data));
+    transcript.Add(what, key.path, entry.name, entry.type, HexadecimalBytes{entry.data});
   }
 }
 

@@ -5,6 +5,8 @@
 namespace pointalk::sim {
 namespace {
 
+constexpr char16_t kAfterBackslash = u'\\' + 1;
+
 // Upper case of the letters that the code page has in both cases.
 char16_t UpperCase(char16_t c) {
   const bool plain = (c >= u'a' && c <= u'z') || (c >= 0xE0 && c <= 0xFE && c != 0xF7);
@@ -74,10 +76,15 @@ void RegistryTree::Remove(TextView path) { nodes_.erase(UpperCase(path)); }
 std::vector<TextView> RegistryTree::SubKeyNames(TextView path) const {
   const Text prefix = UpperCase(path) + u'\\';
   std::vector<TextView> names;
-  for (auto node = nodes_.lower_bound(prefix); node != nodes_.end() && node->first.starts_with(prefix);
-       ++node) {
-    const TextView rest = TextView(node->second.path).substr(prefix.size());
-    if (rest.find(u'\\') == TextView::npos) names.push_back(rest);
+  auto node = nodes_.lower_bound(prefix);
+  while (node != nodes_.end() && node->first.starts_with(prefix)) {
+    const auto end = node->first.find(u'\\', prefix.size());
+    if (end == Text::npos) {
+      names.push_back(TextView(node->second.path).substr(prefix.size()));
+      ++node;
+    } else {  // what lies below a sub key is left out as a whole
+      node = nodes_.lower_bound(node->first.substr(0, end) + kAfterBackslash);
+    }
   }
   return names;
 }

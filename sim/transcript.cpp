@@ -37,6 +37,19 @@ void Transcript::Write(TextView text) { AppendQuoted(text, text_); }
 
 void Transcript::Write(Bare word) { AppendUtf8(word.text, text_); }
 
+void Transcript::Write(HexadecimalBytes bytes) {
+  constexpr std::string_view kDigits = "0123456789abcdef";
+  text_ += '"';
+  const std::size_t begin = text_.size();
+  text_.resize(begin + 2 * bytes.value.size());
+  char* digit = text_.data() + begin;
+  for (const std::byte byte : bytes.value) {
+    *digit++ = kDigits[std::to_integer<unsigned>(byte) / 16];
+    *digit++ = kDigits[std::to_integer<unsigned>(byte) % 16];
+  }
+  text_ += '"';
+}
+
 void Transcript::Write(Hexadecimal number) {
   std::array<char, 8> buffer{};
   const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number.value, 16);

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <concepts>
+#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -21,6 +23,9 @@ struct Hexadecimal {
 struct Bare {
   TextView text;
 };  // without quotes
+struct HexadecimalBytes {
+  std::span<const std::byte> value;
+};  // two digits a byte, in quotes
 
 class Transcript {
  public:
@@ -45,6 +50,7 @@ class Transcript {
   void Write(Number number);
   void Write(Hexadecimal number);
   void Write(Bare word);
+  void Write(HexadecimalBytes bytes);
 
   std::string text_;
 };

@@ -213,9 +213,9 @@ TEST(RegistryLayer, TriesEveryKeyOnceWhereNoneMayBeDeleted) {
   EXPECT_TRUE(on.HasKey(u"HKEY_CURRENT_USER\\App\\Sub\\Deep"));
 }
 
-TEST(RegistryLayer, DeletesATreeOfTenThousandKeys) {
+TEST(RegistryLayer, DeletesATreeOfAThousandKeys) {
   Layer on("{}");
-  for (int i = 0; i < 100; ++i) {
+  for (int i = 0; i < 10; ++i) {
     const Text branch = u"HKEY_CURRENT_USER\\Wide\\" + WholeNumberText(i) + u"\\";
     for (int j = 0; j < 100; ++j) on.simulated.machine.setup.registry.Make(branch + WholeNumberText(j));
   }
