@@ -1,6 +1,7 @@
 // Finds what lies under a point by asking the program that it belongs to.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>

@@ -123,6 +123,7 @@ DESKTOP = [
 CHECKS = [
     python_tests("self-tests", TOOLS / "tests"),
     check("layers"),
+    check("includes"),
     check("names"),
     check("guide"),
     check("scripts"),

@@ -1,5 +1,7 @@
 #include "win32/automation_question.h"
 
+#include <utility>
+
 #include <oleacc.h>
 
 #include "win32/accessible_values.h"

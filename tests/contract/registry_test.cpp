@@ -1,6 +1,8 @@
 // The registry's functions and their codes.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/contract/registry_data.h"
 #include "tests/contract/world.h"
 

@@ -7,6 +7,7 @@
 #include <mmsystem.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 
 namespace {

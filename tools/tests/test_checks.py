@@ -45,6 +45,26 @@ class CheckCase(unittest.TestCase):
         self.assertIn(because, self.output)
 
 
+class Includes(CheckCase):
+    def setUp(self):
+        super().setUp()
+        self.put("text/a.h", "#pragma once\n#include <vector>\n#include <algorithm>\n")
+        self.put("text/b.h", '#pragma once\n#include "text/a.h"\n')
+
+    def test_a_header_of_ours_may_bring_what_is_used(self):
+        self.put("text/b.cpp", '#include "text/b.h"\n// std::clamp\nstd::vector<int> a;\n'
+                               'const char* b = "std::map";\nint c = std::max(1, 2);\n')
+        self.passes("check_includes.py", "--root", self.root)
+
+    def test_a_standard_header_brings_no_other(self):
+        self.put("text/b.cpp", '#include "text/b.h"\n\nstd::uint32_t a;\n')
+        self.fails("check_includes.py", "--root", self.root, because="text/b.cpp:3: std::uint32_t without <cstdint>")
+
+    def test_a_file_that_is_included_nowhere(self):
+        self.put("text/b.cpp", "#include <string>\nstd::vector<int> a;\n")
+        self.fails("check_includes.py", "--root", self.root, because="text/b.cpp:2: std::vector without <vector>")
+
+
 class Layers(CheckCase):
     def setUp(self):
         super().setUp()

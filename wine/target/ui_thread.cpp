@@ -2,6 +2,7 @@
 
 #include <objbase.h>
 
+#include <chrono>
 #include <memory>
 #include <tuple>
 #include <utility>

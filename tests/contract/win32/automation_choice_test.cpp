@@ -1,6 +1,8 @@
 // When UI Automation is asked beside an accessible object, and what is made of both answers.
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "win32/automation_choice.h"
 
 namespace pointalk::win32 {
