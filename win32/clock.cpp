@@ -15,8 +15,8 @@ constexpr double kSecondsOfDay = 86'400;
 // anybody waits for.
 constexpr double kPassesOfSecond = 20'000;
 
-// Only the second at the start in which passes are counted has more than these, which are 50 ms: the rest of it
-// is slept through, since a core that is kept busy for a second is heard in the fan and missing elsewhere.
+// Only the second at the start in which passes are counted has more than these, which are 50 ms: the rest of
+// it is slept through, since a core that is kept busy for a second is heard in the fan and missing elsewhere.
 constexpr int kPassesAwake = 1'000;
 constexpr DWORD kSleep = 1;  // ms; the system makes it up to 16
 

@@ -22,8 +22,8 @@ class WinClock final : public Clock {
   double SecondsSinceMidnight() override;
   double BeginPasses() override;
 
-  // Keeps the processor busy until the end of the pass, so that a wait of some milliseconds is exact. Later in a
-  // long loop it sleeps, and may come back up to 16 ms late; the next passes make up for that.
+  // Keeps the processor busy until the end of the pass, so that a wait of some milliseconds is exact. Later
+  // in a long loop it sleeps, and may come back up to 16 ms late; the next passes make up for that.
   double SpinPass() override;
 
  private:
