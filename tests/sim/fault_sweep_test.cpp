@@ -45,8 +45,8 @@ class OneFault final : public testing::Watcher {
 };
 
 constexpr int kMostCalls = 50'000;
-constexpr int kTried =
-    10;  // of each rehearsal's calls; POINTALK_SWEEP in the environment has all of them tried
+// Of each rehearsal's calls; POINTALK_SWEEP in the environment has all of them tried.
+constexpr int kTried = 10;
 
 // A button that no script has, in front of everything, and two ticks over it. The Shift before is what the
 // user is told to press when a crash report is not made.
