@@ -4,6 +4,7 @@
 #include <span>
 
 #include "text/letters.h"
+#include "text/numbers.h"
 #include "text/text_rules.h"
 
 namespace pointalk {
@@ -60,8 +61,6 @@ Text AllReplaced(Text text, std::span<const Replacement> rows) {
   }
   return text;
 }
-
-bool IsDigit(char16_t character) { return character >= u'0' && character <= u'9'; }
 
 // The characters set apart, before dots and words are respelt.
 Text SetApart(TextView text, bool spelling) {

@@ -13,8 +13,6 @@
 namespace pointalk {
 namespace {
 
-bool IsDigit(char16_t character) { return character >= u'0' && character <= u'9'; }
-
 // The text without the characters that are skipped, as far as it may be a number at all.
 std::string NumberCharacters(TextView text) {
   std::string characters;

@@ -8,6 +8,8 @@
 
 namespace pointalk {
 
+inline bool IsDigit(char16_t character) { return character >= u'0' && character <= u'9'; }
+
 // The number at the beginning of a text: an optional sign, digits with at most one point, an optional
 // exponent. Blanks, tabs and line feeds are skipped wherever they stand; what follows the number is ignored;
 // 0 where there is none. A number beyond a double's range is infinite.

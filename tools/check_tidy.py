@@ -4,8 +4,9 @@
     tools/check_tidy.py BUILD...        each configured so that every target is compiled as one file
 
 The release is the one that .clang-tidy is written for; where it is not installed the check is left out, and says so. A target
-whose sources an earlier folder had is judged there. One that was found clean is judged again only when its sources, what
-they include of ours, its flags, .clang-tidy or clang-tidy change: BUILD/clean.json remembers that."""
+whose sources an earlier folder had is judged there. Libraries with the same flags are judged as one file, since most of the
+time goes into what all of them include. What was found clean is judged again only when its sources, what they include of
+ours, its flags, .clang-tidy or clang-tidy change: BUILD/clean.json remembers that."""
 
 import argparse
 import concurrent.futures
@@ -43,7 +44,7 @@ def include_folders(compiler):
 
 
 class Unit:
-    """A target's sources as one file, with the flags that clang needs of those that they are compiled with."""
+    """The sources of a target, or of several, as one file, with the flags that clang needs of those that they are compiled with."""
 
     def __init__(self, root, build, entry):
         self.root = root
@@ -54,6 +55,14 @@ class Unit:
         self.flags = [word for word in words if re.match(r"-[DI]|-std=", word)]
         self.flags += [word for at, word in enumerate(words) if "-isystem" in (word, words[at - 1])]
         self.flags += include_folders(next(word for word in words if re.search(r"\+\+[\w.-]*$", word)))
+        self.files = self.with_includes()
+
+    def join(self, others):
+        """Takes in the sources of others with the same flags, each once."""
+        self.name = ", ".join(unit.name for unit in (self, *others))
+        sources = dict.fromkeys(path for unit in (self, *others) for path in sorted(unit.sources()))
+        self.path = self.build / f"{self.path.parents[1].stem}_and_others.cxx"
+        self.path.write_text("".join(f'#include "{source}"\n' for source in sources), "utf-8")
         self.files = self.with_includes()
 
     def with_includes(self):
@@ -101,14 +110,21 @@ def units(root, builds):
             if unit and unit.sources() - seen:
                 seen |= unit.sources()
                 found.append(unit)
-    return found
+    groups = {}
+    for unit in found:
+        program = unit.name if any(path.stem.endswith("main") for path in unit.sources()) else None
+        groups.setdefault((*unit.flags, program), []).append(unit)
+    for first, *others in groups.values():
+        if others:
+            first.join(others)
+    return [first for first, *_ in groups.values()]
 
 
 def judge(found, remembered, settings):
     """The faults of each unit; what is clean is taken up into what is remembered."""
     prints = {unit: unit.print_of(settings) for unit in found}
     left = [unit for unit in found if remembered.get(unit.name) != prints[unit]]
-    print(f"{len(left)} of {len(found)} targets changed", flush=True)
+    print(f"{len(left)} of {len(found)} files changed", flush=True)
     left.sort(key=lambda unit: -len(unit.files))
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
         verdicts = dict(zip(left, pool.map(Unit.faults, left)))

@@ -164,23 +164,25 @@ class Tidy(CheckCase):
         self.put(".clang-tidy", (TOOLS.parent / ".clang-tidy").read_text())
         self.put("app/a.h", "class A {\n public:\n  int Next();\n\n private:\n  int last_ = 0;\n};\n")
         self.put("app/a.cpp", '#include "app/a.h"\n\nint A::Next() { return ++last_; }\n')
-        self.target("app", "app/a.cpp", "clang++")
+        self.target("app", "app/a.cpp")
 
-    def target(self, name, source, compiler):
-        """A build folder with one target, as CMake leaves it when a target is compiled as one file."""
-        unity = self.put(f"build/CMakeFiles/pointalk_{name}.dir/unity.cxx", f'#include "{self.root}/{source}"\n')
+    def target(self, name, *sources, compiler="clang++", others=()):
+        """A build folder with one target and others, as CMake leaves it when a target is compiled as one file; returns its entry."""
+        includes = "".join(f'#include "{self.root}/{source}"\n' for source in sources)
+        unity = self.put(f"build/CMakeFiles/pointalk_{name}.dir/Unity/unity.cxx", includes)
         command = f"ccache /usr/bin/{compiler} -I{self.root} -std=c++20 -Wall -o pointalk_{name}.dir/unity.o -c {unity}"
-        self.put("build/compile_commands.json",
-                 json.dumps([{"directory": f"{self.root}/build", "command": command, "file": str(unity)}]))
+        entry = {"directory": f"{self.root}/build", "command": command, "file": str(unity)}
+        self.put("build/compile_commands.json", json.dumps([entry, *others]))
+        return entry
 
     def run_tool(self, tool, *arguments, **keywords):
         return super().run_tool(tool, "--root", self.root, self.root / "build", *arguments, **keywords)
 
     def test_a_clean_target_is_remembered(self):
         self.passes("check_tidy.py")
-        self.assertIn("1 of 1 targets changed", self.output)
+        self.assertIn("1 of 1 files changed", self.output)
         self.passes("check_tidy.py")
-        self.assertIn("0 of 1 targets changed", self.output)
+        self.assertIn("0 of 1 files changed", self.output)
         self.assertEqual(self.last_line, "1 passed, 0 failed")
 
     def test_a_header_of_a_clean_target_is_spoilt(self):
@@ -197,8 +199,17 @@ class Tidy(CheckCase):
         self.put("app/a.cpp", '#include "app/missing.h"\n')
         self.fails("check_tidy.py", because="'app/missing.h' file not found")
 
+    def test_targets_with_the_same_flags_are_one_file(self):
+        self.put("tones/a.cpp", "int none() { return 0; }\n")
+        self.put("text/a.cpp", "int Some() { return 1; }\n")
+        app = self.target("app", "app/a.cpp", "text/a.cpp")
+        self.target("tones", "tones/a.cpp", "text/a.cpp", others=[app])
+        self.fails("check_tidy.py", because="tones/a.cpp:1:5: error: invalid case style for function 'none'")
+        self.assertIn("1 of 1 files changed", self.output)
+        self.assertIn("FAILED: clang-tidy finds no fault in tones, app.", self.output)
+
     def test_a_target_for_windows(self):
-        self.target("win32", "win32/a.cpp", "x86_64-w64-mingw32-g++-posix")
+        self.target("win32", "win32/a.cpp", compiler="x86_64-w64-mingw32-g++-posix")
         self.put("win32/a.cpp", "#include <windef.h>\n\n#include <cstdint>\n\nHWND None() { return nullptr; }\n")
         self.passes("check_tidy.py")
         self.put("win32/a.cpp", "#include <windef.h>\n\n#include <cstdint>\n\nHWND none() { return nullptr; }\n")
