@@ -81,6 +81,8 @@ std::optional<FoundObject> ObjectFinder::FindInWindow(Program& program, const Ob
   const Measure measure = Measure::Of(question, program.toolkit, frame->scale);
   std::vector<BusObject> way = Descend(frame->object, program.toolkit, measure, limit);
   auto facts = facts_.Read(way.back(), measure, program.toolkit, limit);
+  while (facts && facts->found.role == kRolePageTabList && GoIntoSelectedPage(way, measure, limit))
+    facts = facts_.Read(way.back(), measure, program.toolkit, limit);
   while (!facts && way.size() > 1) {  // it was told of, but is not there
     way.pop_back();
     facts = facts_.Read(way.back(), measure, program.toolkit, limit);
@@ -120,21 +122,41 @@ std::optional<FoundObject> ObjectFinder::FindInPopUp(const Program& program, con
   return std::move(facts->found);
 }
 
-// From the frame to the deepest object. Some toolkits give the next level, some the deepest at once.
+// From the frame to the deepest object.
 std::vector<BusObject> ObjectFinder::Descend(const BusObject& frame, Toolkit toolkit, const Measure& measure,
                                              Moment limit) {
   std::vector<BusObject> way{frame};
+  GoDown(way, measure, limit);
+  if (way.size() == 1 && toolkit == Toolkit::kOldGtk4 &&
+      std::find(walked_.begin(), walked_.end(), frame) == walked_.end()) {
+    WalkOnce(frame, limit);
+    GoDown(way, measure, limit);
+  }
+  return way;
+}
+
+// Some toolkits give the next level, some the deepest at once. What was passed before is the end.
+void ObjectFinder::GoDown(std::vector<BusObject>& way, const Measure& measure, Moment limit) {
   while (way.size() < kDeepest) {
     BusObject next = ChildAt(way.back(), measure, limit);
-    if (next.IsNull() && way.size() == 1 && toolkit == Toolkit::kOldGtk4 &&
-        std::find(walked_.begin(), walked_.end(), frame) == walked_.end()) {
-      WalkOnce(frame, limit);
-      next = ChildAt(frame, measure, limit);
-    }
     if (next.IsNull() || std::find(way.begin(), way.end(), next) != way.end()) break;
     way.push_back(std::move(next));
   }
-  return way;
+}
+
+// In GTK 3 what is on a page belongs to its tab, which is found at its own place only. False where the list
+// of tabs has no page at that place.
+bool ObjectFinder::GoIntoSelectedPage(std::vector<BusObject>& way, const Measure& measure, Moment limit) {
+  BusMessage call = bus_.Call(way.back(), kSelection, "GetSelectedChild");
+  if (call) sd_bus_message_append(call.get(), "i", 0);
+  BusObject tab = BusReader(bus_.Ask(std::move(call), limit)).ReadObject();
+  if (tab.IsNull() || std::find(way.begin(), way.end(), tab) != way.end()) return false;
+  const std::size_t before = way.size();
+  way.push_back(std::move(tab));
+  GoDown(way, measure, limit);
+  if (way.size() > before + 1) return true;
+  way.pop_back();
+  return false;
 }
 
 BusObject ObjectFinder::ChildAt(const BusObject& object, const Measure& measure, Moment limit) {

@@ -35,6 +35,8 @@ class ObjectFinder {
                                          Moment limit);
   std::vector<BusObject> Descend(const BusObject& frame, Toolkit toolkit, const Measure& measure,
                                  Moment limit);
+  bool GoIntoSelectedPage(std::vector<BusObject>& way, const Measure& measure, Moment limit);
+  void GoDown(std::vector<BusObject>& way, const Measure& measure, Moment limit);
   BusObject ChildAt(const BusObject& object, const Measure& measure, Moment limit);
   void WalkOnce(const BusObject& frame, Moment limit);
   FoundObject Climb(Facts facts, const Measure& measure, Toolkit toolkit, Moment limit);

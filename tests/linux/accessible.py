@@ -6,6 +6,7 @@ import subprocess
 from session import BUILD
 
 PUSH_BUTTON, FRAME, PANEL, TEXT, LABEL, SLIDER = 43, 23, 39, 61, 29, 51
+PAGE_TAB, PAGE_TAB_LIST = 37, 38
 MULTI_LINE = 17
 
 

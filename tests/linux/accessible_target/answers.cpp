@@ -95,6 +95,7 @@ class Answer {
       return Reply("(iiii)", box[0], box[1], box[2] - box[0], box[3] - box[1]);
     }
     if (member_ == "GetAccessibleAtPoint") return GiveChildAtPoint(object);
+    if (member_ == "GetSelectedChild") return ReplyObject(object.selected);
     object.hasText ? GiveOfText(object) : Fail();
   }
 

@@ -41,6 +41,7 @@ Object& Objects::Put(const nlohmann::json& words) {
   object.text = words.value("text", "");
   object.characters = words.value("characters", std::int64_t{-1});
   object.childAt = words.value("child at", "");
+  object.selected = words.value("selected", "");
   object.isEndless = words.value("endless", false);
   const auto lies = words.value("lies", nlohmann::json::object());
   for (const auto& [member, lie] : lies.items()) object.lies[member] = LieOf(lie.get<std::string>());

@@ -33,6 +33,7 @@ struct Object {
   std::string text;
   std::int64_t characters = -1;     // that it says it has; those of the text when below 0
   std::string childAt;              // the id that every point gives, instead of what lies there
+  std::string selected;             // the id of the child that is selected
   bool isEndless = false;           // every point gives a new object within, and so does every parent
   std::map<std::string, Lie> lies;  // by the question's member, or the property's name
 };
