@@ -22,6 +22,7 @@ enum AtspiRole : std::uint32_t {
   kRolePushButton = 43,
   kRoleScrollBar = 48,
   kRoleSpinButton = 52,
+  kRoleTableCell = 56,
   kRoleTerminal = 60,
   kRoleText = 61,
   kRoleParagraph = 73,
