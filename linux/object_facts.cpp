@@ -127,8 +127,7 @@ std::optional<Facts> FactsReader::Read(const BusObject& object, const Measure& m
                                        (IsBlank(facts.found.name) && IsReadByLineWithoutName(kind)));
   if (facts.found.readByLine) {
     facts.found.line = ReadLine(object, measure, toolkit, limit);
-    if (!facts.found.line && (toolkit == Toolkit::kQt || toolkit == Toolkit::kOldGtk4))
-      facts.found.value = ReadBeginning(object, limit);
+    if (!facts.found.line && toolkit == Toolkit::kQt) facts.found.value = ReadBeginning(object, limit);
   } else if (hasText && IsField(kind)) {
     facts.found.value = ReadBeginning(object, limit);
   } else if (hasText && kind == kRoleTableCell) {
