@@ -23,7 +23,7 @@ TURNS = 24           # moves to a program that is stopped and to another one
 STROKE = [(300, y) for y in range(100, 700, 80)]  # places in the window of GTK, each with another tone than the one before
 STROKES = 12
 PACE = 0.05          # seconds between two places of a stroke
-GAP = 100_000        # microseconds without a new tone that are heard as a break: two places of a stroke
+GAP = 150_000        # microseconds without a new tone that are heard as a break: two places of a stroke, and a tick
 PERCENTS = (0, 10, 20, 30, 40, 50, 60, 70, 80, 90, 99, 100)
 
 
