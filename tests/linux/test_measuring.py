@@ -21,6 +21,7 @@ from world import PROGRAMS, Speaker, is_fit, names  # noqa: E402
 
 @pytest.mark.parametrize("name, text, expected", [
     ("OK", "O K button", True), ("PushButton", "Push Button button", True), ("Open a file", "Open eigh file", True),
+    ("Version: 0.7", "Version:  0  dot  7", True), ("Version: 0.7", "Version:  0  dot  8", False),
     ("Button Boxes", '<speak><mark name="0:6"/>Button <mark name="7:13"/>Boxes.</speak>', True),
     ("Button Boxes", "Button", False), ("Fonts", "It is eigh window", False),
 ])

@@ -40,7 +40,7 @@ def letters(text):
 def names(name, text):
     """Whether each longer word of a name is in a text, however it is written there for the ear."""
     spoken = letters(text)
-    return all(letters(word) in spoken for word in name.split() if len(word) > 1)
+    return all(letters(word) in spoken or letters(word.replace(".", "dot")) in spoken for word in name.split() if len(word) > 1)
 
 
 class World(Desktop):
