@@ -9,6 +9,7 @@ inline constexpr char kAccessible[] = "org.a11y.atspi.Accessible";
 inline constexpr char kApplication[] = "org.a11y.atspi.Application";
 inline constexpr char kComponent[] = "org.a11y.atspi.Component";
 inline constexpr char kCollection[] = "org.a11y.atspi.Collection";
+inline constexpr char kSelection[] = "org.a11y.atspi.Selection";
 inline constexpr char kTextInterface[] = "org.a11y.atspi.Text";
 inline constexpr char kValueInterface[] = "org.a11y.atspi.Value";
 inline constexpr char kRegistry[] = "org.a11y.atspi.Registry";

@@ -130,11 +130,31 @@ std::optional<Facts> FactsReader::Read(const BusObject& object, const Measure& m
     if (!facts.found.line && toolkit == Toolkit::kQt) facts.found.value = ReadBeginning(object, limit);
   } else if (hasText && IsField(kind)) {
     facts.found.value = ReadBeginning(object, limit);
+  } else if (hasText && kind == kRoleTableCell) {
+    AddText(facts.found, limit);
   } else if (Has(interfaces, kValueInterface) &&
              std::find(std::begin(kWithNumbers), std::end(kWithNumbers), kind) != std::end(kWithNumbers)) {
     facts.found.value = ReadValue(object, limit);
   }
   return facts;
+}
+
+BusObject FactsReader::SelectedChild(const BusObject& object, Moment limit) {
+  BusMessage call = bus_.Call(object, kSelection, "GetSelectedChild");
+  if (call) sd_bus_message_append(call.get(), "i", 0);
+  return BusReader(bus_.Ask(std::move(call), limit)).ReadObject();
+}
+
+Text FactsReader::NameOf(const BusObject& object, Moment limit) {
+  BusReader name(bus_.Ask(Property(object, kAccessible, "Name"), limit));
+  return name.EnterVariant("s") ? name.ReadText() : Text();
+}
+
+// Cells of a spreadsheet have their place for a name; what stands in them is the more important.
+void FactsReader::AddText(FoundObject& cell, Moment limit) {
+  const auto text = ReadBeginning(cell.object, limit);
+  if (!text || IsBlank(*text) || *text == cell.name) return;
+  cell.name = IsBlank(cell.name) ? *text : *text + u", " + cell.name;
 }
 
 std::int32_t FactsReader::CharacterCount(const BusObject& object, Moment limit) {

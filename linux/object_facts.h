@@ -40,9 +40,14 @@ class FactsReader {
   // No value for an object that is gone or did not answer.
   std::optional<Facts> Read(const BusObject& object, const Measure& measure, Toolkit toolkit, Moment limit);
 
+  // The first of the objects in it that are selected; null where there is none.
+  BusObject SelectedChild(const BusObject& object, Moment limit);
+  Text NameOf(const BusObject& object, Moment limit);
+
  private:
   std::optional<LineHit> ReadLine(const BusObject& object, const Measure& measure, Toolkit toolkit,
                                   Moment limit);
+  void AddText(FoundObject& cell, Moment limit);
   std::int32_t CharacterCount(const BusObject& object, Moment limit);
   std::int32_t OffsetAt(const BusObject& object, const Measure& measure, Moment limit);
   std::optional<Text> ReadBeginning(const BusObject& object, Moment limit);

@@ -52,7 +52,7 @@ int ObjectFinder::OnNameChange(sd_bus_message* signal, void* self, sd_bus_error*
   } else {
     finder.programs_.Forget(name);
     finder.focus_.erase(name);
-    std::erase_if(finder.walked_, [name](const BusObject& frame) { return frame.program == name; });
+    std::erase_if(finder.walks_, [name](const auto& walk) { return walk.first.program == name; });
   }
   return 0;
 }
@@ -81,6 +81,8 @@ std::optional<FoundObject> ObjectFinder::FindInWindow(Program& program, const Ob
   const Measure measure = Measure::Of(question, program.toolkit, frame->scale);
   std::vector<BusObject> way = Descend(frame->object, program.toolkit, measure, limit);
   auto facts = facts_.Read(way.back(), measure, program.toolkit, limit);
+  while (facts && facts->found.role == kRolePageTabList && GoIntoSelectedPage(way, measure, limit))
+    facts = facts_.Read(way.back(), measure, program.toolkit, limit);
   while (!facts && way.size() > 1) {  // it was told of, but is not there
     way.pop_back();
     facts = facts_.Read(way.back(), measure, program.toolkit, limit);
@@ -120,21 +122,35 @@ std::optional<FoundObject> ObjectFinder::FindInPopUp(const Program& program, con
   return std::move(facts->found);
 }
 
-// From the frame to the deepest object. Some toolkits give the next level, some the deepest at once.
+// From the frame to the deepest object.
 std::vector<BusObject> ObjectFinder::Descend(const BusObject& frame, Toolkit toolkit, const Measure& measure,
                                              Moment limit) {
   std::vector<BusObject> way{frame};
+  GoDown(way, measure, limit);
+  if (way.size() == 1 && toolkit == Toolkit::kOldGtk4 && WalkOn(frame, limit)) GoDown(way, measure, limit);
+  return way;
+}
+
+// Some toolkits give the next level, some the deepest at once. What was passed before is the end.
+void ObjectFinder::GoDown(std::vector<BusObject>& way, const Measure& measure, Moment limit) {
   while (way.size() < kDeepest) {
     BusObject next = ChildAt(way.back(), measure, limit);
-    if (next.IsNull() && way.size() == 1 && toolkit == Toolkit::kOldGtk4 &&
-        std::find(walked_.begin(), walked_.end(), frame) == walked_.end()) {
-      WalkOnce(frame, limit);
-      next = ChildAt(frame, measure, limit);
-    }
     if (next.IsNull() || std::find(way.begin(), way.end(), next) != way.end()) break;
     way.push_back(std::move(next));
   }
-  return way;
+}
+
+// In GTK 3 what is on a page belongs to its tab, which is found at its own place only. False where the list
+// of tabs has no page at that place.
+bool ObjectFinder::GoIntoSelectedPage(std::vector<BusObject>& way, const Measure& measure, Moment limit) {
+  BusObject tab = facts_.SelectedChild(way.back(), limit);
+  if (tab.IsNull() || std::find(way.begin(), way.end(), tab) != way.end()) return false;
+  const std::size_t before = way.size();
+  way.push_back(std::move(tab));
+  GoDown(way, measure, limit);
+  if (way.size() > before + 1) return true;
+  way.pop_back();
+  return false;
 }
 
 BusObject ObjectFinder::ChildAt(const BusObject& object, const Measure& measure, Moment limit) {
@@ -143,26 +159,33 @@ BusObject ObjectFinder::ChildAt(const BusObject& object, const Measure& measure,
   return BusReader(bus_.Ask(std::move(call), limit)).ReadObject();
 }
 
-// What an old GTK 4 has not been asked for, it does not find by its place.
-void ObjectFinder::WalkOnce(const BusObject& frame, Moment limit) {
-  walked_.push_back(frame);
-  std::vector<BusObject> level{frame};
-  std::size_t seen = 0;
-  while (!level.empty() && seen < kMostWalked) {
+// What an old GTK 4 has not been asked for, it does not find by its place. It is walked through once; a walk
+// that the limit ends goes on the next time. False when it was over before.
+bool ObjectFinder::WalkOn(const BusObject& frame, Moment limit) {
+  const auto [entry, isNew] = walks_.try_emplace(frame);
+  Walk& walk = entry->second;
+  if (isNew) walk.level.push_back(frame);
+  const auto isOver = [&walk] { return walk.level.empty() || walk.seen >= kMostWalked; };
+  if (isOver()) return false;
+  while (!isOver()) {
     std::vector<BusMessage> calls;
-    calls.reserve(level.size());
-    for (const BusObject& object : level) calls.push_back(bus_.Call(object, kAccessible, "GetChildren"));
-    level.clear();
-    for (const BusMessage& answer : bus_.Ask(std::move(calls), limit)) {
+    calls.reserve(walk.level.size());
+    for (const BusObject& object : walk.level) calls.push_back(bus_.Call(object, kAccessible, "GetChildren"));
+    const std::vector<BusMessage> answers = bus_.Ask(std::move(calls), limit);
+    if (bus_.IsSilent(frame.program) || std::chrono::steady_clock::now() >= limit) break;
+    walk.level.clear();
+    for (const BusMessage& answer : answers) {
       for (BusObject& child : BusReader(answer).ReadObjects()) {
-        if (!child.IsNull()) level.push_back(std::move(child));
+        if (!child.IsNull()) walk.level.push_back(std::move(child));
       }
     }
-    seen += level.size();
+    walk.seen += walk.level.size();
   }
+  return true;
 }
 
-// An object without any text may be the inside of one that has some.
+// An object without any text may be the inside of one that has some. The closed list of a combo box of
+// Firefox knows which of its entries is shown, the combo box does not.
 FoundObject ObjectFinder::Climb(Facts facts, const Measure& measure, Toolkit toolkit, Moment limit) {
   FoundObject lowest = std::move(facts.found);
   facts.found = lowest;
@@ -170,6 +193,11 @@ FoundObject ObjectFinder::Climb(Facts facts, const Measure& measure, Toolkit too
     if (facts.HasText() || !MayStandForHolder(facts.found.role) || facts.parent.IsNull()) break;
     auto holder = facts_.Read(facts.parent, measure, toolkit, limit);
     if (!holder || IsTop(holder->found.role)) break;
+    const bool isClosedList = facts.found.role == kRoleMenu && holder->found.role == kRoleComboBox;
+    if (isClosedList && !holder->HasText()) {
+      const BusObject shown = facts_.SelectedChild(facts.found.object, limit);
+      if (!shown.IsNull()) holder->found.name = facts_.NameOf(shown, limit);
+    }
     facts = std::move(*holder);
   }
   return facts.HasText() || facts.found.readByLine ? std::move(facts.found) : std::move(lowest);

@@ -28,6 +28,12 @@ class ObjectFinder {
   bool IsSilent(ProcessId process) { return bus_.IsSilent(programs_.NameOf(process)); }
 
  private:
+  // Through a window of an old GTK 4, level by level.
+  struct Walk {
+    std::vector<BusObject> level;  // that is not yet walked through
+    std::size_t seen = 0;
+  };
+
   static int OnNameChange(sd_bus_message* signal, void* self, sd_bus_error* error);
   static int OnFocus(sd_bus_message* signal, void* self, sd_bus_error* error);
 
@@ -36,15 +42,17 @@ class ObjectFinder {
                                          Moment limit);
   std::vector<BusObject> Descend(const BusObject& frame, Toolkit toolkit, const Measure& measure,
                                  Moment limit);
+  bool GoIntoSelectedPage(std::vector<BusObject>& way, const Measure& measure, Moment limit);
+  void GoDown(std::vector<BusObject>& way, const Measure& measure, Moment limit);
   BusObject ChildAt(const BusObject& object, const Measure& measure, Moment limit);
-  void WalkOnce(const BusObject& frame, Moment limit);
+  bool WalkOn(const BusObject& frame, Moment limit);
   FoundObject Climb(Facts facts, const Measure& measure, Toolkit toolkit, Moment limit);
 
   Bus& bus_;
   Programs programs_;
   FactsReader facts_;
   std::map<std::string, BusObject, std::less<>> focus_;  // what had the focus last, by program
-  std::vector<BusObject> walked_;                        // frames
+  std::map<BusObject, Walk> walks_;                      // by the frame
 };
 
 }  // namespace pointalk::linux

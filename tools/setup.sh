@@ -2,7 +2,8 @@
 # What a Debian or Ubuntu machine needs, by job. Sourced by ./test and ./run; asks for nothing but sudo's password.
 #
 #   pointalk_setup GROUP...    installs what is missing of these groups, through apt, as root or with sudo, and says how
-#                              far it is; `desktop`, `wine`, `tour`, `package`, `test` and `wine32` are groups
+#                              far it is; `desktop`, `wine`, `tour`, `package`, `test`, `bench` and `wine32` are
+#                              groups
 
 # `a|b` is the first of the two that this system has.
 #
@@ -33,6 +34,11 @@ POINTALK_test=(
   build-essential libgtest-dev libgmock-dev googletest libbenchmark-dev
   clang "libclang-rt-dev|clang" "clang-format-14|clang-format" "clang-tidy-14|clang-tidy"
   python3-pytest python3-pytest-xdist python3-jsonschema python3-yaml flake8 shellcheck 7zip librsvg2-bin icoutils
+)
+# What pointalk is measured beside, and with.
+POINTALK_bench=(
+  "${POINTALK_desktop[@]}" xvfb openbox x11-utils dbus-daemon gtk-3-examples qt6ct gir1.2-atspi-2.0 python3-gi python3
+  orca pulseaudio pulseaudio-utils strace
 )
 POINTALK_wine32=(wine32:i386)
 

@@ -96,10 +96,21 @@ class Desktop(contextlib.ExitStack):
 
     def start_voice(self, *options):
         """Starts the recording speech-dispatcher."""
-        self.recorder = self.start(sys.executable, HERE / "ssip_recorder.py", self.socket, self.speech_log, *options,
-                                   stdout=subprocess.PIPE)
-        self.recorder.stdout.readline()
+        self.recorder = self.start_recorder(self.socket, self.speech_log, *options)
         return self.recorder
+
+    def start_recorder(self, socket, log, *options):
+        """Starts another one, for a program that has its SPEECHD_ADDRESS."""
+        recorder = self.start(sys.executable, HERE / "ssip_recorder.py", socket, log, *options, stdout=subprocess.PIPE)
+        recorder.stdout.readline()
+        return recorder
+
+    def start_sound(self):
+        """Starts a sound server whose only device plays to nobody, in the time that a real one would take."""
+        server = self.start("pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--load=module-null-sink",
+                            "--load=module-native-protocol-unix")
+        self.wait_until(lambda: b"null" in self.output("pactl", "list", "short", "sinks"))
+        return server
 
     def start_pointalk(self, program, preload=None, **env):
         """Starts pointalk as a user who has agreed to the terms, and waits for its greeting."""

@@ -1,7 +1,8 @@
 // Preloaded into a program, it writes down what the program asks FluidSynth to play, and is its sound device.
 //
 // POINTALK_NOTES names the file; each line is a time of the monotonic clock in seconds, the function, and its
-// numbers. With POINTALK_NO_SOUND set there is no sound device.
+// numbers. With POINTALK_NO_SOUND set there is no sound device, with POINTALK_SOUND the one that the system
+// has.
 #include <dlfcn.h>
 
 #include <chrono>
@@ -18,6 +19,8 @@ void WriteDown(const char* function, int channel, int first, int second) {
   std::fprintf(file, "%.6f %s %d %d %d\n", now.count(), function, channel, first, second);
   std::fclose(file);
 }
+
+bool HasDevice() { return std::getenv("POINTALK_SOUND") != nullptr; }
 
 template <typename Function> Function Next(const char* name) {
   return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
@@ -45,16 +48,24 @@ int fluid_synth_program_change(void* synth, int channel, int program) {
   return next(synth, channel, program);
 }
 
-// No sound is ever asked for, so that no note comes to its end by itself.
-int fluid_synth_get_active_voice_count(void*) { return 0; }
+// Where no sound is ever asked for, no note comes to its end by itself.
+int fluid_synth_get_active_voice_count(void* synth) {
+  static const auto next = Next<int (*)(void*)>("fluid_synth_get_active_voice_count");
+  return HasDevice() ? next(synth) : 0;
+}
 
-void* new_fluid_audio_driver(void*, void* synth) {
+void* new_fluid_audio_driver(void* settings, void* synth) {
+  static const auto next = Next<void* (*)(void*, void*)>("new_fluid_audio_driver");
   if (std::getenv("POINTALK_NO_SOUND") != nullptr) return nullptr;
-  WriteDown("open", 0, 0, 0);
-  return synth;  // anything but null
+  void* const driver = HasDevice() ? next(settings, synth) : synth;  // anything but null
+  if (driver != nullptr) WriteDown("open", 0, 0, 0);
+  return driver;
 }
 
 void delete_fluid_audio_driver(void* driver) {
-  if (driver != nullptr) WriteDown("close", 0, 0, 0);
+  static const auto next = Next<void (*)(void*)>("delete_fluid_audio_driver");
+  if (driver == nullptr) return;
+  WriteDown("close", 0, 0, 0);
+  if (HasDevice()) next(driver);
 }
 }

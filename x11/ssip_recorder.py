@@ -22,6 +22,7 @@ import wave
 SLOWEST, USUAL, FASTEST = 80, 175, 390  # words a minute at the rates -100, 0 and 100
 VOICES = ["English (America)\ten-us\tnone", "English (America)+Annie\ten-us\tAnnie", "German\tde\tnone",
           "English (Great Britain)\ten-gb\tnone"]
+SETTINGS = {"RATE": "0", "PITCH": "0", "VOLUME": "100", "LANGUAGE": "en", "OUTPUT_MODULE": "recorder"}
 
 
 class Recorder:
@@ -97,6 +98,8 @@ class Connection:
         words = line.upper().split()
         if words[:1] == ["SPEAK"]:
             return await self.speak()
+        if words[:1] in (["CHAR"], ["KEY"]) and len(words) == 2:
+            return self.take(line.split()[1])
         self.recorder.write_down(self.number, command=line)
         if words[:2] == ["CANCEL", "SELF"]:
             self.cut_off()
@@ -110,6 +113,12 @@ class Connection:
             self.answer("299 OK SET")
         elif words[:2] == ["LIST", "SYNTHESIS_VOICES"]:
             self.answer(*("249-" + voice for voice in VOICES), "249 OK VOICE LIST SENT")
+        elif words == ["LIST", "OUTPUT_MODULES"]:
+            self.answer("250-recorder", "250 OK MODULE LIST SENT")
+        elif words == ["HISTORY", "GET", "CLIENT_ID"]:
+            self.answer(f"245-{self.number}", "245 OK CLIENT ID SENT")
+        elif words[:1] == ["GET"] and words[1:] and words[1] in SETTINGS:
+            self.answer("251-" + SETTINGS[words[1]], "251 OK GET RETURNED")
         else:
             self.answer("500 ERR INVALID COMMAND")
 
@@ -120,13 +129,16 @@ class Connection:
             if line is None:
                 return
             lines.append(line[1:] if line.startswith("..") else line)
+        self.take("\n".join(lines))
+
+    def take(self, text):
         self.recorder.message += 1
         message = self.recorder.message
-        self.recorder.write_down(self.number, say="\n".join(lines), message=message)
+        self.recorder.write_down(self.number, say=text, message=message)
         self.recorder.text_taken()
         self.answer(f"225-{message}", "225 OK MESSAGE QUEUED")
         before = list(self.sounding.values())
-        sound = self.sound_as_wave(message, "\n".join(lines), before) if self.recorder.options.waves else self.sound(message)
+        sound = self.sound_as_wave(message, text, before) if self.recorder.options.waves else self.sound(message)
         self.sounding[message] = asyncio.create_task(sound)
 
     async def sound(self, message):

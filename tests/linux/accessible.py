@@ -6,11 +6,12 @@ import subprocess
 from session import BUILD
 
 PUSH_BUTTON, FRAME, PANEL, TEXT, LABEL, SLIDER = 43, 23, 39, 61, 29, 51
+PAGE_TAB, PAGE_TAB_LIST, COMBO_BOX, MENU, MENU_ITEM, TABLE_CELL = 37, 38, 11, 33, 35, 56
 MULTI_LINE = 17
 
 
 class AccessibleTarget:
-    def __init__(self, desktop, toolkit="test"):
+    def __init__(self, desktop, toolkit="test 1.0"):
         self.program = desktop.start(BUILD / "pointalk_accessible_target", toolkit, stdin=subprocess.PIPE,
                                      stdout=subprocess.PIPE)
         assert self.program.stdout.readline() == b"ready\n"

@@ -95,7 +95,7 @@ int Main(const std::string& toolkit) {
 
 int main(int count, char** arguments) {
   try {
-    return pointalk::target::Main(count > 1 ? arguments[1] : "test");
+    return pointalk::target::Main(count > 1 ? arguments[1] : "test 1.0");
   } catch (const std::exception& error) {
     std::fputs(error.what(), stderr);
     return EXIT_FAILURE;

@@ -1,11 +1,14 @@
 #include "tests/linux/accessible_target/answers.h"
 
+#include <chrono>
 #include <string>
+#include <thread>
 
 namespace pointalk::target {
 namespace {
 
 constexpr char kRoot[] = "/org/a11y/atspi/accessible/root";
+constexpr std::chrono::milliseconds kLate{600};
 constexpr char kRegistry[] = "org.a11y.atspi.Registry";
 
 // One question, and its answer.
@@ -30,7 +33,9 @@ class Answer {
     const Object* const object = objects_.Find(path);
     if (object == nullptr) return Fail();
     const auto lie = object->lies.find(member_);
-    if (lie != object->lies.end()) return GiveLie(lie->second);
+    const bool isFirst = objects_.IsFirst(object->id, member_);
+    if (lie != object->lies.end() && lie->second != Lie::kLate) return GiveLie(lie->second);
+    if (lie != object->lies.end() && isFirst) std::this_thread::sleep_for(kLate);
     GiveOf(*object);
   }
 
@@ -75,8 +80,8 @@ class Answer {
 
   void GiveOfProgram() {
     if (member_ == "GetChildren") return ReplyObjects(objects_.ChildrenOf("root"));
-    if (member_ == "ToolkitName") return Reply("s", toolkit_.c_str());
-    if (member_ == "Version") return Reply("s", "1.0");
+    if (member_ == "ToolkitName") return Reply("s", toolkit_.substr(0, toolkit_.find(' ')).c_str());
+    if (member_ == "Version") return Reply("s", toolkit_.substr(toolkit_.find(' ') + 1).c_str());
     if (member_ == "GetRole") return Reply("u", 75U);
     Reply("s", "accessible target");
   }
@@ -95,6 +100,7 @@ class Answer {
       return Reply("(iiii)", box[0], box[1], box[2] - box[0], box[3] - box[1]);
     }
     if (member_ == "GetAccessibleAtPoint") return GiveChildAtPoint(object);
+    if (member_ == "GetSelectedChild") return ReplyObject(object.selected);
     object.hasText ? GiveOfText(object) : Fail();
   }
 

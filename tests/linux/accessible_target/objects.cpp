@@ -15,6 +15,7 @@ Lie LieOf(const std::string& word) {
   if (word == "error") return Lie::kError;
   if (word == "silence") return Lie::kSilence;
   if (word == "wrong type") return Lie::kWrongType;
+  if (word == "late") return Lie::kLate;
   if (word == "no body") return Lie::kNoBody;
   return Lie::kNone;
 }
@@ -41,6 +42,8 @@ Object& Objects::Put(const nlohmann::json& words) {
   object.text = words.value("text", "");
   object.characters = words.value("characters", std::int64_t{-1});
   object.childAt = words.value("child at", "");
+  object.selected = words.value("selected", "");
+  object.foundAfter = words.value("found after", "");
   object.isEndless = words.value("endless", false);
   const auto lies = words.value("lies", nlohmann::json::object());
   for (const auto& [member, lie] : lies.items()) object.lies[member] = LieOf(lie.get<std::string>());
@@ -67,11 +70,17 @@ std::vector<std::string> Objects::ChildrenOf(const std::string& id) const {
   return children;
 }
 
+bool Objects::IsFirst(const std::string& id, const std::string& member) {
+  return asked_.insert({id, member}).second;
+}
+
 std::string Objects::ChildAt(const Object& object, std::int32_t x, std::int32_t y) {
   if (object.isEndless) return OneMore(object);
   if (!object.childAt.empty()) return object.childAt;
   for (auto child = all_.rbegin(); child != all_.rend(); ++child) {
-    if (child->parent == object.id && child->id != object.id && Holds(*child, x, y)) return child->id;
+    const bool isHidden = !child->foundAfter.empty() && !asked_.contains({child->foundAfter, "GetChildren"});
+    if (child->parent == object.id && child->id != object.id && !isHidden && Holds(*child, x, y))
+      return child->id;
   }
   return {};
 }

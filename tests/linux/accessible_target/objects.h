@@ -5,7 +5,9 @@
 #include <cstdint>
 #include <map>
 #include <nlohmann/json.hpp>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace pointalk::target {
@@ -17,6 +19,7 @@ enum class Lie {
   kSilence,    // no answer at all
   kWrongType,  // another type than the question has
   kNoBody,     // an answer without anything in it
+  kLate,       // the truth, the first time after longer than anybody waits
 };
 
 struct Object {
@@ -33,6 +36,8 @@ struct Object {
   std::string text;
   std::int64_t characters = -1;     // that it says it has; those of the text when below 0
   std::string childAt;              // the id that every point gives, instead of what lies there
+  std::string selected;             // the id of the child that is selected
+  std::string foundAfter;           // the id of the one whose children have to be asked for before
   bool isEndless = false;           // every point gives a new object within, and so does every parent
   std::map<std::string, Lie> lies;  // by the question's member, or the property's name
 };
@@ -48,6 +53,8 @@ class Objects {
   static std::string PathOf(const std::string& id);
 
   std::vector<std::string> ChildrenOf(const std::string& id) const;
+  // Whether this is the first question of that kind to that object.
+  bool IsFirst(const std::string& id, const std::string& member);
   // The id of the topmost child at a point; empty where there is none.
   std::string ChildAt(const Object& object, std::int32_t x, std::int32_t y);
 
@@ -56,6 +63,7 @@ class Objects {
 
   std::vector<Object> all_;  // from the lowest to the topmost
   int made_ = 0;
+  std::set<std::pair<std::string, std::string>> asked_;
 };
 
 // The place of a character in a text of cells of 8 by 16 pixels; -1 beside it.

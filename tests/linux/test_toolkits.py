@@ -1,0 +1,60 @@
+"""What some toolkits tell in a way of their own."""
+
+import pytest
+
+from accessible import COMBO_BOX, MENU, MENU_ITEM, TABLE_CELL, AccessibleTarget
+from desktop import Desktop
+from session import start_pointalk_over, wait_for_name
+
+OTHER = (350, 35)
+
+
+def show(desktop, toolkit="test 1.0"):
+    target = AccessibleTarget(desktop, toolkit)
+    target.show_window("frame", [0, 0, 400, 300], "Toolkits")
+    target.put("other", [310, 20, 390, 50], name="Other")
+    return target
+
+
+@pytest.fixture(scope="module", name="target")
+def make_target(tmp_path_factory):
+    with Desktop(tmp_path_factory.mktemp("desktop")) as desktop:
+        desktop.start_voice()
+        target = show(desktop)
+        target.desktop = desktop
+        start_pointalk_over(desktop)
+        yield target
+
+
+def test_a_closed_list_of_firefox_is_its_combo_box_with_what_is_shown(target):
+    target.put("combo", [10, 20, 110, 50], COMBO_BOX)
+    target.put("list", [10, 20, 110, 50], MENU, parent="combo", selected="second")
+    target.put("first", [0, 0, 0, 0], MENU_ITEM, parent="list", name="Boston")
+    target.put("second", [0, 0, 0, 0], MENU_ITEM, parent="list", name="Paris")
+    wait_for_name(target.desktop, (60, 35), "Paris", OTHER)
+
+
+def test_a_combo_box_with_a_name_keeps_it(target):
+    target.put("named", [10, 60, 110, 90], COMBO_BOX, name="Town")
+    target.put("its_list", [10, 60, 110, 90], MENU, parent="named", selected="second")
+    wait_for_name(target.desktop, (60, 75), "Town", OTHER)
+
+
+def test_a_cell_of_a_spreadsheet_is_what_stands_in_it_and_then_its_place(target):
+    target.put("full", [10, 100, 110, 130], TABLE_CELL, name="B2", text="Anna")
+    target.put("empty", [10, 140, 110, 170], TABLE_CELL, name="B3", text="")
+    target.put("same", [10, 180, 110, 210], TABLE_CELL, name="Builder", text="Builder")
+    wait_for_name(target.desktop, (60, 115), "Anna, B 2", OTHER)
+    wait_for_name(target.desktop, (60, 155), "B 3", OTHER)
+    wait_for_name(target.desktop, (60, 195), "Builder", OTHER)
+
+
+def test_a_walk_through_a_slow_window_of_an_old_gtk_4_goes_on(tmp_path):
+    with Desktop(tmp_path / "desktop") as desktop:
+        desktop.start_voice()
+        target = show(desktop, "GTK 4.8.3")
+        target.put("slow", [10, 250, 20, 260], lies={"GetChildren": "late"})
+        target.put("deep", [10, 20, 110, 50], name="Deep", **{"found after": "slow"})
+        target.put("other", [310, 20, 390, 50], name="Other", **{"found after": "slow"})
+        start_pointalk_over(desktop)
+        wait_for_name(desktop, (60, 35), "Deep button", OTHER)
