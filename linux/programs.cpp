@@ -56,23 +56,23 @@ std::int64_t Distance(const BusReader::Four& extents, const XDisplay::Place& win
 
 }  // namespace
 
-Program* Programs::Of(ProcessId process, Moment limit) {
+std::shared_ptr<Program> Programs::Of(ProcessId process, Moment limit) {
   if (process == 0) return nullptr;
   auto found = programs_.find(process);
   if (found == programs_.end()) {
     Refresh(limit);
     found = programs_.find(process);
   }
-  return found == programs_.end() ? nullptr : &found->second;
+  return found == programs_.end() ? nullptr : found->second;
 }
 
 std::string Programs::NameOf(ProcessId process) const {
   const auto found = programs_.find(process);
-  return found == programs_.end() ? std::string() : found->second.root.program;
+  return found == programs_.end() ? std::string() : found->second->root.program;
 }
 
 void Programs::Forget(const std::string& name) {
-  std::erase_if(programs_, [&name](const auto& entry) { return entry.second.root.program == name; });
+  std::erase_if(programs_, [&name](const auto& entry) { return entry.second->root.program == name; });
   met_.erase(name);
 }
 
@@ -109,7 +109,8 @@ void Programs::Meet(const BusObject& root, ProcessId process, Moment limit) {
   const auto answers = bus_.Ask(std::move(calls), soon);
   if (bus_.IsSilent(root.program)) return;
   met_.insert(root.program);
-  programs_[process] = {root, ToolkitOf(TextProperty(answers[0]), TextProperty(answers[1])), {}};
+  const Toolkit toolkit = ToolkitOf(TextProperty(answers[0]), TextProperty(answers[1]));
+  programs_[process] = std::make_shared<Program>(Program{root, toolkit, {}});
 }
 
 std::optional<Frame> Programs::FrameOf(Program& program, const ObjectQuestion& question, Moment limit) {

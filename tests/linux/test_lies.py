@@ -122,3 +122,15 @@ def test_a_program_that_answers_one_question_never(tmp_path):
         silent.put("silent", [0, 700, 200, 800], name="Never", lies={"Name": "silence"})
         liar.said_over(100, 750)
         liar.said_over(150, 780)
+
+
+@pytest.mark.parametrize("question", ["GetAccessibleAtPoint", "GetRole", "GetExtents", "GetStringAtOffset"])
+def test_a_program_that_ends_while_it_is_asked(liar, question):
+    dying = AccessibleTarget(liar.desktop)
+    dying.show_window("frame", [0, 700, 200, 800], "Dying")
+    dying.put("dying", [0, 700, 200, 800], TEXT, text="last words", states=[MULTI_LINE], lies={question: "death"})
+
+    def has_ended():
+        liar.said_over(100, 750)
+        return dying.program.poll() is not None
+    liar.desktop.wait_until(has_ended)
