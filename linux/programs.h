@@ -52,8 +52,14 @@ class Programs {
   void Expect() { mayHaveMore_ = true; }
 
  private:
+  // A program that has not been asked yet how it has to be asked.
+  struct Newcomer {
+    BusObject root;
+    ProcessId process = 0;
+  };
+
   void Refresh(Moment limit);
-  void Meet(const BusObject& root, ProcessId process, Moment limit);
+  void Meet(const std::vector<Newcomer>& newcomers, Moment limit);
   std::optional<Frame> Nearest(const std::vector<BusObject>& frames, const Program& program,
                                const ObjectQuestion& question, Moment limit);
 
