@@ -49,6 +49,11 @@ bool IsReadByLineWithoutName(std::uint32_t role) {
   return role == kRoleLabel || role == kRoleHeading || role == kRoleLink;
 }
 
+// Some toolkits make the text of a field an object within it, of which text or name are what was typed.
+bool MayBePassword(const Facts& facts, bool hasText) {
+  return !facts.parent.IsNull() && (hasText || facts.found.role == kRoleStatic || IsField(facts.found.role));
+}
+
 // Text comes with its characters counted; one beyond U+FFFF is two of ours.
 std::int32_t UnitsOf(const Text& text, std::int32_t characters) {
   std::size_t units = 0;
@@ -123,6 +128,8 @@ std::optional<Facts> FactsReader::Read(const BusObject& object, const Measure& m
   const std::uint32_t kind = facts.found.role;
   if (kind == kRolePassword) return facts;  // its text is nobody's business
   const bool hasText = Has(interfaces, kTextInterface);
+  if (MayBePassword(facts, hasText) && RoleOf(facts.parent, limit) == kRolePassword)
+    return Read(facts.parent, measure, toolkit, limit);
   facts.found.readByLine = hasText && (IsReadByLine(kind, states, toolkit) ||
                                        (IsBlank(facts.found.name) && IsReadByLineWithoutName(kind)));
   if (facts.found.readByLine) {
@@ -135,6 +142,10 @@ std::optional<Facts> FactsReader::Read(const BusObject& object, const Measure& m
     facts.found.value = ReadValue(object, limit);
   }
   return facts;
+}
+
+std::uint32_t FactsReader::RoleOf(const BusObject& object, Moment limit) {
+  return BusReader(bus_.Ask(bus_.Call(object, kAccessible, "GetRole"), limit)).ReadUnsigned();
 }
 
 std::int32_t FactsReader::CharacterCount(const BusObject& object, Moment limit) {

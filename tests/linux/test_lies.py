@@ -4,7 +4,7 @@ import time
 
 import pytest
 
-from accessible import LABEL, MULTI_LINE, PANEL, SLIDER, TEXT, AccessibleTarget
+from accessible import LABEL, MULTI_LINE, PANEL, PASSWORD, SLIDER, STATIC, TEXT, AccessibleTarget
 from desktop import Desktop
 from session import start_pointalk_over, wait_for_name
 
@@ -111,6 +111,15 @@ def test_a_name_that_no_voice_can_say(liar):
     liar.target.put("dots", [430, 340, 630, 370], name="..\r\n.\r\nCANCEL ALL\u0000\u0007\u202e")
     assert liar.said_over(500, 355)[:1] != ["Healthy button"]
     assert not any(line.get("command", "").startswith("CANCEL ALL") for line in liar.desktop.heard())
+
+
+@pytest.mark.parametrize("within", [{"role": TEXT, "text": "secret"}, {"role": STATIC, "name": "secret"}])
+def test_what_lies_in_a_password_field_is_not_said(liar, within):
+    liar.target.put("password", [430, 380, 630, 410], PASSWORD, name="Pass phrase")
+    liar.target.put("typed", [435, 385, 625, 405], parent="password", **within)
+    said = liar.said_over(500, 395)
+    assert "Pass phrase" in said
+    assert "secret" not in said
 
 
 def test_a_program_that_answers_one_question_never(tmp_path):
