@@ -13,7 +13,8 @@
 namespace pointalk::linux {
 namespace {
 
-constexpr std::int32_t kMostOfText = 1000;  // characters of a field that are read
+constexpr std::int32_t kMostOfText = 1000;         // characters of a field that are read
+constexpr std::size_t kLongestDescription = 2000;  // characters: it is waited for until it has been said
 constexpr double kLargestValue = 1e12;
 constexpr std::int32_t kLineNumbers = 32749;  // a prime that a line number stays below
 
@@ -117,7 +118,8 @@ std::optional<Facts> FactsReader::Read(const BusObject& object, const Measure& m
   const auto states = BusReader(answers[1]).ReadUnsignedArray();
   const auto interfaces = BusReader(answers[2]).ReadStrings();
   if (BusReader name(answers[3]); name.EnterVariant("s")) facts.found.name = name.ReadText();
-  if (BusReader text(answers[4]); text.EnterVariant("s")) facts.found.description = text.ReadText();
+  if (BusReader text(answers[4]); text.EnterVariant("s"))
+    facts.found.description = text.ReadText(kLongestDescription);
   if (BusReader parent(answers[5]); parent.EnterVariant("(so)")) facts.parent = parent.ReadObject();
   const BusReader::Four extents = BusReader(answers[6]).ReadFour();
   facts.counted = {extents.first, extents.second};

@@ -107,6 +107,17 @@ def test_a_name_of_a_hundred_thousand_characters(liar):
     assert any(text.startswith("long long") and len(text) == 133 for text in said)
 
 
+def test_a_description_of_a_hundred_thousand_characters(liar):
+    liar.target.put("told", [640, 300, 740, 330], name="Told", description="long " * 20_000)
+
+    def is_told():
+        before = len(liar.desktop.said())
+        liar.desktop.output("xdotool", "mousemove", "700", "90", "sleep", "0.3", "mousemove", "700", "315", "sleep", "0.3",
+                            "keydown", "ctrl", "sleep", "0.2", "keyup", "ctrl", "sleep", "0.5")
+        return [len(text) for text in liar.desktop.said()[before:] if text.startswith("long long")] == [1999]
+    liar.desktop.wait_until(is_told)
+
+
 def test_a_name_that_no_voice_can_say(liar):
     liar.target.put("dots", [430, 340, 630, 370], name="..\r\n.\r\nCANCEL ALL\u0000\u0007\u202e")
     assert liar.said_over(500, 355)[:1] != ["Healthy button"]
