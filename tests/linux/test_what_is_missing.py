@@ -15,6 +15,14 @@ def test_a_wayland_session_is_refused(tmp_path):
         assert "Wayland" in desktop.said()[0]
 
 
+def test_a_wayland_session_without_an_x_server_is_refused_aloud(tmp_path):
+    with Desktop(tmp_path / "desktop") as desktop:
+        desktop.start_voice()
+        assert desktop.start(PROGRAM, DISPLAY="", WAYLAND_DISPLAY="wayland-0").wait(LIMIT) == 3
+        assert len(desktop.said()) == 1
+        assert "Wayland" in desktop.said()[0]
+
+
 def test_without_a_sound_device_it_asks(tmp_path):
     with Desktop(tmp_path / "desktop") as desktop:
         desktop.start_voice()
