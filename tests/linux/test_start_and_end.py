@@ -22,10 +22,22 @@ def test_the_end_of_the_x_server_ends_it_in_order(own):
     assert (own.desktop.config / "status.txt").read_bytes() == b"stopped\r\n"
 
 
+def ask_switch(desktop, method, *arguments):
+    """Of the desktop's switches for accessibility."""
+    return desktop.output("gdbus", "call", "--session", "--dest", "org.a11y.Bus", "--object-path", "/org/a11y/bus", "--method",
+                          f"org.freedesktop.DBus.Properties.{method}", "org.a11y.Status", *arguments)
+
+
 def test_accessibility_is_left_as_it_was(own):
-    question = ("gdbus", "call", "--session", "--dest", "org.a11y.Bus", "--object-path", "/org/a11y/bus", "--method",
-                "org.freedesktop.DBus.Properties.Get", "org.a11y.Status", "IsEnabled")
-    assert b"true" in own.desktop.output(*question)
+    assert b"true" in ask_switch(own.desktop, "Get", "IsEnabled")
     own.pointalk.terminate()
     own.pointalk.wait(LIMIT)
-    assert b"false" in own.desktop.output(*question)
+    assert b"false" in ask_switch(own.desktop, "Get", "IsEnabled")
+
+
+def test_accessibility_is_left_on_for_a_screen_reader(own):
+    ask_switch(own.desktop, "Set", "ScreenReaderEnabled", "<true>")
+    assert b"true" in ask_switch(own.desktop, "Get", "ScreenReaderEnabled")
+    own.pointalk.terminate()
+    own.pointalk.wait(LIMIT)
+    assert b"true" in ask_switch(own.desktop, "Get", "IsEnabled")
