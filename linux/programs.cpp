@@ -13,6 +13,7 @@ namespace pointalk::linux {
 namespace {
 
 constexpr std::chrono::milliseconds kRefreshPause{500};
+constexpr std::chrono::seconds kTrial{1};                 // of a frame that does not fit its window
 constexpr std::chrono::milliseconds kShortestMeeting{5};  // that an answer may be expected in
 constexpr std::chrono::milliseconds kLongestMeeting{50};
 const BusObject kDesktop{kRegistry, kRootPath};
@@ -45,14 +46,20 @@ std::int32_t Scale(std::int32_t real, std::int32_t counted) {
   return std::clamp(static_cast<std::int32_t>(std::lround(double{1} * real / counted)), 1, 8);
 }
 
+std::int64_t Apart(std::int32_t counted, std::int32_t real, std::int32_t scale) {
+  return std::llabs(std::int64_t{counted} * scale - real);
+}
+
+std::int64_t SizesApart(const BusReader::Four& extents, const XDisplay::Place& window, std::int32_t scale) {
+  return Apart(extents.third, window.width, scale) + Apart(extents.fourth, window.height, scale);
+}
+
 // How far a frame is from where the window is, in pixels; without places, by the size alone.
 std::int64_t Distance(const BusReader::Four& extents, const XDisplay::Place& window, std::int32_t scale,
                       bool placed) {
-  const auto apart = [scale](std::int32_t counted, std::int32_t real) {
-    return std::llabs(std::int64_t{counted} * scale - real);
-  };
-  const std::int64_t sizes = apart(extents.third, window.width) + apart(extents.fourth, window.height);
-  return placed ? sizes + apart(extents.first, window.origin.x) + apart(extents.second, window.origin.y)
+  const std::int64_t sizes = SizesApart(extents, window, scale);
+  return placed ? sizes + Apart(extents.first, window.origin.x, scale) +
+                      Apart(extents.second, window.origin.y, scale)
                 : sizes;
 }
 
@@ -125,8 +132,12 @@ void Programs::Meet(const std::vector<Newcomer>& newcomers, Moment limit) {
   }
 }
 
+// While a window grows its program may not have followed yet, and frame and scale are guessed wrongly. So one
+// that does not fit is looked for again after a while.
 std::optional<Frame> Programs::FrameOf(Program& program, const ObjectQuestion& question, Moment limit) {
-  if (const auto known = program.frames.find(question.spot.window); known != program.frames.end())
+  const Moment now = std::chrono::steady_clock::now();
+  if (const auto known = program.frames.find(question.spot.window);
+      known != program.frames.end() && (known->second.fits || now - known->second.found < kTrial))
     return known->second;
   BusReader children(bus_.Ask(bus_.Call(program.root, kAccessible, "GetChildren"), limit));
   std::vector<BusObject> frames = children.ReadObjects();
@@ -158,7 +169,8 @@ std::optional<Frame> Programs::Nearest(const std::vector<BusObject>& frames, con
     if (TextProperty(answers[2 * i + 1]) != question.title) ++distance;  // decides between equals
     if (distance >= least) continue;
     least = distance;
-    nearest = Frame{frames[i], scale};
+    nearest = Frame{frames[i], scale, SizesApart(extents, question.spot.place, scale) <= 2 * scale,
+                    std::chrono::steady_clock::now()};
   }
   return nearest;
 }

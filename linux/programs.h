@@ -25,6 +25,8 @@ enum class Toolkit {
 struct Frame {
   BusObject object;
   std::int32_t scale = 1;  // pixels of the screen that the program calls one
+  bool fits = false;       // it is as large as the window
+  Moment found;
 };
 
 struct Program {
