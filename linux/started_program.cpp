@@ -27,6 +27,7 @@ std::optional<pid_t> StartProgram(const std::string& path, const std::vector<std
   std::vector<std::string> words{path};
   words.insert(words.end(), arguments.begin(), arguments.end());
   std::vector<char*> pointers;
+  pointers.reserve(words.size() + 1);
   for (std::string& word : words) pointers.push_back(word.data());
   pointers.push_back(nullptr);
 
