@@ -15,6 +15,7 @@ constexpr char kService[] = "org.a11y.Bus";
 constexpr char kPath[] = "/org/a11y/bus";
 constexpr char kStatus[] = "org.a11y.Status";
 constexpr char kEnabled[] = "IsEnabled";
+constexpr char kScreenReader[] = "ScreenReaderEnabled";
 constexpr std::uint64_t kCallLimit = 5'000'000;  // microseconds; the service may have to be started first
 
 using Session = Owned<sd_bus, sd_bus_flush_close_unref>;
@@ -25,6 +26,15 @@ Session OpenSession() {
   Session session(bus);
   sd_bus_set_method_call_timeout(bus, kCallLimit);
   return session;
+}
+
+// False where the desktop does not tell.
+bool IsOn(const Session& session, const char* property) {
+  int on = 0;
+  return session &&
+         sd_bus_get_property_trivial(session.get(), kService, kPath, kStatus, property, nullptr, 'b', &on) >=
+             0 &&
+         on != 0;
 }
 
 void Set(bool enabled) {
@@ -49,7 +59,7 @@ void AccessibilitySwitch::TurnOn() {
 }
 
 void AccessibilitySwitch::PutBack() {
-  if (wasOff_) Set(false);
+  if (wasOff_ && !IsOn(OpenSession(), kScreenReader)) Set(false);
   wasOff_ = false;
 }
 

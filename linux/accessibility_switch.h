@@ -11,7 +11,7 @@ class AccessibilitySwitch {
  public:
   void TurnOn();
 
-  // As it was before it was turned on.
+  // As it was before it was turned on; on where a screen reader needs it meanwhile.
   void PutBack();
 
   // The address of the bus on which programs tell of their objects; empty where there is none.

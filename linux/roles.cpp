@@ -141,7 +141,7 @@ constexpr Kind kKinds[] = {
     {u"ContentInsertion", kOwn + 126},  // 126
     {u"Mark", kOwn + 127},              // 127
     {u"Suggestion", kOwn + 128},        // 128
-    {u"MenuButton", 57},                // 129
+    {u"PushButton", 57},                // 129
     {u"SwitchButton", 44},              // 130
 };
 

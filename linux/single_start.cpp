@@ -56,14 +56,17 @@ SingleStart::SingleStart() : place_(std::make_unique<Place>()) {
   if (bind(place_->socket.Number(), address, name.length) == 0) {
     std::ignore = listen(place_->socket.Number(), 4);  // where that fails, another start is not heard
   } else if (errno == EADDRINUSE) {
-    isFirst_ = false;
-    std::ignore = connect(place_->socket.Number(), address, name.length);  // to connect says it all
+    // To connect says it all. A program of another user that has the name keeps nobody from starting.
+    const bool isTold = connect(place_->socket.Number(), address, name.length) == 0;
+    isFirst_ = isTold && !IsOurUsers(place_->socket.Number());
+    if (isFirst_) place_->socket.Close();
   }
 }
 
 SingleStart::~SingleStart() = default;
 
 void SingleStart::Serve(std::function<void()> onOtherStart) {
+  if (!place_->socket) return;
   place_->notifier = std::make_unique<QSocketNotifier>(place_->socket.Number(), QSocketNotifier::Read);
   QObject::connect(place_->notifier.get(), &QSocketNotifier::activated,
                    [this, onOtherStart = std::move(onOtherStart)] {

@@ -26,6 +26,7 @@ constexpr std::size_t kMostUnanswered = 8;        // texts that go out before th
 constexpr std::chrono::seconds kConnectPause{1};  // between two attempts
 constexpr std::chrono::seconds kKeptLimit{5};     // after which words are not worth saying any more
 constexpr std::chrono::seconds kListLimit{20};
+constexpr std::chrono::seconds kTakenLimit{5};  // after which a server that has not taken a text is hung
 
 // Answers and events of SSIP.
 constexpr int kMessageQueued = 225;
@@ -90,8 +91,12 @@ struct SpeechClient::State {
   bool isCutOff = false;  // nothing was said since the last cut
   unsigned cut = 0;       // counts the cuts
 
-  std::deque<unsigned>
-      unanswered;  // for each text that the server has not taken yet, the cut that it came after
+  // A text that the server has not taken yet.
+  struct Unanswered {
+    unsigned cut = 0;  // that it came after
+    Moment sent;
+  };
+  std::deque<Unanswered> unanswered;
   std::set<std::string> sounding;  // numbers of the texts that it has taken since the last cut
   std::string eventText;           // the number that the event being read is about
   SsipLines lines;
@@ -100,6 +105,9 @@ struct SpeechClient::State {
   std::vector<std::string> voices;
 
   void Wake() { std::ignore = eventfd_write(wake.Number(), 1); }  // it cannot be full
+  bool IsHung() const {
+    return !unanswered.empty() && std::chrono::steady_clock::now() - unanswered.front().sent > kTakenLimit;
+  }
   bool CanSpeak() const { return socket && out.empty() && unanswered.size() < kMostUnanswered; }
 
   void Send(std::string_view bytes);
@@ -131,7 +139,7 @@ void SpeechClient::State::SendOut() {
 }
 
 void SpeechClient::State::SpeakNow(const std::string& line) {
-  unanswered.push_back(cut);
+  unanswered.push_back({cut, std::chrono::steady_clock::now()});
   isCutOff = false;
   Send(SpeakCommand(line));
 }
@@ -153,7 +161,7 @@ void SpeechClient::State::Take(const SsipLine& line) {
   } else if (line.code >= kFirstError) {
     if (line.isLast) unanswered.clear();  // which of them it is about is not told
   } else if (line.code == kMessageQueued && !line.isLast && !unanswered.empty()) {
-    if (unanswered.front() == cut) sounding.insert(line.text);
+    if (unanswered.front().cut == cut) sounding.insert(line.text);
     unanswered.pop_front();
   }
 }
@@ -292,6 +300,7 @@ void SpeechClient::Say(const std::string& line) {
 
 bool SpeechClient::IsQuiet() {
   const std::lock_guard lock(state_->mutex);
+  if (state_->IsHung()) return true;
   return state_->kept.empty() && state_->unanswered.empty() && state_->sounding.empty();
 }
 

@@ -28,6 +28,7 @@ TEST(RolesTest, RolesHaveTheirClassAndTheirText) {
       {91, u"TreeItem", u"outline item"},
       {56, u"TableCell", u"cell"},
       {35, u"MenuItem", u"menu item"},
+      {129, u"PushButton", u"menu button"},
       {kRoleScrollBar, u"ScrollBar", u"scroll bar"},
       {kRoleFrame, u"Window", u"window"},
       {kRoleHeading, u"Heading", u"heading"},

@@ -17,6 +17,7 @@ Lie LieOf(const std::string& word) {
   if (word == "wrong type") return Lie::kWrongType;
   if (word == "late") return Lie::kLate;
   if (word == "no body") return Lie::kNoBody;
+  if (word == "death") return Lie::kDeath;
   return Lie::kNone;
 }
 

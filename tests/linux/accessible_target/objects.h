@@ -20,6 +20,7 @@ enum class Lie {
   kWrongType,  // another type than the question has
   kNoBody,     // an answer without anything in it
   kLate,       // the truth, the first time after longer than anybody waits
+  kDeath,      // the program ends instead
 };
 
 struct Object {
