@@ -26,6 +26,8 @@ constexpr std::size_t kMostUnanswered = 8;        // texts that go out before th
 constexpr std::chrono::seconds kConnectPause{1};  // between two attempts
 constexpr std::chrono::seconds kKeptLimit{5};     // after which words are not worth saying any more
 constexpr std::chrono::seconds kListLimit{20};
+constexpr std::chrono::seconds kAnswerLimit{
+    2};  // in which a server that works has taken a text, many times over
 
 // Answers and events of SSIP.
 constexpr int kMessageQueued = 225;
@@ -90,10 +92,13 @@ struct SpeechClient::State {
   bool isCutOff = false;  // nothing was said since the last cut
   unsigned cut = 0;       // counts the cuts
 
-  std::deque<unsigned>
-      unanswered;  // for each text that the server has not taken yet, the cut that it came after
-  std::set<std::string> sounding;  // numbers of the texts that it has taken since the last cut
-  std::string eventText;           // the number that the event being read is about
+  struct SentText {
+    unsigned cut = 0;  // that it came after
+    Moment at;
+  };
+  std::deque<SentText> unanswered;  // that the server has not taken yet
+  std::set<std::string> sounding;   // numbers of the texts that it has taken since the last cut
+  std::string eventText;            // the number that the event being read is about
   SsipLines lines;
 
   VoiceSettings settings;
@@ -131,7 +136,7 @@ void SpeechClient::State::SendOut() {
 }
 
 void SpeechClient::State::SpeakNow(const std::string& line) {
-  unanswered.push_back(cut);
+  unanswered.push_back({cut, std::chrono::steady_clock::now()});
   isCutOff = false;
   Send(SpeakCommand(line));
 }
@@ -153,7 +158,7 @@ void SpeechClient::State::Take(const SsipLine& line) {
   } else if (line.code >= kFirstError) {
     if (line.isLast) unanswered.clear();  // which of them it is about is not told
   } else if (line.code == kMessageQueued && !line.isLast && !unanswered.empty()) {
-    if (unanswered.front() == cut) sounding.insert(line.text);
+    if (unanswered.front().cut == cut) sounding.insert(line.text);
     unanswered.pop_front();
   }
 }
@@ -293,6 +298,12 @@ void SpeechClient::Say(const std::string& line) {
 bool SpeechClient::IsQuiet() {
   const std::lock_guard lock(state_->mutex);
   return state_->kept.empty() && state_->unanswered.empty() && state_->sounding.empty();
+}
+
+bool SpeechClient::IsHung() {
+  const std::lock_guard lock(state_->mutex);
+  const auto& sent = state_->unanswered;
+  return !sent.empty() && std::chrono::steady_clock::now() - sent.front().at > kAnswerLimit;
 }
 
 // A voice that was chosen by its name is only left by connecting anew.

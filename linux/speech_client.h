@@ -51,6 +51,9 @@ class SpeechClient {
   // Everything that was said has been spoken, or cut off, or there is nobody who could.
   bool IsQuiet();
 
+  // The server has not even taken a text for so long that it is not worth waiting for it.
+  bool IsHung();
+
   void Use(const VoiceSettings& settings);
   VoiceSettings Settings();
 

@@ -1,37 +1,82 @@
-"""Desktops that lack something."""
+"""Desktops that lack something, or have what does not work."""
 
-import time
+import shutil
+
+import pytest
 
 from desktop import LIMIT, Desktop
-from session import PROGRAM, RECORDER
+from session import PROGRAM, RECORDER, wait_for_tones
 
 
-def test_a_wayland_session_is_refused(tmp_path):
-    with Desktop(tmp_path / "desktop") as desktop:
-        desktop.start_voice()
-        assert desktop.start(PROGRAM, XDG_SESSION_TYPE="wayland").wait(LIMIT) == 3
-        assert len(desktop.said()) == 1
-        assert "Wayland" in desktop.said()[0]
+@pytest.fixture(scope="module", name="shared")
+def make_shared(tmp_path_factory):
+    with Desktop(tmp_path_factory.mktemp("desktop")) as desktop:
+        yield desktop
 
 
-def test_without_a_sound_device_it_asks(tmp_path):
-    with Desktop(tmp_path / "desktop") as desktop:
-        desktop.start_voice()
-        desktop.start(PROGRAM, LD_PRELOAD=str(RECORDER), POINTALK_NO_SOUND="1")
-        desktop.wait_until(lambda: any("Do you want to run without midi" in text for text in desktop.said()))
+@pytest.fixture(name="bare")
+def make_bare(shared):
+    """A desktop without a voice, on which pointalk has never been."""
+    programs = len(shared.programs)
+    yield shared
+    for program in shared.programs[programs:]:
+        program.kill()
+        program.wait(LIMIT)
+    shutil.rmtree(shared.config, ignore_errors=True)
+    for path in (shared.socket, shared.speech_log, shared.notes_log, shared.folder / "pointalk.err"):
+        path.unlink(missing_ok=True)
 
 
-def test_without_a_voice_the_tones_sound(tmp_path):
-    with Desktop(tmp_path / "desktop") as desktop:
-        desktop.config.mkdir(parents=True)
-        (desktop.config / "DidWarn.flg").write_text("Been there done that.\r\n", encoding="ascii")
-        desktop.start(PROGRAM, LD_PRELOAD=str(RECORDER), POINTALK_NOTES=str(desktop.notes_log))
+def start(desktop, **env):
+    """As a user who has agreed to the terms; the greeting may not be heard."""
+    desktop.config.mkdir(parents=True)
+    (desktop.config / "DidWarn.flg").write_text("Been there done that.\r\n", encoding="ascii")
+    return desktop.start(PROGRAM, LD_PRELOAD=str(RECORDER), POINTALK_NOTES=str(desktop.notes_log), **env)
 
-        def sounds():
-            before = len(desktop.notes())
-            for point in ((300, 300), (700, 800)):
-                desktop.move(*point)
-                time.sleep(0.3)
-            return len(desktop.notes()) > before
-        desktop.wait_until(sounds)
-        assert "speech-dispatcher" in (desktop.folder / "pointalk.err").read_text(encoding="utf-8")
+
+def shown(desktop):
+    """What a box shows is also written there."""
+    return (desktop.folder / "pointalk.err").read_text(encoding="utf-8")
+
+
+def test_a_wayland_session_is_refused(bare):
+    bare.start_voice()
+    assert bare.start(PROGRAM, XDG_SESSION_TYPE="wayland").wait(LIMIT) == 3
+    assert len(bare.said()) == 1
+    assert "Wayland" in bare.said()[0]
+    assert "Wayland" in shown(bare)
+    assert not bare.config.exists()
+
+
+def test_without_a_sound_device_it_asks(bare):
+    bare.start_voice()
+    bare.start(PROGRAM, LD_PRELOAD=str(RECORDER), POINTALK_NO_SOUND="1")
+    bare.wait_until(lambda: any("Do you want to run without midi" in text for text in bare.said()))
+    # What the first start of all is given.
+    settings = (bare.config / "PTK.ini").read_text(encoding="cp1252")
+    assert [line for line in settings.splitlines() if "Volume = " in line] == [
+        "VerticalVolume = 60", "HorizontalVolume = 60", "DoDingVolume = 60", "VoiceVolume = 80"]
+
+
+def test_without_a_voice_the_tones_sound(bare):
+    start(bare)
+    wait_for_tones(bare)
+    assert "speech-dispatcher does not answer" in shown(bare)
+
+
+def test_without_speech_dispatcher_its_package_is_named(bare):
+    address = bare.env.pop("SPEECHD_ADDRESS")
+    try:
+        start(bare, PATH=str(bare.folder))
+    finally:
+        bare.env["SPEECHD_ADDRESS"] = address
+    wait_for_tones(bare)
+    assert "install the package speech-dispatcher" in shown(bare)
+
+
+def test_a_voice_that_never_answers_does_not_keep_the_tones_back(bare):
+    bare.start_voice("--hang-after", "0")
+    pointalk = start(bare)
+    wait_for_tones(bare)
+    pointalk.terminate()
+    assert pointalk.wait(LIMIT) == 0
