@@ -6,8 +6,6 @@
 #include <limits>
 #include <tuple>
 
-#include "linux/utf8.h"
-
 namespace pointalk::linux {
 namespace {
 
@@ -135,9 +133,9 @@ bool BusReader::EnterVariant(const char* type) {
   return isGood_;
 }
 
-Text BusReader::ReadText() {
+Text BusReader::ReadText(std::size_t most) {
   const char* const text = Read<const char*>('s');
-  return text == nullptr ? Text() : FromUtf8(text);
+  return text == nullptr ? Text() : FromUtf8(text, most);
 }
 
 std::string BusReader::ReadBytes() {

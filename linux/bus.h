@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "linux/owned.h"
+#include "linux/utf8.h"
 #include "text/text.h"
 
 namespace pointalk::linux {
@@ -96,7 +97,7 @@ class BusReader {
 
   // Goes into a variant of that type.
   bool EnterVariant(const char* type);
-  Text ReadText();
+  Text ReadText(std::size_t most = kLongestForeignText);  // UTF-16 units
   std::string ReadBytes();
   std::int32_t ReadNumber();
   std::uint32_t ReadUnsigned();

@@ -26,6 +26,14 @@ struct ButtonMessages {
 };
 constexpr std::array<ButtonMessages, 4> kButtons = {{{0, 0}, {513, 514}, {519, 520}, {516, 517}}};  // from 1
 
+// A button by the number that the user's settings make it, as for a left-handed mouse. Raw events tell the
+// mouse's own.
+int SetNumberOf(Display* display, int button) {
+  std::array<unsigned char, 256> numbers{};
+  const int count = XGetPointerMapping(display, numbers.data(), static_cast<int>(numbers.size()));
+  return button >= 1 && button <= count ? numbers[static_cast<std::size_t>(button - 1)] : button;
+}
+
 }  // namespace
 
 InputWatcher::InputWatcher(Receiver receiver)
@@ -93,7 +101,7 @@ void InputWatcher::HandleEvents(XDisplay& display) {
       if (cookie.evtype == XI_RawKeyPress) {
         NoteKey(display, raw.detail);
       } else {
-        NoteButton(display, raw.detail, cookie.evtype == XI_RawButtonPress,
+        NoteButton(display, SetNumberOf(display.Connection(), raw.detail), cookie.evtype == XI_RawButtonPress,
                    static_cast<std::uint32_t>(raw.time));
       }
       XFreeEventData(display.Connection(), &cookie);

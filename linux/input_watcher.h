@@ -32,7 +32,6 @@ class InputWatcher {
   bool TakePress(int virtualKey);
 
  private:
-  void Watch();
   bool Select(XDisplay& display);
   void HandleEvents(XDisplay& display);
   void NoteButton(XDisplay& display, int button, bool down, std::uint32_t time);

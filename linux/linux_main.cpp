@@ -5,6 +5,7 @@
 #include <QtWidgets/QMessageBox>
 #include <cstdlib>
 #include <iostream>
+#include <thread>
 #include <tuple>
 #include <utility>
 
@@ -14,6 +15,7 @@
 #include "linux/qt_text.h"
 #include "linux/session.h"
 #include "linux/single_start.h"
+#include "linux/utf8.h"
 
 namespace pointalk::linux {
 namespace {
@@ -27,6 +29,7 @@ constexpr TextView kWaylandSentence =
 constexpr std::chrono::seconds kSpeechServerLimit{6};
 constexpr std::chrono::seconds kSpokenLimit{30};
 constexpr std::chrono::seconds kReadingTime{8};
+constexpr std::chrono::milliseconds kSpokenLook{100};
 
 class FormEvents final : public PanelEvents {
  public:
@@ -57,12 +60,25 @@ void UnloadAtExit() {
   if (FormEvents* const events = std::exchange(unloadedAtExit, nullptr)) events->OnUnload();
 }
 
+void SayWayland(SpeechClient& voice) {
+  std::cerr << ToUtf8(kWaylandSentence) << std::endl;
+  if (voice.WaitForServer(kSpeechServerLimit)) voice.Say(SsipText(kWaylandSentence));
+}
+
+// Without an X server, which such a session may start only when it is needed or not at all.
+int RefuseWaylandByVoice() {
+  SpeechClient voice;
+  SayWayland(voice);
+  const auto end = std::chrono::steady_clock::now() + kSpokenLimit;
+  while (!voice.IsQuiet() && std::chrono::steady_clock::now() < end) std::this_thread::sleep_for(kSpokenLook);
+  return kWayland;
+}
+
 // The sentence stays until the user closes it, or has had the time to hear and to read it.
 int RefuseWayland() {
   const QString sentence = ToQt(kWaylandSentence);
-  std::cerr << sentence.toStdString() << std::endl;
   SpeechClient voice;
-  if (voice.WaitForServer(kSpeechServerLimit)) voice.Say(SsipText(kWaylandSentence));
+  SayWayland(voice);
   QMessageBox box(QMessageBox::Information, "Pointalk", sentence, QMessageBox::Ok);
   QTimer look;
   const auto end = std::chrono::steady_clock::now() + kSpokenLimit;
@@ -71,7 +87,7 @@ int RefuseWayland() {
     const auto now = std::chrono::steady_clock::now();
     if (now >= end || (now >= read && voice.IsQuiet())) box.accept();
   });
-  look.start(100);
+  look.start(kSpokenLook);
   box.exec();
   return kWayland;
 }
@@ -102,8 +118,9 @@ int RunPointalk(SingleStart& start, EndSignals& signals) {
 int Main(int count, char** arguments) {
   EndSignals signals;
   if (!XDisplay().IsOpen()) {
+    if (IsWaylandSession()) return RefuseWaylandByVoice();
     std::cerr << "Pointalk needs a desktop on X11: there is no X server at DISPLAY.\n";
-    return std::getenv("WAYLAND_DISPLAY") == nullptr ? kNoDisplay : kWayland;
+    return kNoDisplay;
   }
   // The panel is drawn by the X server that is watched, and can be read from its beginning.
   setenv("QT_QPA_PLATFORM", "xcb", 1);

@@ -13,7 +13,8 @@
 namespace pointalk::linux {
 namespace {
 
-constexpr std::int32_t kMostOfText = 1000;  // characters of a field that are read
+constexpr std::int32_t kMostOfText = 1000;         // characters of a field that are read
+constexpr std::size_t kLongestDescription = 2000;  // characters: it is waited for until it has been said
 constexpr double kLargestValue = 1e12;
 constexpr std::int32_t kLineNumbers = 32749;  // a prime that a line number stays below
 
@@ -47,6 +48,11 @@ bool IsReadByLine(std::uint32_t role, const std::vector<std::uint32_t>& states, 
 // Some programs give such things no name but their text.
 bool IsReadByLineWithoutName(std::uint32_t role) {
   return role == kRoleLabel || role == kRoleHeading || role == kRoleLink;
+}
+
+// Some toolkits make the text of a field an object within it, of which text or name are what was typed.
+bool MayBePassword(const Facts& facts, bool hasText) {
+  return !facts.parent.IsNull() && (hasText || facts.found.role == kRoleStatic || IsField(facts.found.role));
 }
 
 // Text comes with its characters counted; one beyond U+FFFF is two of ours.
@@ -112,7 +118,8 @@ std::optional<Facts> FactsReader::Read(const BusObject& object, const Measure& m
   const auto states = BusReader(answers[1]).ReadUnsignedArray();
   const auto interfaces = BusReader(answers[2]).ReadStrings();
   if (BusReader name(answers[3]); name.EnterVariant("s")) facts.found.name = name.ReadText();
-  if (BusReader text(answers[4]); text.EnterVariant("s")) facts.found.description = text.ReadText();
+  if (BusReader text(answers[4]); text.EnterVariant("s"))
+    facts.found.description = text.ReadText(kLongestDescription);
   if (BusReader parent(answers[5]); parent.EnterVariant("(so)")) facts.parent = parent.ReadObject();
   const BusReader::Four extents = BusReader(answers[6]).ReadFour();
   facts.counted = {extents.first, extents.second};
@@ -123,6 +130,8 @@ std::optional<Facts> FactsReader::Read(const BusObject& object, const Measure& m
   const std::uint32_t kind = facts.found.role;
   if (kind == kRolePassword) return facts;  // its text is nobody's business
   const bool hasText = Has(interfaces, kTextInterface);
+  if (MayBePassword(facts, hasText) && RoleOf(facts.parent, limit) == kRolePassword)
+    return Read(facts.parent, measure, toolkit, limit);
   facts.found.readByLine = hasText && (IsReadByLine(kind, states, toolkit) ||
                                        (IsBlank(facts.found.name) && IsReadByLineWithoutName(kind)));
   if (facts.found.readByLine) {
@@ -135,6 +144,10 @@ std::optional<Facts> FactsReader::Read(const BusObject& object, const Measure& m
     facts.found.value = ReadValue(object, limit);
   }
   return facts;
+}
+
+std::uint32_t FactsReader::RoleOf(const BusObject& object, Moment limit) {
+  return BusReader(bus_.Ask(bus_.Call(object, kAccessible, "GetRole"), limit)).ReadUnsigned();
 }
 
 std::int32_t FactsReader::CharacterCount(const BusObject& object, Moment limit) {

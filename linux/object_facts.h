@@ -37,7 +37,8 @@ class FactsReader {
  public:
   explicit FactsReader(Bus& bus) : bus_(bus) {}
 
-  // No value for an object that is gone or did not answer.
+  // No value for an object that is gone or did not answer. What lies within a password field is answered by
+  // the field itself.
   std::optional<Facts> Read(const BusObject& object, const Measure& measure, Toolkit toolkit, Moment limit);
 
  private:
@@ -47,6 +48,7 @@ class FactsReader {
   std::int32_t OffsetAt(const BusObject& object, const Measure& measure, Moment limit);
   std::optional<Text> ReadBeginning(const BusObject& object, Moment limit);
   std::optional<Text> ReadValue(const BusObject& object, Moment limit);
+  std::uint32_t RoleOf(const BusObject& object, Moment limit);
   BusMessage Property(const BusObject& object, const char* interface, const char* name);
 
   Bus& bus_;

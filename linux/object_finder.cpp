@@ -68,7 +68,7 @@ int ObjectFinder::OnFocus(sd_bus_message* signal, void* self, sd_bus_error* /*er
 }
 
 std::optional<FoundObject> ObjectFinder::Find(const ObjectQuestion& question, Moment limit) {
-  Program* const program = programs_.Of(question.spot.process, limit);
+  const std::shared_ptr<Program> program = programs_.Of(question.spot.process, limit);
   if (program == nullptr || bus_.IsSilent(program->root.program)) return std::nullopt;
   return question.spot.kind == XWindowSpot::Kind::kPopUp ? FindInPopUp(*program, question, limit)
                                                          : FindInWindow(*program, question, limit);
@@ -101,14 +101,15 @@ std::optional<FoundObject> ObjectFinder::FindInWindow(Program& program, const Ob
 // what has it is asked for the rest.
 std::optional<FoundObject> ObjectFinder::FindInPopUp(const Program& program, const ObjectQuestion& question,
                                                      Moment limit) {
-  const auto focus = focus_.find(program.root.program);
-  if (focus == focus_.end()) return std::nullopt;
+  const auto last = focus_.find(program.root.program);
+  if (last == focus_.end()) return std::nullopt;
+  const BusObject focus = last->second;  // it may move while it is asked
   const std::int32_t scale = program.frames.empty() ? 1 : program.frames.begin()->second.scale;
   const Measure measure = Measure::Of(question, program.toolkit, scale);
   const auto lies = [&measure](const Facts& facts) {
     return measure.coordinates == kInWindow || facts.width <= 0 || facts.Holds(measure);
   };
-  auto facts = facts_.Read(focus->second, measure, program.toolkit, limit);
+  auto facts = facts_.Read(focus, measure, program.toolkit, limit);
   if (!facts || IsTop(facts->found.role)) return std::nullopt;
   if (!facts->HasText() || !lies(*facts)) {
     const BusObject& holder = facts->HasText() ? facts->parent : facts->found.object;

@@ -13,6 +13,8 @@ namespace pointalk::linux {
 namespace {
 
 constexpr std::chrono::milliseconds kRefreshPause{500};
+constexpr std::chrono::milliseconds kShortestMeeting{5};  // that an answer may be expected in
+constexpr std::chrono::milliseconds kLongestMeeting{50};
 const BusObject kDesktop{kRegistry, kRootPath};
 const BusObject kBusItself{"org.freedesktop.DBus", "/org/freedesktop/DBus"};
 
@@ -56,23 +58,23 @@ std::int64_t Distance(const BusReader::Four& extents, const XDisplay::Place& win
 
 }  // namespace
 
-Program* Programs::Of(ProcessId process, Moment limit) {
+std::shared_ptr<Program> Programs::Of(ProcessId process, Moment limit) {
   if (process == 0) return nullptr;
   auto found = programs_.find(process);
   if (found == programs_.end()) {
     Refresh(limit);
     found = programs_.find(process);
   }
-  return found == programs_.end() ? nullptr : &found->second;
+  return found == programs_.end() ? nullptr : found->second;
 }
 
 std::string Programs::NameOf(ProcessId process) const {
   const auto found = programs_.find(process);
-  return found == programs_.end() ? std::string() : found->second.root.program;
+  return found == programs_.end() ? std::string() : found->second->root.program;
 }
 
 void Programs::Forget(const std::string& name) {
-  std::erase_if(programs_, [&name](const auto& entry) { return entry.second.root.program == name; });
+  std::erase_if(programs_, [&name](const auto& entry) { return entry.second->root.program == name; });
   met_.erase(name);
 }
 
@@ -94,22 +96,33 @@ void Programs::Refresh(Moment limit) {
     if (calls.back()) sd_bus_message_append(calls.back().get(), "s", root.program.c_str());
   }
   const std::vector<BusMessage> answers = bus_.Ask(std::move(calls), limit);
+  std::vector<Newcomer> newcomers;
   for (std::size_t i = 0; i < fresh.size(); ++i) {
     BusReader answer(answers[i]);
-    if (const ProcessId process = answer.ReadUnsigned(); answer.IsGood()) Meet(fresh[i], process, limit);
+    if (const ProcessId process = answer.ReadUnsigned(); answer.IsGood())
+      newcomers.push_back({std::move(fresh[i]), process});
   }
+  if (!newcomers.empty()) Meet(newcomers, limit);
 }
 
-void Programs::Meet(const BusObject& root, ProcessId process, Moment limit) {
+// A hung program is not waited for, and how it has to be asked is found out once it answers. Where there is
+// no time left nobody is asked, and nothing is taken for known.
+void Programs::Meet(const std::vector<Newcomer>& newcomers, Moment limit) {
+  const Moment now = std::chrono::steady_clock::now();
+  if (limit - now < kShortestMeeting) return Expect();
   std::vector<BusMessage> calls;
-  calls.push_back(PropertyCall(bus_, root, kApplication, "ToolkitName"));
-  calls.push_back(PropertyCall(bus_, root, kApplication, "Version"));
-  // A hung program is not waited for: how it has to be asked is then taken for the usual way.
-  const Moment soon = std::min(limit, std::chrono::steady_clock::now() + std::chrono::milliseconds(50));
-  const auto answers = bus_.Ask(std::move(calls), soon);
-  if (bus_.IsSilent(root.program)) return;
-  met_.insert(root.program);
-  programs_[process] = {root, ToolkitOf(TextProperty(answers[0]), TextProperty(answers[1])), {}};
+  for (const Newcomer& newcomer : newcomers) {
+    calls.push_back(PropertyCall(bus_, newcomer.root, kApplication, "ToolkitName"));
+    calls.push_back(PropertyCall(bus_, newcomer.root, kApplication, "Version"));
+  }
+  const auto answers = bus_.Ask(std::move(calls), std::min(limit, now + kLongestMeeting));
+  for (std::size_t i = 0; i < newcomers.size(); ++i) {
+    const auto& [root, process] = newcomers[i];
+    if (bus_.IsSilent(root.program)) continue;
+    met_.insert(root.program);
+    const Toolkit toolkit = ToolkitOf(TextProperty(answers[2 * i]), TextProperty(answers[2 * i + 1]));
+    programs_[process] = std::make_shared<Program>(Program{root, toolkit, {}});
+  }
 }
 
 std::optional<Frame> Programs::FrameOf(Program& program, const ObjectQuestion& question, Moment limit) {

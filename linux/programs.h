@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -36,8 +37,9 @@ class Programs {
  public:
   explicit Programs(Bus& bus) : bus_(bus) {}
 
-  // The program of a process; null where it tells of no objects.
-  Program* Of(ProcessId process, Moment limit);
+  // The program of a process; null where it tells of no objects. Whoever has it may go on with it though its
+  // connection ends meanwhile.
+  std::shared_ptr<Program> Of(ProcessId process, Moment limit);
 
   // The frame that a window shows; no value where there is none.
   std::optional<Frame> FrameOf(Program& program, const ObjectQuestion& question, Moment limit);
@@ -50,13 +52,19 @@ class Programs {
   void Expect() { mayHaveMore_ = true; }
 
  private:
+  // A program that has not been asked yet how it has to be asked.
+  struct Newcomer {
+    BusObject root;
+    ProcessId process = 0;
+  };
+
   void Refresh(Moment limit);
-  void Meet(const BusObject& root, ProcessId process, Moment limit);
+  void Meet(const std::vector<Newcomer>& newcomers, Moment limit);
   std::optional<Frame> Nearest(const std::vector<BusObject>& frames, const Program& program,
                                const ObjectQuestion& question, Moment limit);
 
   Bus& bus_;
-  std::map<ProcessId, Program> programs_;
+  std::map<ProcessId, std::shared_ptr<Program>> programs_;
   std::set<std::string> met_;  // names whose processes are known
   bool mayHaveMore_ = true;
   Moment lastRefresh_{};

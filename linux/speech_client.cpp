@@ -26,8 +26,7 @@ constexpr std::size_t kMostUnanswered = 8;        // texts that go out before th
 constexpr std::chrono::seconds kConnectPause{1};  // between two attempts
 constexpr std::chrono::seconds kKeptLimit{5};     // after which words are not worth saying any more
 constexpr std::chrono::seconds kListLimit{20};
-constexpr std::chrono::seconds kAnswerLimit{
-    2};  // in which a server that works has taken a text, many times over
+constexpr std::chrono::seconds kTakenLimit{5};  // after which a server that has not taken a text is hung
 
 // Answers and events of SSIP.
 constexpr int kMessageQueued = 225;
@@ -92,19 +91,23 @@ struct SpeechClient::State {
   bool isCutOff = false;  // nothing was said since the last cut
   unsigned cut = 0;       // counts the cuts
 
-  struct SentText {
+  // A text that the server has not taken yet.
+  struct Unanswered {
     unsigned cut = 0;  // that it came after
-    Moment at;
+    Moment sent;
   };
-  std::deque<SentText> unanswered;  // that the server has not taken yet
-  std::set<std::string> sounding;   // numbers of the texts that it has taken since the last cut
-  std::string eventText;            // the number that the event being read is about
+  std::deque<Unanswered> unanswered;
+  std::set<std::string> sounding;  // numbers of the texts that it has taken since the last cut
+  std::string eventText;           // the number that the event being read is about
   SsipLines lines;
 
   VoiceSettings settings;
   std::vector<std::string> voices;
 
   void Wake() { std::ignore = eventfd_write(wake.Number(), 1); }  // it cannot be full
+  bool IsHung() const {
+    return !unanswered.empty() && std::chrono::steady_clock::now() - unanswered.front().sent > kTakenLimit;
+  }
   bool CanSpeak() const { return socket && out.empty() && unanswered.size() < kMostUnanswered; }
 
   void Send(std::string_view bytes);
@@ -297,13 +300,8 @@ void SpeechClient::Say(const std::string& line) {
 
 bool SpeechClient::IsQuiet() {
   const std::lock_guard lock(state_->mutex);
+  if (state_->IsHung()) return true;
   return state_->kept.empty() && state_->unanswered.empty() && state_->sounding.empty();
-}
-
-bool SpeechClient::IsHung() {
-  const std::lock_guard lock(state_->mutex);
-  const auto& sent = state_->unanswered;
-  return !sent.empty() && std::chrono::steady_clock::now() - sent.front().at > kAnswerLimit;
 }
 
 // A voice that was chosen by its name is only left by connecting anew.

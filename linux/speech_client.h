@@ -48,11 +48,9 @@ class SpeechClient {
   // Says a line (of SsipText), after what is being said.
   void Say(const std::string& line);
 
-  // Everything that was said has been spoken, or cut off, or there is nobody who could.
+  // Everything that was said has been spoken, or cut off, or there is nobody who could: no server, or one
+  // that has not taken a text for seconds.
   bool IsQuiet();
-
-  // The server has not even taken a text for so long that it is not worth waiting for it.
-  bool IsHung();
 
   void Use(const VoiceSettings& settings);
   VoiceSettings Settings();

@@ -120,7 +120,7 @@ bool LinuxSapi5Voice::Speak(TextView text, std::optional<int> flags) {
   const std::string line = SsipText(text);
   if (!line.empty()) client_.Say(line);
   if ((how & kSpeakAsync) != 0 || line.empty()) return true;
-  waiting_.WaitUntil([this] { return client_.IsQuiet() || client_.IsHung(); },
+  waiting_.WaitUntil([this] { return client_.IsQuiet(); },
                      kUtteranceLimit + kCharacterLimit * static_cast<int>(line.size()));
   return true;
 }

@@ -1,21 +1,17 @@
 #include "linux/ssip_socket.h"
 
-#include <fcntl.h>
-#include <spawn.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 #include <chrono>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
-#include <sstream>
 #include <string_view>
 #include <thread>
 
-extern char** environ;
+#include "linux/started_program.h"
 
 namespace pointalk::linux {
 namespace {
@@ -53,27 +49,14 @@ std::optional<OwnedFile> Connect() {
   return socket;
 }
 
-std::string FindProgram(std::string_view name) {
-  const char* const variable = std::getenv("PATH");
-  std::istringstream folders(variable == nullptr ? "/usr/bin" : variable);
-  for (std::string folder; std::getline(folders, folder, ':');) {
-    const fs::path program = fs::path(folder) / name;
-    if (::access(program.c_str(), X_OK) == 0) return program.string();
-  }
-  return {};
-}
-
 // It makes itself a server in the background and returns.
 bool Spawn(const std::string& program) {
-  std::string path = program;
-  std::string how = "--spawn";
-  char* const arguments[] = {path.data(), how.data(), nullptr};
-  pid_t child = 0;
-  if (posix_spawn(&child, program.c_str(), nullptr, nullptr, arguments, environ) != 0) return false;
+  const auto child = StartProgram(program, {"--spawn"});
+  if (!child) return false;
   const auto end = std::chrono::steady_clock::now() + kStartLimit;
   while (std::chrono::steady_clock::now() < end) {
     int status = 0;
-    if (waitpid(child, &status, WNOHANG) != 0) return true;
+    if (waitpid(*child, &status, WNOHANG) != 0) return true;
     std::this_thread::sleep_for(kSocketLook);
   }
   return true;

@@ -1,18 +1,19 @@
 #include "linux/system.h"
 
 #include <sys/utsname.h>
+#include <sys/wait.h>
 
-#include <QtCore/QProcess>
-#include <QtCore/QStandardPaths>
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>
 #include <algorithm>
 #include <cstdlib>
 #include <sstream>
+#include <thread>
 
 #include "linux/ansi.h"
 #include "linux/folders.h"
 #include "linux/qt_text.h"
+#include "linux/started_program.h"
 #include "linux/utf8.h"
 
 namespace pointalk::linux {
@@ -20,6 +21,13 @@ namespace {
 
 constexpr std::uint32_t kNewFamily = 2;
 constexpr TextView kMailLink = u"mailto:";
+
+// The program may stay for as long as the message is written.
+bool OpenWith(const std::string& program, TextView link) {
+  const auto child = StartProgram(program, {ToUtf8(link)});
+  if (child) std::thread([child] { waitpid(*child, nullptr, 0); }).detach();
+  return child.has_value();
+}
 
 }  // namespace
 
@@ -48,8 +56,7 @@ bool LinuxSystem::ShellOpen(TextView /*operation*/, TextView /*file*/, TextView 
                             TextView /*directory*/, int /*show*/) {
   if (!parameters.starts_with(kMailLink)) return false;
   for (const char* const program : {"xdg-email", "xdg-open"}) {
-    if (!QStandardPaths::findExecutable(program).isEmpty())
-      return QProcess::startDetached(program, {ToQt(parameters)});
+    if (const std::string path = FindProgram(program); !path.empty()) return OpenWith(path, parameters);
   }
   notices_.Show(u"Pointalk cannot open your mail program. Please install the package xdg-utils.");
   return false;

@@ -59,6 +59,7 @@ Thing Things::Look(Point screen) {
       thing.handle = kOwnObjects + own->number;
       thing.className = KindOfSpoken(own->facts.role.value_or(0)).className;
       thing.facts = own->facts;
+      thing.hasFacts = true;  // also in an open menu, whose window tells nothing
       thing.isButton = Contains(thing.className, u"Button");
       thing.origin = own->origin;
     }

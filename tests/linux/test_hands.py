@@ -1,5 +1,6 @@
 """What the listener does with the mouse and the keys."""
 
+import ctypes
 import time
 
 import pytest
@@ -31,6 +32,33 @@ def test_clicks_are_said(session, click, words):
     session.wait_for_name(place(0, 5), "A label")
     said = session.said_after(lambda: session.desktop.output("xdotool", "click", *click))
     session.desktop.wait_until(lambda: words in said())
+
+
+class Mouse:
+    """The order of the mouse's buttons, as a setting for the left hand changes it."""
+
+    def __init__(self, desktop):
+        self.x = ctypes.CDLL("libX11.so.6")
+        self.x.XOpenDisplay.restype = ctypes.c_void_p
+        self.display = ctypes.c_void_p(self.x.XOpenDisplay(desktop.env["DISPLAY"].encode()))
+
+    def set_order(self, *numbers):
+        order = bytes(numbers)
+        assert self.x.XSetPointerMapping(self.display, order, len(order)) == 0
+        self.x.XSync(self.display, 0)
+
+
+def test_the_left_button_is_the_one_that_the_settings_make_it(session):
+    mouse = Mouse(session.desktop)
+    session.wait_for_name(place(0, 5), "A label")
+    said = session.said_after(lambda: None)
+    mouse.set_order(3, 2, 1, *range(4, 11))
+    try:
+        session.desktop.output("xdotool", "click", "3")
+        session.desktop.wait_until(lambda: {"Click", "Right Click"} & set(said()))
+        assert "Click" in said()
+    finally:
+        mouse.set_order(*range(1, 11))
 
 
 def test_a_move_sounds_two_tones(session):

@@ -4,8 +4,9 @@ import os
 import pathlib
 import signal
 
+from accessible import AccessibleTarget
 from desktop import LIMIT
-from session import TARGET, place, tones_after
+from session import TARGET, place, tones_after, wait_for_name
 
 
 def tones_go_on(session):
@@ -28,11 +29,20 @@ def test_a_stopped_program_does_not_stop_the_tones(session):
     session.wait_for_name(place(0, 3), "Toggle me button")
 
 
-def test_a_voice_that_hangs_stops_nothing_and_goes_on(session):
+def test_a_voice_that_hangs_does_not_keep_the_tones_from_sounding(session):
+    """What is said in answer to Control is waited for, and no longer than a server may need to take it."""
+    target = AccessibleTarget(session.desktop)
+    target.show_window("frame", [800, 0, 1000, 100], "Told")
+    target.put("told", [800, 0, 1000, 100], name="Told", description="long " * 400)
+    wait_for_name(session.desktop, (900, 50), "Told button", place(0, 0))
     os.kill(session.desktop.recorder.pid, signal.SIGSTOP)
-    for _ in range(3):
-        tones_go_on(session)
-    os.kill(session.desktop.recorder.pid, signal.SIGCONT)
+    session.desktop.output("xdotool", "mousemove", *map(str, place(0, 0)), "sleep", "0.3", "mousemove", "900", "50", "sleep",
+                           "0.3", "keydown", "ctrl", "sleep", "0.2", "keyup", "ctrl", "sleep", "0.5")
+    try:
+        for _ in range(3):
+            tones_go_on(session)
+    finally:
+        os.kill(session.desktop.recorder.pid, signal.SIGCONT)
     session.wait_for_name(place(0, 3), "Toggle me button")
 
 

@@ -4,7 +4,7 @@ import time
 
 import pytest
 
-from accessible import LABEL, MULTI_LINE, PANEL, SLIDER, TEXT, AccessibleTarget
+from accessible import LABEL, MULTI_LINE, PANEL, PASSWORD, SLIDER, STATIC, TEXT, AccessibleTarget
 from desktop import Desktop
 from session import start_pointalk_over, wait_for_name
 
@@ -107,10 +107,30 @@ def test_a_name_of_a_hundred_thousand_characters(liar):
     assert any(text.startswith("long long") and len(text) == 133 for text in said)
 
 
+def test_a_description_of_a_hundred_thousand_characters(liar):
+    liar.target.put("told", [640, 300, 740, 330], name="Told", description="long " * 20_000)
+
+    def is_told():
+        before = len(liar.desktop.said())
+        liar.desktop.output("xdotool", "mousemove", "700", "90", "sleep", "0.3", "mousemove", "700", "315", "sleep", "0.3",
+                            "keydown", "ctrl", "sleep", "0.2", "keyup", "ctrl", "sleep", "0.5")
+        return [len(text) for text in liar.desktop.said()[before:] if text.startswith("long long")] == [1999]
+    liar.desktop.wait_until(is_told)
+
+
 def test_a_name_that_no_voice_can_say(liar):
     liar.target.put("dots", [430, 340, 630, 370], name="..\r\n.\r\nCANCEL ALL\u0000\u0007\u202e")
     assert liar.said_over(500, 355)[:1] != ["Healthy button"]
     assert not any(line.get("command", "").startswith("CANCEL ALL") for line in liar.desktop.heard())
+
+
+@pytest.mark.parametrize("within", [{"role": TEXT, "text": "secret"}, {"role": STATIC, "name": "secret"}])
+def test_what_lies_in_a_password_field_is_not_said(liar, within):
+    liar.target.put("password", [430, 380, 630, 410], PASSWORD, name="Pass phrase")
+    liar.target.put("typed", [435, 385, 625, 405], parent="password", **within)
+    said = liar.said_over(500, 395)
+    assert "Pass phrase" in said
+    assert "secret" not in said
 
 
 def test_a_program_that_answers_one_question_never(tmp_path):
@@ -122,3 +142,15 @@ def test_a_program_that_answers_one_question_never(tmp_path):
         silent.put("silent", [0, 700, 200, 800], name="Never", lies={"Name": "silence"})
         liar.said_over(100, 750)
         liar.said_over(150, 780)
+
+
+@pytest.mark.parametrize("question", ["GetAccessibleAtPoint", "GetRole", "GetExtents", "GetStringAtOffset"])
+def test_a_program_that_ends_while_it_is_asked(liar, question):
+    dying = AccessibleTarget(liar.desktop)
+    dying.show_window("frame", [0, 700, 200, 800], "Dying")
+    dying.put("dying", [0, 700, 200, 800], TEXT, text="last words", states=[MULTI_LINE], lies={question: "death"})
+
+    def has_ended():
+        liar.said_over(100, 750)
+        return dying.program.poll() is not None
+    liar.desktop.wait_until(has_ended)

@@ -1,6 +1,7 @@
 """Desktops that lack something, or have what does not work."""
 
 import shutil
+import signal
 
 import pytest
 
@@ -48,6 +49,13 @@ def test_a_wayland_session_is_refused(bare):
     assert not bare.config.exists()
 
 
+def test_a_wayland_session_without_an_x_server_is_refused_aloud(bare):
+    bare.start_voice()
+    assert bare.start(PROGRAM, DISPLAY="", WAYLAND_DISPLAY="wayland-0").wait(LIMIT) == 3
+    assert len(bare.said()) == 1
+    assert "Wayland" in bare.said()[0]
+
+
 def test_without_a_sound_device_it_asks(bare):
     bare.start_voice()
     bare.start(PROGRAM, LD_PRELOAD=str(RECORDER), POINTALK_NO_SOUND="1")
@@ -64,14 +72,32 @@ def test_without_a_voice_the_tones_sound(bare):
     assert "speech-dispatcher does not answer" in shown(bare)
 
 
-def test_without_speech_dispatcher_its_package_is_named(bare):
+@pytest.fixture(name="unaddressed")
+def make_unaddressed(bare):
+    """A desktop on which a server for speech is to be started."""
     address = bare.env.pop("SPEECHD_ADDRESS")
-    try:
-        start(bare, PATH=str(bare.folder))
-    finally:
-        bare.env["SPEECHD_ADDRESS"] = address
-    wait_for_tones(bare)
-    assert "install the package speech-dispatcher" in shown(bare)
+    yield bare
+    bare.env["SPEECHD_ADDRESS"] = address
+
+
+def test_without_speech_dispatcher_its_package_is_named(unaddressed):
+    start(unaddressed, PATH=str(unaddressed.folder))
+    wait_for_tones(unaddressed)
+    assert "install the package speech-dispatcher" in shown(unaddressed)
+
+
+def test_a_speech_server_that_it_starts_can_be_ended(unaddressed, tmp_path):
+    """A program begins with the signals that its starter has blocked or ignores."""
+    seen = tmp_path / "signals"
+    server = tmp_path / "speech-dispatcher"
+    server.write_text(f"#!/bin/sh\ngrep -E 'SigBlk|SigIgn' /proc/self/status >{seen}.new\nmv {seen}.new {seen}\n", encoding="utf-8")
+    server.chmod(0o755)
+    unaddressed.start(PROGRAM, PATH=f"{tmp_path}:{unaddressed.env['PATH']}")
+    unaddressed.wait_until(seen.exists)
+    for line in seen.read_text(encoding="utf-8").splitlines():
+        signals = int(line.split()[1], 16)
+        for number in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP, signal.SIGPIPE):
+            assert not signals & 1 << number - 1, line
 
 
 def test_a_voice_that_never_answers_does_not_keep_the_tones_back(bare):

@@ -1,12 +1,21 @@
 #include "tests/linux/accessible_target/answers.h"
 
+#include <cstdlib>
 #include <string>
+#include <utility>
 
 namespace pointalk::target {
 namespace {
 
 constexpr char kRoot[] = "/org/a11y/atspi/accessible/root";
 constexpr char kRegistry[] = "org.a11y.atspi.Registry";
+
+// Of "GTK 4.8.3" and the like.
+std::pair<std::string, std::string> NameAndVersion(const std::string& toolkit) {
+  const auto space = toolkit.find(' ');
+  if (space == std::string::npos) return {toolkit, "1.0"};
+  return {toolkit.substr(0, space), toolkit.substr(space + 1)};
+}
 
 // One question, and its answer.
 class Answer {
@@ -51,6 +60,7 @@ class Answer {
       case Lie::kError: return Fail();
       case Lie::kWrongType: return Reply("(db)", 3.5, 1);
       case Lie::kNoBody: sd_bus_reply_method_return(question_, nullptr); return;
+      case Lie::kDeath: std::_Exit(EXIT_SUCCESS);
       default: return;
     }
   }
@@ -75,8 +85,9 @@ class Answer {
 
   void GiveOfProgram() {
     if (member_ == "GetChildren") return ReplyObjects(objects_.ChildrenOf("root"));
-    if (member_ == "ToolkitName") return Reply("s", toolkit_.c_str());
-    if (member_ == "Version") return Reply("s", "1.0");
+    const auto [toolkit, version] = NameAndVersion(toolkit_);
+    if (member_ == "ToolkitName") return Reply("s", toolkit.c_str());
+    if (member_ == "Version") return Reply("s", version.c_str());
     if (member_ == "GetRole") return Reply("u", 75U);
     Reply("s", "accessible target");
   }

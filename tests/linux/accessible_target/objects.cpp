@@ -16,6 +16,7 @@ Lie LieOf(const std::string& word) {
   if (word == "silence") return Lie::kSilence;
   if (word == "wrong type") return Lie::kWrongType;
   if (word == "no body") return Lie::kNoBody;
+  if (word == "death") return Lie::kDeath;
   return Lie::kNone;
 }
 

@@ -17,6 +17,7 @@ enum class Lie {
   kSilence,    // no answer at all
   kWrongType,  // another type than the question has
   kNoBody,     // an answer without anything in it
+  kDeath,      // the program ends instead
 };
 
 struct Object {
