@@ -1,7 +1,7 @@
 // Preloaded into a program, it writes down what the program asks FluidSynth to play, and is its sound device.
 //
 // POINTALK_NOTES names the file; each line is a time of the monotonic clock in seconds, the function, and its
-// numbers. With POINTALK_NO_SOUND set there is no sound device.
+// numbers. With POINTALK_NO_SOUND set there is no sound device, with POINTALK_NO_FONT no sound font.
 #include <dlfcn.h>
 
 #include <chrono>
@@ -43,6 +43,11 @@ int fluid_synth_program_change(void* synth, int channel, int program) {
   static const auto next = Next<int (*)(void*, int, int)>("fluid_synth_program_change");
   WriteDown("program", channel, program, 0);
   return next(synth, channel, program);
+}
+
+int fluid_is_soundfont(const char* path) {
+  static const auto next = Next<int (*)(const char*)>("fluid_is_soundfont");
+  return std::getenv("POINTALK_NO_FONT") == nullptr ? next(path) : 0;
 }
 
 // No sound is ever asked for, so that no note comes to its end by itself.

@@ -6,9 +6,10 @@ from desktop import LIMIT
 from session import PROGRAM
 
 CAPTION = "Pointalk Control Center"
+AWAY = (1000, 950)  # where no menu opens under the pointer, which would choose its entries
 # The menus by the key that opens them with Alt; their entries are counted from 0.
 MIDI, VOICE, PROGRAM_MENU, TROUBLE = "m", "v", "p", "t"
-VERTICAL_VOLUME, MELODY_FORMAT = 5, 6
+VERTICAL_INSTRUMENT, VERTICAL_VOLUME, MELODY_FORMAT = 4, 5, 6
 MAKE_AUTO_START, MAKE_NOT_AUTO_START = 0, 1
 CRASH_REPORT = 0
 
@@ -28,6 +29,7 @@ class Panel:
     def bring_up(self):
         """By another start, as a listener does who cannot see where it is. Opens a menu and closes it again, for a window that
         has just come up may not know yet that it has the keyboard."""
+        self.desktop.move(*AWAY)
         assert self.desktop.start(PROGRAM).wait(LIMIT) == 0
         self.wait_for(CAPTION)
         before = len(self.windows())

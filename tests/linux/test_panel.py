@@ -82,6 +82,13 @@ def make_one(tmp_path_factory):
         yield OnePanel(desktop)
 
 
+def test_the_voice_is_set_up_as_the_settings_say(one):
+    """A rate of 3 out of 10, a volume of 80 percent."""
+    commands = [line.get("command", "") for line in one.desktop.heard()]
+    assert [command for command in commands if "SELF RATE" in command][-1] == "SET SELF RATE 30"
+    assert [command for command in commands if "SELF VOLUME" in command][-1] == "SET SELF VOLUME 60"
+
+
 def test_every_format_has_its_tones(one):
     present = 2
     for number in (1, 2, 3, 4):
@@ -105,6 +112,13 @@ def test_what_was_set_lasts(one):
     one.sounds(2)
     one.panel.ask_number(keys.VERTICAL_VOLUME, "InputBox", 35)
     assert any(text.startswith("Vertical Volume is now 35 percent") for text in one.desktop.said()[before:])
+
+
+def test_an_instrument_beyond_the_last_one_is_counted_from_the_first(one):
+    one.panel.ask_number(keys.VERTICAL_INSTRUMENT, "Change Mouse Vertical Instrument Dialog", 231)
+    wait_for_tones(one.desktop)
+    programs = [line.split()[2:4] for line in one.desktop.notes_log.read_text(encoding="ascii").splitlines() if "program" in line]
+    assert [str(LOWER), str(231 - 128)] in programs
 
 
 def test_the_device_sleeps_where_nothing_sounds_and_wakes(one):

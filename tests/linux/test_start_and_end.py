@@ -1,7 +1,7 @@
 """How pointalk starts and ends."""
 
 from desktop import LIMIT
-from session import PROGRAM
+from session import PROGRAM, place, start_pointalk_over
 
 
 def test_a_second_start_brings_the_panel_up(own):
@@ -22,10 +22,19 @@ def test_the_end_of_the_x_server_ends_it_in_order(own):
     assert (own.desktop.config / "status.txt").read_bytes() == b"stopped\r\n"
 
 
+def switch_of_accessibility(desktop, method, *value):
+    return desktop.output("gdbus", "call", "--session", "--dest", "org.a11y.Bus", "--object-path", "/org/a11y/bus", "--method",
+                          f"org.freedesktop.DBus.Properties.{method}", "org.a11y.Status", "IsEnabled", *value)
+
+
 def test_accessibility_is_left_as_it_was(own):
-    question = ("gdbus", "call", "--session", "--dest", "org.a11y.Bus", "--object-path", "/org/a11y/bus", "--method",
-                "org.freedesktop.DBus.Properties.Get", "org.a11y.Status", "IsEnabled")
-    assert b"true" in own.desktop.output(*question)
+    assert b"true" in switch_of_accessibility(own.desktop, "Get")
     own.pointalk.terminate()
     own.pointalk.wait(LIMIT)
-    assert b"false" in own.desktop.output(*question)
+    assert b"false" in switch_of_accessibility(own.desktop, "Get")
+    switch_of_accessibility(own.desktop, "Set", "<true>")
+    own.pointalk = start_pointalk_over(own.desktop)
+    own.wait_for_name(place(0, 3), "Toggle me button")
+    own.pointalk.terminate()
+    own.pointalk.wait(LIMIT)
+    assert b"true" in switch_of_accessibility(own.desktop, "Get")

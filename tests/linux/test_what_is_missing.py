@@ -66,6 +66,13 @@ def test_without_a_sound_device_it_asks(bare):
         "VerticalVolume = 60", "HorizontalVolume = 60", "DoDingVolume = 60", "VoiceVolume = 80"]
 
 
+def test_without_a_sound_font_its_package_is_named(bare):
+    bare.start_voice()
+    start(bare, POINTALK_NO_FONT="1")
+    bare.wait_until(lambda: any("Do you want to run without midi" in text for text in bare.said()))
+    assert "install the package timgm6mb-soundfont" in shown(bare)
+
+
 def test_without_a_voice_the_tones_sound(bare):
     start(bare)
     wait_for_tones(bare)
