@@ -35,7 +35,9 @@ if(POINTALK_TESTS)
     pointalk_glob(contract_sources tests/contract/*_test.cpp tests/contract/linux/*.cpp)
     pointalk_test_program(pointalk_contract_linux SOURCES ${contract_sources}
                           LIBRARIES pointalk_linux nlohmann_json::nlohmann_json GTest::gmock)
-    set_target_properties(pointalk_contract_linux PROPERTIES EXCLUDE_FROM_ALL ON)
+    # As one file the headers of Qt and GoogleTest are read once, which is cheaper than to compile them ahead.
+    set_target_properties(pointalk_contract_linux PROPERTIES EXCLUDE_FROM_ALL ON UNITY_BUILD_MODE BATCH
+                          DISABLE_PRECOMPILE_HEADERS ON)
     add_dependencies(pointalk_contract_linux pointalk_accessible_target)
   endif()
 

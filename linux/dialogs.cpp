@@ -10,8 +10,10 @@
 namespace pointalk::linux {
 namespace {
 
-// A box comes in front of everything, for it is asked in words at the same time.
+// A box comes in front of everything, for it is asked in words at the same time. It is made modal before it
+// is shown: afterwards the panel would go on taking commands under it.
 void BringUp(QDialog& box) {
+  box.setModal(true);
   box.setWindowFlag(Qt::WindowStaysOnTopHint);
   box.show();
   box.raise();

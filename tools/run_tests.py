@@ -46,7 +46,7 @@ def python_tests(name, *what, launcher=(), **more):
 
 def gtest(name, program, *launcher, **more):
     report = LOGS / f"{name}.xml"
-    drive = "Z:" if launcher else ""  # under Wine, where a test may make another drive the current one
+    drive = "Z:" if "wine" in launcher else ""  # where a test may make another drive the current one
     return Step(name, *launcher, program, f"--gtest_output=xml:{drive}{report}", seconds=1800, counts=report_counts,
                 folder=program.parent, **more)
 
@@ -115,7 +115,8 @@ COMPANIONS = [
 # The program for a Linux desktop, on desktops without a screen, a sound card or a voice.
 DESKTOP = [
     preset("linux-release", "pointalk", "pointalk_note_recorder", "pointalk_qt_target", "pointalk_accessible_target",
-           step="build-linux"),
+           "pointalk_contract_linux", step="build-linux"),
+    gtest("contract-linux", LINUX / "pointalk_contract_linux", sys.executable, ROOT / "tests" / "linux" / "on_desktop.py"),
     python_tests("linux", "-n", DESKTOPS, "--dist", "loadfile", ROOT / "tests" / "linux",
                  environment={"POINTALK_LINUX_BUILD": str(LINUX)}),
 ]

@@ -120,8 +120,9 @@ class Desktop(contextlib.ExitStack):
             (self.config / "PTK.ini").write_bytes((HERE.parent / "packaging" / "PTK.ini").read_bytes())
         if preload:
             env.update(LD_PRELOAD=str(preload), POINTALK_NOTES=str(self.notes_log))
+        before = len(self.said())
         started = self.start(program, **env)
-        self.wait_until(lambda: any("Pointalk is running" in text for text in self.said()))
+        self.wait_until(lambda: any("Pointalk is running" in text for text in self.said()[before:]))
         return started
 
     def output(self, *command):

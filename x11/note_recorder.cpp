@@ -2,7 +2,7 @@
 //
 // POINTALK_NOTES names the file; each line is a time of the monotonic clock in seconds, the function, and its
 // numbers. With POINTALK_NO_SOUND set there is no sound device, with POINTALK_SOUND the one that the system
-// has.
+// has; with POINTALK_NO_FONT set there is no sound font.
 #include <dlfcn.h>
 
 #include <chrono>
@@ -46,6 +46,11 @@ int fluid_synth_program_change(void* synth, int channel, int program) {
   static const auto next = Next<int (*)(void*, int, int)>("fluid_synth_program_change");
   WriteDown("program", channel, program, 0);
   return next(synth, channel, program);
+}
+
+int fluid_is_soundfont(const char* path) {
+  static const auto next = Next<int (*)(const char*)>("fluid_is_soundfont");
+  return std::getenv("POINTALK_NO_FONT") == nullptr ? next(path) : 0;
 }
 
 // Where no sound is ever asked for, no note comes to its end by itself.

@@ -4,6 +4,8 @@ import os
 import pathlib
 import time
 
+from desktop import LIMIT
+
 BUILD = pathlib.Path(os.environ.get("POINTALK_LINUX_BUILD",
                                     pathlib.Path(__file__).resolve().parents[2] / "build" / "linux-release"))
 PROGRAM = BUILD / "pointalk"
@@ -45,6 +47,7 @@ class Session:
 
     def __init__(self, desktop, **env):
         self.desktop = desktop
+        self.env = env
         self.pointalk = start_pointalk_over(desktop, **env)
         self.target = desktop.start(TARGET)
         desktop.windows("Qt Target")
@@ -53,10 +56,28 @@ class Session:
     def wait_for_name(self, point, words):
         wait_for_name(self.desktop, point, words, place(0, 5) if words != "A label" else place(0, 0))
 
+    def start_again(self):
+        """Ends pointalk as the end of a session does, and starts it with what it has kept."""
+        self.pointalk.terminate()
+        assert self.pointalk.wait(LIMIT) == 0
+        self.pointalk = start_pointalk_over(self.desktop, **self.env)
+
     def said_after(self, action):
         before = len(self.desktop.said())
         action()
         return lambda: self.desktop.said()[before:]
+
+
+def wait_for_tones(desktop):
+    """Until every move sounds, which they do not while pointalk begins or asks something."""
+    def sound():
+        heard = [len(desktop.notes())]
+        for point in ((640, 300), (100, 600), (640, 300), (100, 600)):
+            desktop.move(*point)
+            time.sleep(0.2)
+            heard.append(len(desktop.notes()))
+        return all(after > before for before, after in zip(heard[1:], heard[2:]))
+    desktop.wait_until(sound)
 
 
 def position_tones(desktop):

@@ -1,6 +1,7 @@
-"""Programs and a voice that hang, end and come back."""
+"""Programs, a voice and a bus that hang, end and come back."""
 
 import os
+import pathlib
 import signal
 
 from accessible import AccessibleTarget
@@ -8,42 +9,70 @@ from desktop import LIMIT
 from session import TARGET, place, tones_after, wait_for_name
 
 
-def test_a_stopped_program_does_not_stop_the_tones(own):
-    os.kill(own.target.pid, signal.SIGSTOP)
+def tones_go_on(session):
     for point in ((700, 1000), place(0, 0), place(2, 12), place(0, 0)):
-        tones_after(own.desktop, lambda to=point: own.desktop.move(*to))
-    os.kill(own.target.pid, signal.SIGCONT)
-    own.wait_for_name(place(0, 3), "Toggle me button")
+        tones_after(session.desktop, lambda to=point: session.desktop.move(*to))
 
 
-def test_a_voice_that_dies_comes_back(own):
-    own.desktop.recorder.kill()
-    own.desktop.recorder.wait(LIMIT)
-    own.desktop.move(*place(0, 1))
-    own.desktop.start_voice()
-    own.wait_for_name(place(0, 3), "Toggle me button")
+def start_target_again(session):
+    session.target.kill()
+    session.target.wait(LIMIT)
+    session.desktop.move(*place(0, 1))
+    session.target = session.desktop.start(TARGET)
+    session.desktop.windows("Qt Target")
 
 
-def test_a_voice_that_hangs_does_not_keep_the_tones_from_sounding(own):
+def test_a_stopped_program_does_not_stop_the_tones(session):
+    os.kill(session.target.pid, signal.SIGSTOP)
+    tones_go_on(session)
+    os.kill(session.target.pid, signal.SIGCONT)
+    session.wait_for_name(place(0, 3), "Toggle me button")
+
+
+def test_a_voice_that_hangs_does_not_keep_the_tones_from_sounding(session):
     """What is said in answer to Control is waited for, and no longer than a server may need to take it."""
-    target = AccessibleTarget(own.desktop)
+    target = AccessibleTarget(session.desktop)
     target.show_window("frame", [800, 0, 1000, 100], "Told")
     target.put("told", [800, 0, 1000, 100], name="Told", description="long " * 400)
-    wait_for_name(own.desktop, (900, 50), "Told button", place(0, 0))
-    os.kill(own.desktop.recorder.pid, signal.SIGSTOP)
-    own.desktop.output("xdotool", "mousemove", *map(str, place(0, 0)), "sleep", "0.3", "mousemove", "900", "50", "sleep", "0.3",
-                       "keydown", "ctrl", "sleep", "0.2", "keyup", "ctrl", "sleep", "0.5")
+    wait_for_name(session.desktop, (900, 50), "Told button", place(0, 0))
+    os.kill(session.desktop.recorder.pid, signal.SIGSTOP)
+    session.desktop.output("xdotool", "mousemove", *map(str, place(0, 0)), "sleep", "0.3", "mousemove", "900", "50", "sleep",
+                           "0.3", "keydown", "ctrl", "sleep", "0.2", "keyup", "ctrl", "sleep", "0.5")
     try:
-        tones_after(own.desktop, lambda: own.desktop.move(700, 1000))
+        for _ in range(3):
+            tones_go_on(session)
     finally:
-        os.kill(own.desktop.recorder.pid, signal.SIGCONT)
-    own.wait_for_name(place(0, 3), "Toggle me button")
+        os.kill(session.desktop.recorder.pid, signal.SIGCONT)
+    session.wait_for_name(place(0, 3), "Toggle me button")
 
 
-def test_a_program_that_ends_is_forgotten(own):
-    own.target.kill()
-    own.target.wait(LIMIT)
-    own.desktop.move(*place(0, 1))
-    own.target = own.desktop.start(TARGET)
-    own.desktop.windows("Qt Target")
+def test_a_voice_that_dies_comes_back(session):
+    session.desktop.recorder.kill()
+    session.desktop.recorder.wait(LIMIT)
+    session.desktop.move(*place(0, 1))
+    session.desktop.start_voice()
+    session.wait_for_name(place(0, 3), "Toggle me button")
+
+
+def test_a_program_that_ends_is_forgotten(session):
+    start_target_again(session)
+    session.wait_for_name(place(0, 3), "Toggle me button")
+
+
+def processes_of_bus(desktop):
+    """The one that started the bus of accessible objects, and those that it started."""
+    answer = desktop.output("gdbus", "call", "--session", "--dest", "org.freedesktop.DBus", "--object-path", "/", "--method",
+                            "org.freedesktop.DBus.GetConnectionUnixProcessID", "org.a11y.Bus")
+    launcher = int(answer.split()[1].strip(b",)"))
+    children = pathlib.Path(f"/proc/{launcher}/task/{launcher}/children").read_text(encoding="ascii")
+    return [launcher, *map(int, children.split())]
+
+
+def test_a_bus_that_goes_away_comes_back(own):
+    before = processes_of_bus(own.desktop)
+    for process in before:
+        os.kill(process, signal.SIGKILL)
+    tones_go_on(own)
+    start_target_again(own)  # a program that was there before may not look for another bus
     own.wait_for_name(place(0, 3), "Toggle me button")
+    assert not set(before) & set(processes_of_bus(own.desktop))

@@ -8,7 +8,7 @@ import sys
 import pytest
 
 from desktop import LIMIT
-from session import PROGRAM, start_pointalk_over
+from session import PROGRAM, place, start_pointalk_over
 
 
 def test_a_second_start_brings_the_panel_up(own):
@@ -76,6 +76,17 @@ def test_accessibility_is_left_as_it_was(own):
 def test_accessibility_is_left_on_for_a_screen_reader(own):
     ask_switch(own.desktop, "Set", "ScreenReaderEnabled", "<true>")
     assert b"true" in ask_switch(own.desktop, "Get", "ScreenReaderEnabled")
+    own.pointalk.terminate()
+    own.pointalk.wait(LIMIT)
+    assert b"true" in ask_switch(own.desktop, "Get", "IsEnabled")
+
+
+def test_accessibility_that_was_on_stays_on(own):
+    own.pointalk.terminate()
+    own.pointalk.wait(LIMIT)
+    ask_switch(own.desktop, "Set", "IsEnabled", "<true>")
+    own.pointalk = start_pointalk_over(own.desktop)
+    own.wait_for_name(place(0, 3), "Toggle me button")
     own.pointalk.terminate()
     own.pointalk.wait(LIMIT)
     assert b"true" in ask_switch(own.desktop, "Get", "IsEnabled")

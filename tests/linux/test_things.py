@@ -4,7 +4,9 @@ import time
 
 import pytest
 
-from session import MENU_HEIGHT, ROW, place
+from accessible import MULTI_LINE, AccessibleTarget
+from desktop import LIMIT
+from session import MENU_HEIGHT, ROW, place, wait_for_name
 
 
 @pytest.mark.parametrize("row, words", [
@@ -55,3 +57,105 @@ def test_an_open_list_is_read(session):
         session.desktop.wait_until(found)
     finally:
         session.desktop.output("xdotool", "key", "Escape")
+
+
+# What is asked of no object: some programs fall over the first, the second walks their trees.
+NEVER_ASKED = {"GetAll": "silence", "GetChildren": "silence"}
+NEVER_ASKED_OF_A_PASSWORD = {question: "silence" for question in (
+    "CharacterCount", "GetText", "GetOffsetAtPoint", "GetStringAtOffset", "GetTextAtOffset", "CurrentValue")}
+# The role, what the thing has, what is said over it, and what is said of it after Control.
+KINDS = [
+    (43, {"name": "Amber"}, "Amber button", "push button."), (62, {"name": "Birch"}, "Birch button", "push button."),
+    (7, {"name": "Cedar"}, "Cedar button", "check box."), (44, {"name": "Denim"}, "Denim button", "radio button."),
+    (11, {"name": "Ebony"}, "Ebony", "combo box"),
+    (61, {"text": "fawn deer\nsecond line", "states": [MULTI_LINE]}, "fawn deer", "editable text."),
+    (73, {"text": "green field"}, "green field", "editable text."), (95, {"text": "hazel nut"}, "hazel nut", "editable text."),
+    (60, {"text": "indigo blue"}, "indigo blue", "editable text."),
+    (79, {"name": "Jade", "text": "khaki cloth"}, "khaki cloth", "editable text."),
+    (79, {"name": "Lilac"}, "Lilac", "editable text."), (52, {"name": "Maroon", "value": 7}, "7", "spin box."),
+    (32, {"name": "Navy"}, "Navy", "list item."), (26, {"name": "Olive"}, "Olive", "graphic."),
+    (91, {"name": "Pearl"}, "Pearl", "outline item."), (56, {"name": "Quartz"}, "Quartz", "cell."),
+    (40, {"name": "Ruby", "text": "never told", "lies": NEVER_ASKED | NEVER_ASKED_OF_A_PASSWORD}, "Ruby", "editable text."),
+    (88, {"name": "Topaz"}, "Topaz", "link."), (35, {"name": "Violet"}, "Violet menu", "menu item."),
+    (37, {"name": "Wheat"}, "Wheat", "page tab."), (50, {}, "It is eigh separator", "separator."),
+    (27, {}, "It is eigh image", "graphic."), (48, {}, "scroll bar", "scroll bar."),
+]
+LEFT, WIDTH, HEIGHT = 760, 160, 40
+NOWHERE = (1200, 1000)
+LINE_AND_WORD = [number for number, kind in enumerate(KINDS) if kind[3] == "editable text." and "name" not in kind[1]]
+
+
+def place_of_kind(number, x=12):
+    return LEFT + number % 3 * (WIDTH + 10) + x, number // 3 * (HEIGHT + 10) + 5
+
+
+@pytest.fixture(scope="module", name="kinds")
+def make_kinds(session):
+    """A program with a thing of every kind, which would be silent from then on if it were asked what nobody should ask."""
+    target = AccessibleTarget(session.desktop)
+    target.show_window("frame", [LEFT, 0, 1270, 900], "Kinds")
+    for number, (role, more, _, _) in enumerate(KINDS):
+        x, y = place_of_kind(number, 0)
+        target.put(f"kind{number}", [x, y - 5, x + WIDTH, y - 5 + HEIGHT], role, **{"lies": NEVER_ASKED, **more})
+    return session
+
+
+@pytest.mark.parametrize("number", range(len(KINDS)))
+def test_every_kind_is_named_and_says_what_it_is(kinds, number):
+    _, _, words, kind = KINDS[number]
+    wait_for_name(kinds.desktop, place_of_kind(number), words, NOWHERE)
+
+    def identified():
+        said = kinds.said_after(lambda: kinds.desktop.output(
+            "xdotool", "mousemove", *map(str, NOWHERE), "sleep", "0.1", "mousemove", *map(str, place_of_kind(number)), "sleep",
+            "0.1", "keydown", "ctrl", "sleep", "0.1", "keyup", "ctrl"))
+        time.sleep(0.1)
+        return f"It is a {kind}" in said()
+    kinds.desktop.wait_until(identified)
+
+
+@pytest.mark.parametrize("number", LINE_AND_WORD)
+def test_texts_of_every_kind_are_read_by_word_after_their_line(kinds, number):
+    line = KINDS[number][2]
+    wait_for_name(kinds.desktop, place_of_kind(number), line, NOWHERE)
+    said = kinds.said_after(lambda: None)
+    last = line.split()[-1]
+
+    def has_read():
+        for word in (0, line.index(last)):
+            kinds.desktop.move(*place_of_kind(number, word * 8 + 12))
+            time.sleep(0.1)
+        return last in said()
+    kinds.desktop.wait_until(has_read)
+    assert line not in said()
+
+
+def test_a_text_of_gtk_4_is_read_where_it_says_its_window_is(session):
+    target = AccessibleTarget(session.desktop, "GTK 4.18.1")
+    target.show_window("frame", [760, 910, 1270, 960], "New")
+    target.put("text", [10, 10, 200, 40], 61, text="umber vase", states=[MULTI_LINE])
+    wait_for_name(session.desktop, (775, 925), "umber vase", NOWHERE)
+    target.program.kill()
+    target.program.wait(LIMIT)
+
+
+def test_an_old_gtk_4_is_not_asked_for_the_place_in_a_text(session):
+    target = AccessibleTarget(session.desktop, "GTK 4.8.3")
+    target.show_window("frame", [760, 910, 1270, 960], "Old")
+    target.put("text", [10, 10, 200, 40], 61, text="umber vase", states=[MULTI_LINE], lies={"GetOffsetAtPoint": "silence"})
+    target.put("button", [210, 10, 400, 40], name="Xanadu")
+    for _ in range(3):
+        session.desktop.move(775, 925)
+        time.sleep(0.2)
+        wait_for_name(session.desktop, (980, 925), "Xanadu button", NOWHERE)
+
+
+def test_an_open_menu_is_read(session):
+    def found():
+        said = session.said_after(lambda: session.desktop.output("xdotool", "mousemove", "20", "15", "click", "1"))
+        for down in range(25, 100, 10):
+            session.desktop.move(40, down)
+            time.sleep(0.15)
+        session.desktop.output("xdotool", "key", "Escape")
+        return {"Open menu", "Save As menu"} <= set(said())
+    session.desktop.wait_until(found)

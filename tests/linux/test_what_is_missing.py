@@ -1,62 +1,115 @@
-"""Desktops that lack something."""
+"""Desktops that lack something, or have what does not work."""
 
+import shutil
 import signal
-import time
+
+import pytest
 
 from desktop import LIMIT, Desktop
-from session import PROGRAM, RECORDER
+from session import PROGRAM, RECORDER, wait_for_tones
 
 
-def test_a_wayland_session_is_refused(tmp_path):
-    with Desktop(tmp_path / "desktop") as desktop:
-        desktop.start_voice()
-        assert desktop.start(PROGRAM, XDG_SESSION_TYPE="wayland").wait(LIMIT) == 3
-        assert len(desktop.said()) == 1
-        assert "Wayland" in desktop.said()[0]
+@pytest.fixture(scope="module", name="shared")
+def make_shared(tmp_path_factory):
+    with Desktop(tmp_path_factory.mktemp("desktop")) as desktop:
+        yield desktop
 
 
-def test_a_wayland_session_without_an_x_server_is_refused_aloud(tmp_path):
-    with Desktop(tmp_path / "desktop") as desktop:
-        desktop.start_voice()
-        assert desktop.start(PROGRAM, DISPLAY="", WAYLAND_DISPLAY="wayland-0").wait(LIMIT) == 3
-        assert len(desktop.said()) == 1
-        assert "Wayland" in desktop.said()[0]
+@pytest.fixture(name="bare")
+def make_bare(shared):
+    """A desktop without a voice, on which pointalk has never been."""
+    programs = len(shared.programs)
+    yield shared
+    for program in shared.programs[programs:]:
+        program.kill()
+        program.wait(LIMIT)
+    shutil.rmtree(shared.config, ignore_errors=True)
+    for path in (shared.socket, shared.speech_log, shared.notes_log, shared.folder / "pointalk.err"):
+        path.unlink(missing_ok=True)
 
 
-def test_without_a_sound_device_it_asks(tmp_path):
-    with Desktop(tmp_path / "desktop") as desktop:
-        desktop.start_voice()
-        desktop.start(PROGRAM, LD_PRELOAD=str(RECORDER), POINTALK_NO_SOUND="1")
-        desktop.wait_until(lambda: any("Do you want to run without midi" in text for text in desktop.said()))
+def start(desktop, **env):
+    """As a user who has agreed to the terms; the greeting may not be heard."""
+    desktop.config.mkdir(parents=True)
+    (desktop.config / "DidWarn.flg").write_text("Been there done that.\r\n", encoding="ascii")
+    return desktop.start(PROGRAM, LD_PRELOAD=str(RECORDER), POINTALK_NOTES=str(desktop.notes_log), **env)
 
 
-def test_a_speech_server_that_it_starts_can_be_ended(tmp_path):
+def shown(desktop):
+    """What a box shows is also written there."""
+    return (desktop.folder / "pointalk.err").read_text(encoding="utf-8")
+
+
+def test_a_wayland_session_is_refused(bare):
+    bare.start_voice()
+    assert bare.start(PROGRAM, XDG_SESSION_TYPE="wayland").wait(LIMIT) == 3
+    assert len(bare.said()) == 1
+    assert "Wayland" in bare.said()[0]
+    assert "Wayland" in shown(bare)
+    assert not bare.config.exists()
+
+
+def test_a_wayland_session_without_an_x_server_is_refused_aloud(bare):
+    bare.start_voice()
+    assert bare.start(PROGRAM, DISPLAY="", WAYLAND_DISPLAY="wayland-0").wait(LIMIT) == 3
+    assert len(bare.said()) == 1
+    assert "Wayland" in bare.said()[0]
+
+
+def test_without_a_sound_device_it_asks(bare):
+    bare.start_voice()
+    bare.start(PROGRAM, LD_PRELOAD=str(RECORDER), POINTALK_NO_SOUND="1")
+    bare.wait_until(lambda: any("Do you want to run without midi" in text for text in bare.said()))
+    # What the first start of all is given.
+    settings = (bare.config / "PTK.ini").read_text(encoding="cp1252")
+    assert [line for line in settings.splitlines() if "Volume = " in line] == [
+        "VerticalVolume = 60", "HorizontalVolume = 60", "DoDingVolume = 60", "VoiceVolume = 80"]
+
+
+def test_without_a_sound_font_its_package_is_named(bare):
+    bare.start_voice()
+    start(bare, POINTALK_NO_FONT="1")
+    bare.wait_until(lambda: any("Do you want to run without midi" in text for text in bare.said()))
+    assert "install the package timgm6mb-soundfont" in shown(bare)
+
+
+def test_without_a_voice_the_tones_sound(bare):
+    start(bare)
+    wait_for_tones(bare)
+    assert "speech-dispatcher does not answer" in shown(bare)
+
+
+@pytest.fixture(name="unaddressed")
+def make_unaddressed(bare):
+    """A desktop on which a server for speech is to be started."""
+    address = bare.env.pop("SPEECHD_ADDRESS")
+    yield bare
+    bare.env["SPEECHD_ADDRESS"] = address
+
+
+def test_without_speech_dispatcher_its_package_is_named(unaddressed):
+    start(unaddressed, PATH=str(unaddressed.folder))
+    wait_for_tones(unaddressed)
+    assert "install the package speech-dispatcher" in shown(unaddressed)
+
+
+def test_a_speech_server_that_it_starts_can_be_ended(unaddressed, tmp_path):
     """A program begins with the signals that its starter has blocked or ignores."""
-    with Desktop(tmp_path / "desktop") as desktop:
-        del desktop.env["SPEECHD_ADDRESS"]
-        seen = tmp_path / "signals"
-        server = tmp_path / "speech-dispatcher"
-        server.write_text(f"#!/bin/sh\ngrep -E 'SigBlk|SigIgn' /proc/self/status >{seen}.new\nmv {seen}.new {seen}\n", encoding="utf-8")
-        server.chmod(0o755)
-        desktop.start(PROGRAM, PATH=f"{tmp_path}:{desktop.env['PATH']}")
-        desktop.wait_until(seen.exists)
-        for line in seen.read_text(encoding="utf-8").splitlines():
-            signals = int(line.split()[1], 16)
-            for number in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP, signal.SIGPIPE):
-                assert not signals & 1 << number - 1, line
+    seen = tmp_path / "signals"
+    server = tmp_path / "speech-dispatcher"
+    server.write_text(f"#!/bin/sh\ngrep -E 'SigBlk|SigIgn' /proc/self/status >{seen}.new\nmv {seen}.new {seen}\n", encoding="utf-8")
+    server.chmod(0o755)
+    unaddressed.start(PROGRAM, PATH=f"{tmp_path}:{unaddressed.env['PATH']}")
+    unaddressed.wait_until(seen.exists)
+    for line in seen.read_text(encoding="utf-8").splitlines():
+        signals = int(line.split()[1], 16)
+        for number in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP, signal.SIGPIPE):
+            assert not signals & 1 << number - 1, line
 
 
-def test_without_a_voice_the_tones_sound(tmp_path):
-    with Desktop(tmp_path / "desktop") as desktop:
-        desktop.config.mkdir(parents=True)
-        (desktop.config / "DidWarn.flg").write_text("Been there done that.\r\n", encoding="ascii")
-        desktop.start(PROGRAM, LD_PRELOAD=str(RECORDER), POINTALK_NOTES=str(desktop.notes_log))
-
-        def sounds():
-            before = len(desktop.notes())
-            for point in ((300, 300), (700, 800)):
-                desktop.move(*point)
-                time.sleep(0.3)
-            return len(desktop.notes()) > before
-        desktop.wait_until(sounds)
-        assert "speech-dispatcher" in (desktop.folder / "pointalk.err").read_text(encoding="utf-8")
+def test_a_voice_that_never_answers_does_not_keep_the_tones_back(bare):
+    bare.start_voice("--hang-after", "0")
+    pointalk = start(bare)
+    wait_for_tones(bare)
+    pointalk.terminate()
+    assert pointalk.wait(LIMIT) == 0

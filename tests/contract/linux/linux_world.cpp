@@ -64,8 +64,10 @@ std::uint32_t RoleOf(const WindowSpec& window) {
   return window.items.empty() ? kRolePanel : kRoleList;
 }
 
+// What has a text for its value is a field.
 std::uint32_t RoleOf(const ObjectSpec& object) {
   if (!object.role) return linux::kRoleInvalid;
+  if (object.value && !object.isProtected) return linux::kRoleEntry;
   return object.role->number == kPushButton.number ? linux::kRolePushButton : linux::kRoleListItem;
 }
 
@@ -156,12 +158,14 @@ void LinuxWorld::Make(const WindowSpec& window) {
 }
 
 void LinuxWorld::Make(const ObjectSpec& object, int number) {
-  target_->Tell({{"id", "object" + std::to_string(number)},
-                 {"parent", object.window},
-                 {"rectangle", Rectangle(object.place)},
-                 {"role", RoleOf(object)},
-                 {"name", linux::ToUtf8(object.name.value_or(u""))},
-                 {"description", linux::ToUtf8(object.description.value_or(u""))}});
+  nlohmann::json words{{"id", "object" + std::to_string(number)},
+                       {"parent", object.window},
+                       {"rectangle", Rectangle(object.place)},
+                       {"role", RoleOf(object)},
+                       {"name", linux::ToUtf8(object.name.value_or(u""))},
+                       {"description", linux::ToUtf8(object.description.value_or(u""))}};
+  if (object.value) words["text"] = linux::ToUtf8(*object.value);
+  target_->Tell(words);
 }
 
 const WindowSpec& LinuxWorld::Spec(std::string_view name) const {
@@ -266,8 +270,11 @@ std::vector<int> LinuxWorld::MouseReports(std::size_t /*count*/) {
   return mouseReports_;
 }
 
-// All windows are of one program.
-void LinuxWorld::Hang(std::string_view) { target_->Stop(); }
+// All windows are of one program. That it hangs is known once it has been asked what lies under the pointer.
+void LinuxWorld::Hang(std::string_view window) {
+  target_->Stop();
+  platform_.windows.WindowAt(Spec(window).place.Middle());
+}
 
 void LinuxWorld::AnswerBox(int answer) {
   WhenShown<QMessageBox>([answer](QMessageBox& box) {

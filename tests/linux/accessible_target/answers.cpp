@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <string>
 #include <thread>
+#include <utility>
 
 namespace pointalk::target {
 namespace {
@@ -11,6 +12,13 @@ namespace {
 constexpr char kRoot[] = "/org/a11y/atspi/accessible/root";
 constexpr std::chrono::milliseconds kLate{600};
 constexpr char kRegistry[] = "org.a11y.atspi.Registry";
+
+// Of "GTK 4.8.3" and the like.
+std::pair<std::string, std::string> NameAndVersion(const std::string& toolkit) {
+  const auto space = toolkit.find(' ');
+  if (space == std::string::npos) return {toolkit, "1.0"};
+  return {toolkit.substr(0, space), toolkit.substr(space + 1)};
+}
 
 // One question, and its answer.
 class Answer {
@@ -82,8 +90,9 @@ class Answer {
 
   void GiveOfProgram() {
     if (member_ == "GetChildren") return ReplyObjects(objects_.ChildrenOf("root"));
-    if (member_ == "ToolkitName") return Reply("s", toolkit_.substr(0, toolkit_.find(' ')).c_str());
-    if (member_ == "Version") return Reply("s", toolkit_.substr(toolkit_.find(' ') + 1).c_str());
+    const auto [toolkit, version] = NameAndVersion(toolkit_);
+    if (member_ == "ToolkitName") return Reply("s", toolkit.c_str());
+    if (member_ == "Version") return Reply("s", version.c_str());
     if (member_ == "GetRole") return Reply("u", 75U);
     Reply("s", "accessible target");
   }

@@ -7,8 +7,8 @@
 
 namespace pointalk::target {
 
-// A connection to that bus on which the objects are told of, as a program of a toolkit of that name, with a
-// version behind a blank; null where there is none.
+// A connection to that bus on which the objects are told of, as a program of a toolkit of that name, which
+// may be followed by its version; null where there is none.
 sd_bus* TellOf(Objects& objects, const std::string& toolkit);
 
 }  // namespace pointalk::target
