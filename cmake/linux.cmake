@@ -20,7 +20,7 @@ if(POINTALK_TESTS)
 
   pointalk_glob(test_sources tests/text/*.cpp tests/input/*.cpp tests/speech/*.cpp tests/tones/*.cpp tests/settings/*.cpp
                 tests/crash/*.cpp tests/registry/*.cpp tests/reader/*.cpp tests/app/*.cpp tests/sim/*.cpp tests/support/*.cpp tests/linux/*_test.cpp)
-  pointalk_test_program(pointalk_tests SOURCES ${test_sources}
+  pointalk_test_program(pointalk_tests BY_FOLDER SOURCES ${test_sources}
                         LIBRARIES pointalk_sim pointalk_linux_rules GTest::gmock_main Threads::Threads)
   target_compile_definitions(pointalk_tests PRIVATE POINTALK_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
   add_test(NAME pointalk_tests COMMAND pointalk_tests)

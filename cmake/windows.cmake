@@ -44,10 +44,10 @@ if(POINTALK_TESTS)
   endif()
 
   pointalk_glob(bench_sources tests/bench/win32/*.cpp)
-  pointalk_glob(watched_sources tests/support/watched_platform.cpp)
+  pointalk_library(pointalk_watched SOURCES ${PROJECT_SOURCE_DIR}/tests/support/watched_platform.cpp LIBRARIES pointalk_core)
   foreach(source IN LISTS bench_sources)
     cmake_path(GET source STEM name)
-    pointalk_program(${name} SOURCES ${source} ${watched_sources} LIBRARIES pointalk_win32)
+    pointalk_program(${name} SOURCES ${source} LIBRARIES pointalk_win32 pointalk_watched)
   endforeach()
 
   add_subdirectory(tests/program)

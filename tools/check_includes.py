@@ -1,10 +1,12 @@
 #!/usr/bin/env python3
-"""Checks that what a file uses of the standard library comes from a header that it includes, or that a header of ours does which
-it includes: a standard header includes others, and with the next compiler no longer the same."""
+"""Checks that what a file uses comes from a header that it includes, or that a header of ours does which it includes.
+
+A standard header includes others, and with the next compiler no longer the same. A header of ours may be missing in a file that is
+only ever compiled together with another one that includes it. Both are looked for by name, which needs no compiler."""
 
 import re
 
-from checking import OWN_FOLDERS, arguments, report, sources, without_comments
+from checking import OWN_FOLDERS, ROOMS, arguments, report, sources, without_comments
 
 # Each name with the headers that are documented to have it. Of names that others write too, only `std::` ones are looked for.
 HEADERS = {
@@ -51,6 +53,13 @@ for header, names in HEADERS.items():
 for name, more in ALSO.items():
     OWNERS[name].update(more)
 
+# What a header of ours declares for others: types, constants and routines that begin a line.
+DECLARED = re.compile(
+    r"^(?:class|struct|enum class|enum) (\w+)|^using (\w+) =|^inline constexpr [\w:<>, ]+? (\w+)(?:\[\w*\])? ?[={]|"
+    r"^(?:inline |constexpr |\[\[nodiscard\]\] )*[A-Za-z_][\w:<>,&* ]*?[ &*]([A-Z]\w*)\(", re.M)
+WORD = re.compile(r"(?<![.>:\w])[A-Zk][A-Z]*[a-z]\w*\b")
+SEEN_BY_ALL = (*ROOMS, "platform")
+
 USE = re.compile(r"\bstd::(?:ranges::)?(\w+)")
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"])([^>"\n]+)[>"]', re.M)
 
@@ -60,39 +69,56 @@ class File:
         self.name = path.relative_to(root).as_posix()
         raw = path.read_text(encoding="utf-8")
         text = without_comments(raw)
-        self.uses = {}
+        self.folder, _, _ = self.name.rpartition("/")
+        self.uses, self.words = {}, {}
         for number, line in enumerate(text.split("\n"), 1):
             for name in USE.findall(line):
                 self.uses.setdefault(name, number)
+            for word in WORD.findall(line):
+                self.words.setdefault(word, number)
+        self.declared = {name for names in DECLARED.findall(text) for name in names if name}
+        # Its own names, wherever it has them.
+        self.names = set(re.findall(r"(?:\b(?:class|struct|enum|using|typename) |\busing [\w:]+::|[\w>&*] [&*]?)(?<!return )(?<!else )([A-Zk]\w+)"
+                                    r"(?=[({;=,)>\[]|\s*[{=:]| final)", text))
         includes = INCLUDE.findall(without_comments(raw, keep_literals=True))
         self.standard = {name for kind, name in includes if kind == "<"}
         self.own = [name for kind, name in includes if kind == '"']
 
 
 def reached(files, name, seen):
-    """The standard headers of a file and of all of ours that it includes."""
-    if name in seen or name not in files:
-        return set()
-    seen.add(name)
-    found = set(files[name].standard)
-    for other in files[name].own:
-        found |= reached(files, other, seen)
-    return found
+    """Adds the file and all of ours that it includes, directly or not."""
+    if name in files and files[name] not in seen:
+        seen.append(files[name])
+        for other in files[name].own:
+            reached(files, other, seen)
+    return seen
 
 
-def missing(files):
+def missing_standard(files):
     for file in files.values():
-        there = reached(files, file.name, set())
+        there = {header for other in reached(files, file.name, []) for header in other.standard}
         for name, line in file.uses.items():
             owners = OWNERS.get(name)
             if owners and not owners & there:
                 yield f"{file.name}:{line}: std::{name} without <{'>, <'.join(sorted(owners))}>"
 
 
+def missing_own(files):
+    headers = [file for file in files.values() if file.name.endswith(".h")]
+    for file in files.values():
+        owners = {name: header.name for header in headers for name in header.declared
+                  if header.folder in (file.folder, *SEEN_BY_ALL)}
+        there = {name for other in reached(files, file.name, []) for name in (*other.declared, *other.names)}
+        for word, line in file.words.items():
+            if word in owners and word not in there:
+                yield f"{file.name}:{line}: {word} without \"{owners[word]}\""
+
+
 def main():
     root = arguments(__doc__).root
     files = {file.name: file for file in (File(root, path) for path in sources(root, OWN_FOLDERS))}
-    report({"what is used of the standard library is included": list(missing(files))})
+    report({"what is used of the standard library is included": list(missing_standard(files)),
+            "what is used of ours is included": list(missing_own(files))})
 
 
 if __name__ == "__main__":

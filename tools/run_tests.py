@@ -68,7 +68,8 @@ def tidy():
 def plain_build():
     """The build as a user without presets, and perhaps without anything for Windows, makes it."""
     return Step("build-plain", "sh", "-c",
-                f"cmake -S . -B '{PLAIN}' && cmake --build '{PLAIN}' --target pointalk-rehearse -j {os.cpu_count()}",
+                f"cmake -S . -B '{PLAIN}' -DCMAKE_UNITY_BUILD=ON -DCMAKE_UNITY_BUILD_BATCH_SIZE=0 && "
+                f"cmake --build '{PLAIN}' --target pointalk-rehearse -j {os.cpu_count()}",
                 seconds=BUILD_SECONDS)
 
 

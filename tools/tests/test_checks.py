@@ -64,6 +64,15 @@ class Includes(CheckCase):
         self.put("text/b.cpp", "#include <string>\nstd::vector<int> a;\n")
         self.fails("check_includes.py", "--root", self.root, because="text/b.cpp:2: std::vector without <vector>")
 
+    def test_a_header_of_ours_is_missing(self):
+        self.put("tones/port.h", "#pragma once\nclass Port {\n  int Volume();\n};\nint Loudest(Port& port);\n")
+        self.put("tones/own.cpp", "struct Port {};\nint Loudest(Port& port) { return 1; }\n")
+        self.put("tones/user.cpp", '#include "tones/port.h"\n\nint Half(Port& port) { return Loudest(port) / 2; }\n')
+        self.passes("check_includes.py", "--root", self.root)
+        self.put("tones/user.cpp", "\nint Half(Port& port) { return Loudest(port) / 2; }\n")
+        self.fails("check_includes.py", "--root", self.root, because='tones/user.cpp:2: Port without "tones/port.h"')
+        self.assertIn('tones/user.cpp:2: Loudest without "tones/port.h"', self.output)
+
 
 class Layers(CheckCase):
     def setUp(self):
