@@ -57,6 +57,9 @@ for name, more in ALSO.items():
 DECLARED = re.compile(
     r"^(?:class|struct|enum class|enum) (\w+)|^using (\w+) =|^inline constexpr [\w:<>, ]+? (\w+)(?:\[\w*\])? ?[={]|"
     r"^(?:inline |constexpr |\[\[nodiscard\]\] )*[A-Za-z_][\w:<>,&* ]*?[ &*]([A-Z]\w*)\(", re.M)
+OWN_NAME = re.compile(
+    r"(?:\b(?:class|struct|enum|using|typename) |\busing [\w:]+::|[\w>&*] [&*]?)(?<!return )(?<!else )([A-Zk]\w+)"
+    r"(?=[({;=,)>\[]|\s*[{=:]| final)")
 WORD = re.compile(r"(?<![.>:\w])[A-Zk][A-Z]*[a-z]\w*\b")
 SEEN_BY_ALL = (*ROOMS, "platform")
 
@@ -78,8 +81,7 @@ class File:
                 self.words.setdefault(word, number)
         self.declared = {name for names in DECLARED.findall(text) for name in names if name}
         # Its own names, wherever it has them.
-        self.names = set(re.findall(r"(?:\b(?:class|struct|enum|using|typename) |\busing [\w:]+::|[\w>&*] [&*]?)(?<!return )(?<!else )([A-Zk]\w+)"
-                                    r"(?=[({;=,)>\[]|\s*[{=:]| final)", text))
+        self.names = set(OWN_NAME.findall(text))
         includes = INCLUDE.findall(without_comments(raw, keep_literals=True))
         self.standard = {name for kind, name in includes if kind == "<"}
         self.own = [name for kind, name in includes if kind == '"']

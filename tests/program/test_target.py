@@ -18,6 +18,9 @@ def setUpModule():
     hand = unittest.enterModuleContext(desktop.hand())
 
 
+tearDownModule = unittest.doModuleCleanups
+
+
 def object_at(name):
     return probe.ask("object", *target.centre(name))
 

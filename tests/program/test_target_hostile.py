@@ -15,6 +15,9 @@ def setUpModule():
     probe = unittest.enterModuleContext(desktop.probe())
 
 
+tearDownModule = unittest.doModuleCleanups
+
+
 class WithTarget(unittest.TestCase):
     layouts = ()
 
