@@ -121,7 +121,7 @@ DESKTOP = [
     python_tests("linux", "-n", DESKTOPS, "--dist", "loadfile", ROOT / "tests" / "linux",
                  environment={"POINTALK_LINUX_BUILD": str(LINUX)}),
 ]
-# These need no build, and go on beside those that do.
+# These go on beside the sanitized build, which is the longest, and its tests.
 CHECKS = [
     python_tests("self-tests", TOOLS / "tests"),
     check("layers"),
@@ -130,6 +130,9 @@ CHECKS = [
     check("guide"),
     check("scripts"),
     check("format", lacks=lacks_program("clang-format-14")),
+    plain_build(),
+    rehearsals("rehearsals", PLAIN),
+    preset("mingw-i686-release", "Pointalk" if what_is_missing() else "all"),
     tidy(),
 ]
 NATIVE = [
@@ -138,9 +141,6 @@ NATIVE = [
     gtest("contract-sim", CLANG / "pointalk_contract", environment=SANITIZERS),
     rehearsals("rehearsals-sanitized", CLANG),
     Step("fuzz", sys.executable, TOOLS / "run_fuzzers.py", CLANG, seconds=600, counts=last_line, environment=SANITIZERS),
-    plain_build(),
-    rehearsals("rehearsals", PLAIN),
-    preset("mingw-i686-release", "Pointalk" if what_is_missing() else "all"),
 ]
 # What looks at several builds.
 LAST = [

@@ -67,13 +67,13 @@ class Step:
         environment = {name: value for name, value in environment.items() if value or name not in self.environment}
         self.report().unlink(missing_ok=True)  # an earlier run's
         with open(self.log, "wb") as log:
-            process = subprocess.Popen(["nice", "-n", "10"] * self.yields + self.command, cwd=self.folder, env=environment,
+            process = subprocess.Popen(["nice", "-n", "19"] * self.yields + self.command, cwd=self.folder, env=environment,
                                        stdin=subprocess.DEVNULL, stdout=log, stderr=subprocess.STDOUT, start_new_session=True)
             self.running = process
             if self.yields:
                 # Linux shares the machine among sessions, whatever the niceness of the processes in one.
                 with contextlib.suppress(OSError):
-                    pathlib.Path(f"/proc/{process.pid}/autogroup").write_text("10", "ascii")
+                    pathlib.Path(f"/proc/{process.pid}/autogroup").write_text("19", "ascii")
             try:
                 return process.wait(self.seconds)
             finally:
