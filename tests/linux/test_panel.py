@@ -7,7 +7,7 @@ import pytest
 import panel as keys
 from desktop import Desktop
 from panel import Panel
-from session import PROGRAM, Session, place, wait_for_tones
+from session import PROGRAM, Session, place, wait_for_name, wait_for_tones
 
 WIDTH, HEIGHT = 1280, 1024
 LOWER, HIGHER = 14, 13  # channels
@@ -87,6 +87,21 @@ def test_the_voice_is_set_up_as_the_settings_say(one):
     commands = [line.get("command", "") for line in one.desktop.heard()]
     assert [command for command in commands if "SELF RATE" in command][-1] == "SET SELF RATE 30"
     assert [command for command in commands if "SELF VOLUME" in command][-1] == "SET SELF VOLUME 60"
+
+
+def test_an_open_menu_of_the_panel_is_read(one):
+    one.panel.bring_up()
+    closed = set(one.panel.windows())
+    one.panel.press("alt+f")
+    one.desktop.wait_until(lambda: set(one.panel.windows()) - closed)
+    menu, = set(one.panel.windows()) - closed
+    geometry = one.desktop.output("xdotool", "getwindowgeometry", "--shell", menu.decode()).decode()
+    shown = dict(line.split("=") for line in geometry.split())
+    left, top, height = (int(shown[name]) for name in ("X", "Y", "HEIGHT"))
+    minimize, leave = (left + 20, top + height // 4), (left + 20, top + height * 3 // 4)
+    wait_for_name(one.desktop, leave, "Exit menu", minimize)
+    wait_for_name(one.desktop, minimize, "Minimize Control Panel  menu", leave)
+    one.panel.press("Escape", "Escape")
 
 
 def test_every_format_has_its_tones(one):
