@@ -101,9 +101,12 @@ def test_a_speech_server_that_it_starts_can_be_ended(unaddressed, tmp_path):
     server.chmod(0o755)
     unaddressed.start(PROGRAM, PATH=f"{tmp_path}:{unaddressed.env['PATH']}")
     unaddressed.wait_until(seen.exists)
+    numbers = [signal.SIGTERM, signal.SIGINT, signal.SIGPIPE]
+    if signal.getsignal(signal.SIGHUP) != signal.SIG_IGN:  # as under nohup, which goes on for all that is started
+        numbers.append(signal.SIGHUP)
     for line in seen.read_text(encoding="utf-8").splitlines():
         signals = int(line.split()[1], 16)
-        for number in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP, signal.SIGPIPE):
+        for number in numbers:
             assert not signals & 1 << number - 1, line
 
 
