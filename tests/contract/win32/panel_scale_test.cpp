@@ -169,6 +169,15 @@ TEST_F(PanelScaleTest, ItsLabelIsNoWiderThanTheScreenThatItIsOn) {
   ExpectFits();
 }
 
+TEST_F(PanelScaleTest, OfTheRealScreenAllThatTheSystemLeavesFreeIsUsed) {
+  RECT work{};
+  SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+  const win32::ScreenQuestions real;
+  EXPECT_EQ(real.roomFor(panel_.Window()), work.right - work.left);
+  EXPECT_EQ(real.topLeft().x, work.left);
+  EXPECT_EQ(real.topLeft().y, work.top);
+}
+
 TEST_F(PanelScaleTest, ItIsMeasuredAgainWhenTheScaleChangesWhileItIsLaidOut) {
   const LONG low = ButtonHeight();
   screens.edge = 500;
