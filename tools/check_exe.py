@@ -31,6 +31,9 @@ PROTECTIONS_OF_64_BITS = ("HIGH_ENTROPY_VA",)
 # scanners know injected code by. The compiler's library for POSIX threads would bring them in.
 SUSPICIOUS_CALLS = ("SuspendThread", "ResumeThread", "GetThreadContext", "SetThreadContext", "AddVectoredExceptionHandler",
                     "RemoveVectoredExceptionHandler", "CreateRemoteThread")
+# Up to Windows 8 these count as the program under the pointer does, which Windows may enlarge. The calls with "Physical" in their
+# names count in the screen's pixels on every system.
+CALLS_OF_OTHER_PIXELS = ("GetCursorPos", "WindowFromPoint")
 # Addresses of 2 GB and more look negative to what other programs of 32 bits do with them.
 LARGE_ADDRESSES = "large address aware"
 
@@ -45,7 +48,7 @@ def main():
     if not exes:
         sys.exit("name the programs")
     rules = {rule: [] for rule in ("At most 1 MB.", "No DLL but the system's.", "A program with windows.",
-                                   "Its resources.", "Its protection.", "No call that halts threads.",
+                                   "Its resources.", "Its protection.", "No call that halts threads.", "Places in the screen's pixels.",
                                    "In 32 bits, addresses below 2 GB.", "The same from every build.")}
     for exe in exes:
         if not exe.is_file():
@@ -65,6 +68,7 @@ def main():
         rules["Its protection."] += [f"{exe}: lacks {flag}" for flag in wanted if flag not in text]
         calls = {line.split()[-1] for line in text.splitlines() if line.strip()}
         rules["No call that halts threads."] += [f"{exe}: imports {call}" for call in SUSPICIOUS_CALLS if call in calls]
+        rules["Places in the screen's pixels."] += [f"{exe}: imports {call}" for call in CALLS_OF_OTHER_PIXELS if call in calls]
         if header.machine == "i686" and LARGE_ADDRESSES in text:
             rules["In 32 bits, addresses below 2 GB."].append(f"{exe}: is large address aware")
         if header.time:

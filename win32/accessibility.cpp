@@ -44,7 +44,7 @@ std::optional<AccessibleFacts> WinAccessibility::ObjectAt(Point screen) {
   const Deadline deadline(kQuestionLimit);
   worker_->Ask(screen);
   if (worker_->AnswersWithin(kQuickWait)) return TakeAnswer();
-  const HWND window = WindowFromPoint({screen.x, screen.y});
+  const HWND window = WindowFromPhysicalPoint({screen.x, screen.y});
   const DWORD thread = GetWindowThreadProcessId(window, nullptr);
   if (PumpWhilePointedAt(thread, worker_->AnswerEvent(), deadline)) return TakeAnswer();
   unresponsiveThreads_.TimedOut(window);
@@ -64,7 +64,7 @@ std::optional<AccessibleFacts> WinAccessibility::TakeAnswer() {
 // A thread may answer messages and still never answer the earlier question, so it must have answered both.
 bool WinAccessibility::MayAsk(Point screen) {
   if (abandoned_.empty() && unresponsiveThreads_.AllAnswer()) return true;
-  const HWND window = WindowFromPoint({screen.x, screen.y});
+  const HWND window = WindowFromPhysicalPoint({screen.x, screen.y});
   const DWORD thread = GetWindowThreadProcessId(window, nullptr);
   return unresponsiveThreads_.MayAsk(window) &&
          std::none_of(abandoned_.begin(), abandoned_.end(),

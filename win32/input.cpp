@@ -10,7 +10,7 @@ constexpr double kTwipsOfPixel = 15;
 
 std::optional<Point> WinInput::PointerPosition() {
   POINT place;
-  if (!GetCursorPos(&place)) return std::nullopt;
+  if (!GetPhysicalCursorPos(&place)) return std::nullopt;
   return Point{place.x, place.y};
 }
 

@@ -66,6 +66,7 @@ std::uintptr_t WinMidiOut::Current(MidiHandle port) const {
 
 void WinMidiOut::Reopen() {
   state_.Reopened(std::chrono::steady_clock::now());
+  ++reopenings_;
   if (current_ != 0) midiOutClose(ToPort(current_));  // where the device is gone this fails
   current_ = static_cast<std::uintptr_t>(Open().handle);
 }

@@ -20,6 +20,10 @@ class WinMidiOut final : public MidiOut {
   // would be cut off.
   [[nodiscard]] bool FollowDevices();
 
+  // How often the port has been opened anew, in vain or not.
+  unsigned Reopenings() const { return reopenings_; }
+  bool IsOpen() const { return current_ != 0; }
+
  private:
   // The system's own handle of the port.
   std::uintptr_t Current(MidiHandle port) const;
@@ -29,6 +33,7 @@ class WinMidiOut final : public MidiOut {
   MidiHandle given_ = 0;        // of the port that was opened last; 0 when none is open
   std::uintptr_t current_ = 0;  // the system's handle of that port; 0 when it could not be opened anew
   PortState state_;
+  unsigned reopenings_ = 0;
 };
 
 }  // namespace pointalk::win32

@@ -66,7 +66,7 @@ void MouseReports::Watch() {
 bool MouseReports::Install() {
   hook_ = SetWindowsHookExW(WH_MOUSE_LL, &OnMouse, GetModuleHandleW(nullptr), 0);
   heard_ = false;
-  GetCursorPos(&lastPlace_);
+  GetPhysicalCursorPos(&lastPlace_);
   return hook_ != nullptr;
 }
 
@@ -80,7 +80,7 @@ void MouseReports::Remove() {
 // needless renewal.
 void MouseReports::CheckHook() {
   POINT place;
-  if (!GetCursorPos(&place)) return;
+  if (!GetPhysicalCursorPos(&place)) return;
   const bool moved = place.x != lastPlace_.x || place.y != lastPlace_.y;
   if (hook_ == nullptr || (moved && !heard_)) {
     Remove();

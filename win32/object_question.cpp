@@ -64,13 +64,13 @@ class PasswordQuestion {
  public:
   explicit PasswordQuestion(Point screen) : screen_(screen) {}
 
-  bool HasPasswordAtPlace() { return Holds(WindowFromPoint({screen_.x, screen_.y})); }
+  bool HasPasswordAtPlace() { return Holds(WindowFromPhysicalPoint({screen_.x, screen_.y})); }
 
   // At a point of a disabled window the system finds the window below, but the object is the disabled one's.
   bool IsOfPassword(IAccessible& object) {
     if (HasPasswordAtPlace()) return true;
     const HWND own = WindowOf(object);
-    return own != nullptr && own != WindowFromPoint({screen_.x, screen_.y}) && Holds(own);
+    return own != nullptr && own != WindowFromPhysicalPoint({screen_.x, screen_.y}) && Holds(own);
   }
 
   // A window that did not answer in time; null where all did.
@@ -118,7 +118,7 @@ struct Said {
 // system's own objects ask a control. So it has to be as that program counts.
 ComPointer<IAccessible> ObjectAt(POINT screen, Variant& child) {
   const ScaleCalls system = ScaleCalls::OfSystem();
-  const InOwnAwareness own(system, WindowFromPoint(screen), screen);
+  const InOwnAwareness own(system, WindowFromPhysicalPoint(screen), screen);
   IAccessible* found = nullptr;
   const HRESULT outcome = AccessibleObjectFromPoint(own.Place(), &found, child.Fill());
   ComPointer<IAccessible> object(found);
@@ -142,8 +142,8 @@ Said AskAccessibleObject(Point screen, PasswordQuestion& password) {
 
 Text ClassAt(Point screen) {
   std::array<wchar_t, 257> name{};
-  const int length =
-      GetClassNameW(WindowFromPoint({screen.x, screen.y}), name.data(), static_cast<int>(name.size()));
+  const int length = GetClassNameW(WindowFromPhysicalPoint({screen.x, screen.y}), name.data(),
+                                   static_cast<int>(name.size()));
   return FromWide({name.data(), static_cast<std::size_t>(length)});
 }
 

@@ -25,12 +25,6 @@ constexpr SIZE kFirstSize = {400, 200};  // pixels, until it is laid out
 // A window between two screens may belong to one of them at the one's scale, and to the other at the other's.
 constexpr int kMostLayouts = 3;
 
-POINT TopLeftOfScreen() {
-  RECT work{};
-  SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
-  return {work.left, work.top};
-}
-
 void RegisterPanelClass(WNDPROC procedure) {
   WNDCLASSEXW panel{};
   panel.cbSize = sizeof panel;
@@ -85,11 +79,11 @@ bool MayTakeLong(UINT message) {
 }  // namespace
 
 // The system would rather make it on the screen that it is started from, which may be of another scale.
-WinPanel::WinPanel(const VoiceThread& voice, ScaleQuestion scaleOf)
-    : voice_(voice), keys_(MakePanelAccelerators()), scaleOf_(scaleOf) {
+WinPanel::WinPanel(const VoiceThread& voice, const ScreenQuestions& screens)
+    : voice_(voice), keys_(MakePanelAccelerators()), screens_(screens) {
   RegisterPanelClass(&OnMessage);
   menu_ = MakePanelMenu();
-  const POINT place = TopLeftOfScreen();
+  const POINT place = screens_.topLeft();
   window_ = CreateWindowExW(0, kPanelClass, Wide(kPanelCaption).c_str(), kStyle, place.x, place.y,
                             kFirstSize.cx, kFirstSize.cy, nullptr, menu_, GetModuleHandleW(nullptr), nullptr);
   SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
@@ -104,16 +98,16 @@ WinPanel::~WinPanel() { DestroyWindow(window_); }
 // all is measured again.
 void WinPanel::Fit(POINT place) {
   if (std::exchange(fits_, true)) return;
-  for (int layouts = 0; layouts == 0 || (layouts < kMostLayouts && scaleOf_(window_) != dpi_); ++layouts)
-    LayOut(place);
+  LayOut(place);
+  for (int again = 1; again < kMostLayouts && screens_.scaleOf(window_) != dpi_; ++again) LayOut(place);
   fits_ = false;
 }
 
 // The frame is taken from the window itself, whose menu may need a second line. How many it needs shows at
 // the window's width.
 void WinPanel::LayOut(POINT place) {
-  dpi_ = scaleOf_(window_);
-  const SIZE inside = controls_->Arrange(dpi_);
+  dpi_ = screens_.scaleOf(window_);
+  const SIZE inside = controls_->Arrange(dpi_, screens_.roomFor(window_));
   Resize(place, inside);
   Resize(place, inside);
 }
@@ -183,7 +177,7 @@ std::optional<LRESULT> WinPanel::HandleWindow(UINT message, WPARAM wParam, LPARA
       if (wParam == SIZE_MINIMIZED) return std::nullopt;
       if (GetFocus() == window_) SetFocus(focus_);  // a minimised window's could not be given the keyboard
       RECT place{};
-      if (scaleOf_(window_) != dpi_ && GetWindowRect(window_, &place)) Fit({place.left, place.top});
+      if (screens_.scaleOf(window_) != dpi_ && GetWindowRect(window_, &place)) Fit({place.left, place.top});
       return std::nullopt;
     }
     case DM_GETDEFID: return MAKELONG(GetDlgCtrlID(controls_->FirstButton()), DC_HASDEFID);

@@ -8,8 +8,8 @@
 #include "platform/panel.h"
 #include "win32/panel_controls.h"
 #include "win32/panel_events.h"
+#include "win32/screens.h"
 #include "win32/voice_thread.h"
-#include "win32/window_scale.h"
 
 namespace pointalk::win32 {
 
@@ -18,7 +18,7 @@ inline constexpr wchar_t kPanelClass[] = L"PointalkPanel";
 class WinPanel final : public Panel {
  public:
   // The window is made hidden, and tells nobody anything before Serve.
-  explicit WinPanel(const VoiceThread& voice, ScaleQuestion scaleOf = &ScaleOf);
+  explicit WinPanel(const VoiceThread& voice, const ScreenQuestions& screens = {});
   ~WinPanel() override;
   WinPanel(const WinPanel&) = delete;
   WinPanel& operator=(const WinPanel&) = delete;
@@ -63,7 +63,7 @@ class WinPanel final : public Panel {
   HMENU menu_ = nullptr;  // the window's
   OwnedAccelerators keys_;
   std::optional<PanelControls> controls_;
-  ScaleQuestion scaleOf_;
+  ScreenQuestions screens_;
   UINT dpi_ = 0;          // that it was laid out for
   bool fits_ = false;     // is being laid out
   HWND focus_ = nullptr;  // the control that had the keyboard when the window last lost it

@@ -67,8 +67,6 @@ SIZE SizeOf(HWND window, HFONT font, const std::wstring& text, LONG width) {
   return {place.right, place.bottom};
 }
 
-LONG ScreenWidth() { return GetSystemMetrics(SM_CXSCREEN); }
-
 }  // namespace
 
 PanelControls::PanelControls(HWND panel) : panel_(panel) {
@@ -83,9 +81,9 @@ PanelControls::PanelControls(HWND panel) : panel_(panel) {
   picture_ = MakeControl(panel, L"STATIC", L"", SS_ICON | SS_REALSIZECONTROL, 0);
 }
 
-SIZE PanelControls::Arrange(UINT dpi) {
+SIZE PanelControls::Arrange(UINT dpi, LONG room) {
   SetFonts(dpi);
-  const Grid grid = Measure();
+  const Grid grid = Measure(room);
   PlaceButtons(grid);
 
   const LONG stepX = grid.buttonWidth + grid.margin;
@@ -95,7 +93,7 @@ SIZE PanelControls::Arrange(UINT dpi) {
   const LONG pictureSize = kRows * stepY - pictureTop;
   ShowPicture({pictureLeft, pictureTop, pictureLeft + pictureSize, pictureTop + pictureSize});
 
-  const LONG widest = ScreenWidth() - 4 * grid.margin;
+  const LONG widest = room - 4 * grid.margin;
   const SIZE label = SizeOf(label_, labelFont_.get(), Wide(kRightsStatement), widest);
   const LONG labelTop = grid.margin + kRows * stepY;
   SetWindowPos(label_, nullptr, grid.margin, labelTop, label.cx, label.cy, SWP_NOZORDER | SWP_NOACTIVATE);
@@ -113,10 +111,10 @@ void PanelControls::SetFonts(UINT dpi) {
   labelFont_ = std::move(labelFont);
 }
 
-PanelControls::Grid PanelControls::Measure() const {
+PanelControls::Grid PanelControls::Measure(LONG room) const {
   Grid grid{};
   for (const PanelButton& button : PanelButtons()) {
-    const SIZE size = SizeOf(panel_, buttonFont_.get(), Wide(button.caption), ScreenWidth());
+    const SIZE size = SizeOf(panel_, buttonFont_.get(), Wide(button.caption), room);
     grid.buttonWidth = std::max(grid.buttonWidth, size.cx);
     grid.buttonHeight = std::max(grid.buttonHeight, size.cy);
   }

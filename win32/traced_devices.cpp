@@ -35,9 +35,13 @@ MidiOpening TracedMidiOut::OpenMapper() {
   return opening;
 }
 
-// Notes and what is refused; the other messages that are sent tell nobody much.
+// Notes, what is refused, and what becomes of a port whose device is gone; the other messages that are sent
+// tell nobody much.
 bool TracedMidiOut::Send(MidiHandle port, std::uint32_t message) {
+  const unsigned reopenings = port_.Reopenings();
   const bool sent = base_.Send(port, message);
+  if (port_.Reopenings() != reopenings)
+    trace_.Step(port_.IsOpen() ? "MIDI port opened anew" : "MIDI port refused to open anew");
   if (!sent) {
     trace_.Step(port == 0 ? "MIDI message without a port" : "MIDI message refused");
   } else if ((message & 0xF0) == kNoteOn) {

@@ -3,6 +3,7 @@
 
 #include "platform/midi_out.h"
 #include "platform/speech_engines.h"
+#include "win32/midi_out.h"
 #include "win32/trace.h"
 #include "win32/voice_thread.h"
 
@@ -10,7 +11,8 @@ namespace pointalk::win32 {
 
 class TracedMidiOut final : public MidiOut {
  public:
-  TracedMidiOut(MidiOut& base, Trace& trace) : base_(base), trace_(trace) {}
+  TracedMidiOut(MidiOut& base, const WinMidiOut& port, Trace& trace)
+      : base_(base), port_(port), trace_(trace) {}
 
   std::uint32_t DeviceCount() override;
   MidiOpening OpenMapper() override;
@@ -20,6 +22,7 @@ class TracedMidiOut final : public MidiOut {
 
  private:
   MidiOut& base_;
+  const WinMidiOut& port_;
   Trace& trace_;
 };
 

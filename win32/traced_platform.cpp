@@ -15,7 +15,7 @@ struct TracedPlatform::Parts {
       : input(base.input, trace),
         messages(base.messages, shared.unresponsiveThreads, trace),
         accessibility(base.accessibility, shared.unresponsiveThreads, trace),
-        midi(base.midi, trace),
+        midi(base.midi, shared.port, trace),
         sapi5(base.sapi5, shared.voice, trace),
         sapi4(base.sapi4, shared.voice, trace),
         dialogs(base.dialogs, trace),

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "platform/platform.h"
+#include "win32/midi_out.h"
 #include "win32/panel_events.h"
 #include "win32/trace.h"
 #include "win32/unresponsive_threads.h"
@@ -19,6 +20,7 @@ class TracedPlatform {
   struct Shared {
     const UnresponsiveThreads& unresponsiveThreads;
     const VoiceThread& voice;
+    const WinMidiOut& port;
   };
 
   // Keep all that is given alive longer than this.

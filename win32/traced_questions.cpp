@@ -63,7 +63,7 @@ std::optional<AccessibleFacts> TracedAccessibility::ObjectAt(Point screen) {
   std::string asked = "asked";
   if (trace_.WithTexts()) {
     wchar_t name[256] = {};
-    GetClassNameW(WindowFromPoint({screen.x, screen.y}), name, static_cast<int>(std::size(name)));
+    GetClassNameW(WindowFromPhysicalPoint({screen.x, screen.y}), name, static_cast<int>(std::size(name)));
     asked += " (class " + trace_.Shown(FromWide(name)) + ")";
   }
   trace_.Step(asked);

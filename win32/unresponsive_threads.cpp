@@ -26,8 +26,8 @@ HWND AnyWindowOf(DWORD thread) {
 
 DWORD ThreadUnderPointer() {
   POINT pointer{};
-  GetCursorPos(&pointer);
-  return GetWindowThreadProcessId(WindowFromPoint(pointer), nullptr);
+  GetPhysicalCursorPos(&pointer);
+  return GetWindowThreadProcessId(WindowFromPhysicalPoint(pointer), nullptr);
 }
 
 bool ShowsUnresponsive(DWORD error) {

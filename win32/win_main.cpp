@@ -66,7 +66,8 @@ void RunPointalk() {
   const auto options = TraceOptionsOf(GetCommandLineW());
   if (!options) return RunForm(platform, platform.Seam(), nullptr);
   Trace trace(*options);
-  const TracedPlatform traced(platform.Seam(), {platform.unresponsiveThreads, platform.voice}, trace);
+  const TracedPlatform traced(platform.Seam(), {platform.unresponsiveThreads, platform.voice, platform.midi},
+                              trace);
   TraceSystem(trace, platform.system, {POINTALK_MAJOR, POINTALK_MINOR, POINTALK_PATCH});
   RunForm(platform, traced.Seam(), &trace);
 }

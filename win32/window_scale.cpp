@@ -5,22 +5,11 @@
 namespace pointalk::win32 {
 namespace {
 
-constexpr UINT kUsualDpi = 96;
-
 template <typename Procedure> void Find(Procedure& procedure, const char* name) {
   procedure = LateProcedure<Procedure>(L"user32.dll", name);
 }
 
 }  // namespace
-
-UINT ScaleOf(HWND window) {
-  const auto ask = LateProcedure<decltype(&GetDpiForWindow)>(L"user32.dll", "GetDpiForWindow");
-  if (ask != nullptr) return ask(window);
-  const HDC screen = GetDC(nullptr);
-  const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
-  ReleaseDC(nullptr, screen);
-  return dpi > 0 ? static_cast<UINT>(dpi) : kUsualDpi;
-}
 
 ScaleCalls ScaleCalls::OfSystem() {
   ScaleCalls calls;

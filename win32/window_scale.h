@@ -1,4 +1,4 @@
-// The scale of the screen, and windows whose programs count in other pixels than the screen's.
+// Windows whose programs count in other pixels than the screen's.
 #pragma once
 
 #include <windows.h>
@@ -6,10 +6,6 @@
 #include <optional>
 
 namespace pointalk::win32 {
-
-// The scale of the screen that one of our own windows is on, in dots per inch.
-UINT ScaleOf(HWND window);
-using ScaleQuestion = UINT (*)(HWND window);
 
 // What systems offer for windows of other programs; null where one lacks it.
 struct ScaleCalls {

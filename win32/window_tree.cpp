@@ -15,7 +15,7 @@ constexpr int kLongestCaption = 1024 * 1024;  // characters
 }  // namespace
 
 WindowHandle WinWindowTree::WindowAt(Point screen) {
-  return FromWindow(WindowFromPoint({screen.x, screen.y}));
+  return FromWindow(WindowFromPhysicalPoint({screen.x, screen.y}));
 }
 
 std::optional<Text> WinWindowTree::ClassOf(WindowHandle window, int limit) {

@@ -2,7 +2,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <windows.h>
+
 #include <dbt.h>
+#include <mmsystem.h>
 
 #include "tests/contract/win32/patience.h"
 #include "tests/contract/win32/win_world.h"
@@ -63,6 +66,16 @@ TEST_F(DevicesTest, APortIsOpenedAnewUnderItsHandle) {
   EXPECT_TRUE(midi_.Send(opening.handle, NoteOn(kHigherToneChannel, 80, 60)));
   EXPECT_TRUE(midi_.Close(opening.handle));
   EXPECT_FALSE(midi_.Send(opening.handle, 0));
+  EXPECT_THAT(world_.Heard(5),
+              ElementsAre("midi open 0", "midi close", "midi open 0", "midi 0x3c509d", "midi close"));
+}
+
+// Closed behind its back, its handle counts no longer.
+TEST_F(DevicesTest, AMessageThatALostPortRefusesGoesOutOnceMoreOnANewOne) {
+  const MidiHandle port = midi_.OpenMapper().handle;
+  midiOutClose(reinterpret_cast<HMIDIOUT>(static_cast<std::uintptr_t>(port)));
+  EXPECT_TRUE(midi_.Send(port, NoteOn(kHigherToneChannel, 80, 60)));
+  EXPECT_TRUE(midi_.Close(port));
   EXPECT_THAT(world_.Heard(5),
               ElementsAre("midi open 0", "midi close", "midi open 0", "midi 0x3c509d", "midi close"));
 }

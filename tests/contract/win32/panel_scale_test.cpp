@@ -1,5 +1,6 @@
-// The control panel between screens of different scales. Wine has one scale for all screens, so a stand-in
-// tells the scale, and a change of it is told as Windows tells it: in the midst of the move.
+// The control panel between screens of different scales and sizes. Wine has one scale for all screens, and
+// the first one begins at 0, so stand-ins tell these, and a change is told as Windows tells it: in the midst
+// of the move.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -15,7 +16,9 @@ constexpr UINT kHigh = 192;
 
 // Two screens beside each other. A window is on the one that has most of it.
 struct Screens {
+  POINT begin = {40, 30};  // of the first one, beside what the system keeps there for itself
   LONG edge = 10'000;
+  LONG room = 10'000;  // on the right one, in pixels; the left one has plenty
   bool highIsLeft = false;
   UINT told = kLow;  // to the panel
   int changes = 0;   // told
@@ -23,12 +26,19 @@ struct Screens {
 
 Screens screens;  // procedures of the system have no object
 
-UINT TwoScreens(HWND window) {
+bool IsLeft(HWND window) {
   RECT place{};
   GetWindowRect(window, &place);
-  const bool isLeft = (place.left + place.right) / 2 < screens.edge;
-  return isLeft == screens.highIsLeft ? kHigh : kLow;
+  return (place.left + place.right) / 2 < screens.edge;
 }
+
+UINT ScaleOfTwo(HWND window) { return IsLeft(window) == screens.highIsLeft ? kHigh : kLow; }
+
+LONG RoomOfTwo(HWND window) { return IsLeft(window) ? 10'000 : screens.room; }
+
+POINT BeginOfTwo() { return screens.begin; }
+
+constexpr win32::ScreenQuestions kTwoScreens = {&ScaleOfTwo, &RoomOfTwo, &BeginOfTwo};
 
 WNDPROC panelProcedure = nullptr;
 
@@ -36,7 +46,7 @@ WNDPROC panelProcedure = nullptr;
 LRESULT CALLBACK TellChange(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   const LRESULT result = CallWindowProcW(panelProcedure, window, message, wParam, lParam);
   if (message != WM_WINDOWPOSCHANGED) return result;
-  const UINT scale = TwoScreens(window);
+  const UINT scale = ScaleOfTwo(window);
   if (std::exchange(screens.told, scale) == scale) return result;
   ++screens.changes;
   RECT place{};
@@ -101,6 +111,12 @@ class PanelScaleTest : public testing::Test {
     EXPECT_EQ(room.cx, room.cy);
   }
 
+  LONG LabelWidth() const {
+    RECT label{};
+    GetWindowRect(FindWindowExW(panel_.Window(), nullptr, L"STATIC", nullptr), &label);
+    return label.right - label.left;
+  }
+
   LONG Left() const {
     RECT place{};
     GetWindowRect(panel_.Window(), &place);
@@ -113,20 +129,18 @@ class PanelScaleTest : public testing::Test {
 
   Reset reset_;
   win32::VoiceThread voice_;
-  win32::WinPanel panel_{voice_, &TwoScreens};
+  win32::WinPanel panel_{voice_, kTwoScreens};
 };
 
 TEST_F(PanelScaleTest, ItIsMadeWhereItGoesAndLaidOutOnce) {
   fontsSet = 0;
   const HHOOK places = SetWindowsHookExW(WH_CBT, &NotePlace, nullptr, GetCurrentThreadId());
   const HHOOK fonts = SetWindowsHookExW(WH_CALLWNDPROC, &CountFonts, nullptr, GetCurrentThreadId());
-  const win32::WinPanel panel(voice_, &TwoScreens);
+  const win32::WinPanel panel(voice_, kTwoScreens);
   UnhookWindowsHookEx(places);
   UnhookWindowsHookEx(fonts);
-  RECT work{};
-  SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
-  EXPECT_EQ(madeAt.x, work.left);
-  EXPECT_EQ(madeAt.y, work.top);
+  EXPECT_EQ(madeAt.x, screens.begin.x);
+  EXPECT_EQ(madeAt.y, screens.begin.y);
   EXPECT_EQ(fontsSet, 8);  // seven buttons and the label
 }
 
@@ -142,6 +156,26 @@ TEST_F(PanelScaleTest, ItIsLaidOutAnewOnAScreenOfAnotherScale) {
   Move(-400, 10);
   EXPECT_EQ(ButtonHeight(), low);
   ExpectFits();
+}
+
+TEST_F(PanelScaleTest, ItsLabelIsNoWiderThanTheScreenThatItIsOn) {
+  screens.edge = 500;
+  screens.room = LabelWidth();
+  Watch();
+  Move(600, 10);
+  EXPECT_EQ(screens.changes, 1);
+  EXPECT_LT(LabelWidth(), screens.room);
+  EXPECT_GT(LabelWidth(), 0);
+  ExpectFits();
+}
+
+TEST_F(PanelScaleTest, OfTheRealScreenAllThatTheSystemLeavesFreeIsUsed) {
+  RECT work{};
+  SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+  const win32::ScreenQuestions real;
+  EXPECT_EQ(real.roomFor(panel_.Window()), work.right - work.left);
+  EXPECT_EQ(real.topLeft().x, work.left);
+  EXPECT_EQ(real.topLeft().y, work.top);
 }
 
 TEST_F(PanelScaleTest, ItIsMeasuredAgainWhenTheScaleChangesWhileItIsLaidOut) {

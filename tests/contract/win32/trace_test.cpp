@@ -4,6 +4,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <windows.h>
+
+#include <mmsystem.h>
+
 #include <chrono>
 #include <semaphore>
 #include <tuple>
@@ -29,7 +33,7 @@ class TraceTest : public testing::Test {
   ~TraceTest() override { Remove(); }
 
   static win32::TracedPlatform::Shared Shared(const WinWorld& world) {
-    return {world.platform.unresponsiveThreads, world.platform.voice};
+    return {world.platform.unresponsiveThreads, world.platform.voice, world.platform.midi};
   }
 
   void Remove() const {
@@ -109,6 +113,21 @@ TEST_F(TraceTest, ATextThatTheVoiceHasNotTakenIsTold) {
   EXPECT_THAT(Content(path_), ::testing::ContainsRegex(R"(3 characters, flags 1\).*\n.*voice refused)"));
   EXPECT_THAT(Content(path_), ::testing::ContainsRegex(R"(5 characters, flags 1\).*\n.*not yet taken)"));
   EXPECT_THAT(Content(path_), ::testing::ContainsRegex(R"(4 characters, flags none\).*\n\d+.\d+ taken)"));
+}
+
+TEST_F(TraceTest, APortThatIsOpenedAnewIsTold) {
+  WinWorld world({});
+  {
+    win32::Trace trace({path_, false});
+    const win32::TracedPlatform traced(world.Seam(), Shared(world), trace);
+    MidiOut& midi = traced.Seam().midi;
+    const MidiHandle port = midi.OpenMapper().handle;
+    const win32::Trace::Event event(&trace, "tick");
+    midiOutClose(reinterpret_cast<HMIDIOUT>(static_cast<std::uintptr_t>(port)));
+    EXPECT_TRUE(midi.Send(port, 0x3C509D));
+    EXPECT_TRUE(midi.Close(port));
+  }
+  EXPECT_THAT(Content(path_), ::testing::ContainsRegex("tick: MIDI port opened anew \\d+ ms, note sent "));
 }
 
 // The object answered, but UI Automation did not.
