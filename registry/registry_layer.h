@@ -41,7 +41,7 @@ class RegistryLayer {
   // In the platform's order, without those that cannot be read.
   std::vector<NamedRegistryValue> EnumerateRegistryValues(TextView path);  // Kept: nothing reads it.
 
-  const RegistryError& Error() const { return error_; }
+  const RegistryError& Error() const { return error_; }  // Kept: nothing reads it.
   void ClearError() { error_.Clear(); }
 
  private:
