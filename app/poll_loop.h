@@ -65,7 +65,7 @@ class PollLoop {
   bool AnswerControl();
   void PollPointer();
   bool Rests();
-  void OnPointerRest() {}  // a place to add to
+  void OnPointerRest() {}  // empty: whatever is to happen at rest may be added here
 };
 
 }  // namespace pointalk

@@ -21,7 +21,8 @@ struct ClassLists {
   // Adds it unless that list holds it.
   void AddMissing(TextView entry);
 
-  // True when a list holds the entry, or the query list its class, anywhere but at its very beginning.
+  // True when the list of bad classes holds the entry, or the query list holds it without its mark, at any
+  // place but the very beginning of the list.
   bool Knows(TextView entry) const;
 
   // Both are false for an empty class name.

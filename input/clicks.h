@@ -18,8 +18,8 @@ class Clicks {
   // The click that waits is not to be spoken any more.
   void Forget() { mPendingEventText.clear(); }
 
-  // Of the click that waits, given the time in seconds since midnight: the first call sets the clock, later
-  // ones are true once a double click can no longer come of it.
+  // True once the click that waits can no longer become a double click. The first call, and the first after
+  // a click was spoken, only start the clock. The time now is in seconds since midnight.
   bool HasSettled(double now);
 
   // The click has been spoken.

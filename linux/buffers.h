@@ -8,7 +8,7 @@
 
 namespace pointalk::linux {
 
-// What of a text has room in a buffer of that many characters with an ending NUL.
+// What of a text fits with its ending NUL into a buffer of that many characters.
 inline Text FittingBuffer(TextView text, std::int32_t capacity) {
   return Text(text.substr(0, static_cast<std::size_t>(std::max(capacity - 1, 0))));
 }

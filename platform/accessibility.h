@@ -9,13 +9,13 @@
 
 namespace pointalk {
 
-// What an accessible object tells of itself; a property that could not be read is missing. The value of a
-// protected object, and of any object of a password field, counts as such; so does a name that is the text of
-// a password field. A label is told.
+// What an accessible object tells of itself; a property that could not be read is missing. Missing, too, are
+// the value of a protected object and of any object of a password field, and a name that is the text of a
+// password field. The label of such a field is told.
 struct AccessibleFacts {
   std::optional<Text> name;
   std::optional<std::int32_t> role;  // missing also when the object gives a role that is not a number
-  std::optional<Text> description;   // one without an end may have lost it
+  std::optional<Text> description;   // a very long one may have been cut
   std::optional<Text> value;
 };
 
@@ -24,16 +24,16 @@ class Accessibility {
   virtual ~Accessibility() = default;
 
   // Asks the object at the pointer's place on the screen, with a time limit of 250 ms over all; a slow one is
-  // abandoned sooner when the pointer leaves its program. No value when there is no object, it failed, or it
-  // told nothing in time; a program that ran over the limit is not asked again until it shows that it
+  // abandoned sooner when the pointer leaves its program. No value when there is no object, it failed, or no
+  // property came in time; a program that ran over the limit is not asked again until it shows that it
   // answers.
   virtual std::optional<AccessibleFacts> ObjectAt(Point screen) = 0;
 
   // True while an earlier question about this window has timed out and not yet returned.
   virtual bool QueryPending(WindowHandle window) = 0;
 
-  // The platform's text for a role number, as it stands in a buffer of capacity characters: a text that fills
-  // the buffer had no room for its end. Empty when there is none.
+  // The platform's text for a role number, as it stands in a buffer of capacity characters: a text as long as
+  // the buffer may have been cut. Empty when there is none.
   virtual Text RoleText(std::int32_t role, int capacity) = 0;
 };
 

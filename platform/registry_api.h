@@ -42,7 +42,8 @@ struct RegistryName {
   Text name;
 };
 
-// A value of a key, as it is enumerated. All that it has comes at once: its 8-bit name need not lead to it.
+// A value of a key, as it is enumerated. Its data comes with its name: by an 8-bit name that lost a character
+// to the code page, no value would be found, or another one.
 struct RegistryEnumeratedValue {
   std::int32_t code = 0;
   Text name;
@@ -65,14 +66,15 @@ class RegistryApi {
   virtual std::int32_t SetValue(RegistryKey key, TextView name, std::uint32_t type,
                                 const std::vector<std::byte>& data) = 0;
 
-  // The type and the size only; and the data, into a buffer of that size, which may be as large as the value.
+  // The first gives type and size, the second type and data. It fails where the data is larger than that many
+  // bytes.
   virtual RegistryValueSize QueryValueSize(RegistryKey key, TextView name) = 0;
   virtual RegistryValueData QueryValue(RegistryKey key, TextView name, std::uint32_t bytes) = 0;
   virtual std::int32_t DeleteValue(RegistryKey key, TextView name) = 0;
 
   virtual RegistryKeyInfo QueryKey(RegistryKey key) = 0;
 
-  // By their index from 0. Capacity is the room for the name in characters, its ending NUL among them.
+  // By their index from 0. Capacity is the longest name that fits, in characters with its ending NUL.
   virtual RegistryName SubKeyName(RegistryKey key, std::uint32_t index, std::uint32_t capacity) = 0;
   virtual RegistryEnumeratedValue ValueAt(RegistryKey key, std::uint32_t index, std::uint32_t capacity) = 0;
 

@@ -33,8 +33,8 @@ class System {
   [[nodiscard]] virtual bool ShellOpen(TextView operation, TextView file, TextView parameters,
                                        TextView directory, int show) = 0;
 
-  // Ends the process at once. It does not return; a simulated machine leaves it, and a question that is never
-  // answered, by throwing something that is no std::exception, which no handler in the program catches.
+  // Ends the process at once and does not return. A simulated machine throws here, and where a question is
+  // never answered: an object that is no std::exception, so that no handler in the program catches it.
   [[noreturn]] virtual void EndProgram() = 0;
 };
 

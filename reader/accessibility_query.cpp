@@ -23,7 +23,7 @@ AccessibleTexts AccessibilityQuery::QueryAccessibleObject(Point screen, TextView
   AccessibleTexts texts;
   texts.maccName = std::move(facts.name).value_or(Text());
   texts.maccRole = accessibility_.RoleText(facts.role.value_or(0), kRoleBuffer);
-  // Without room for its end a text cannot be told from the buffer.
+  // A text as long as the buffer has lost its end, and counts as none.
   if (texts.maccRole.size() >= kRoleBuffer) texts.maccRole.clear();
   texts.maccDescription = std::move(facts.description).value_or(Text());
   texts.maccValue = std::move(facts.value).value_or(Text());

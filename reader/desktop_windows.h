@@ -10,12 +10,22 @@ namespace pointalk {
 // Platform 1, version 4.0; false also when the system does not tell.
 bool IsWindows95(System& system);
 
-struct DesktopWindows {
-  WindowHandle mDesktopView = 0;  // the first child of the program manager's window; 0 where there is none
-  WindowHandle mDesktopListView = 0;  // its first child, the icon list; 0 where there is none
-  bool mIsWindows95 = false;          // Kept: nothing reads it.
-
+class DesktopWindows {
+ public:
   void FindDesktopIconList(System& system, WindowTree& windows);
+
+  // The first child of the program manager's window; 0 where there is none.
+  WindowHandle View() const { return mDesktopView; }
+
+  // Its first child; 0 where there is none.
+  WindowHandle IconList() const { return mDesktopListView; }
+
+  bool AreOfWindows95() const { return mIsWindows95; }  // Kept: nothing reads it.
+
+ private:
+  WindowHandle mDesktopView = 0;
+  WindowHandle mDesktopListView = 0;
+  bool mIsWindows95 = false;
 };
 
 }  // namespace pointalk

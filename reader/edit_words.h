@@ -17,8 +17,8 @@ struct LineWord {
   bool emptyLine = true;  // it holds no character but blanks, CR and LF
 };
 
-// The position counts characters from 0 and is looked for among the first that many of the line, CR and LF
-// not counted.
+// The word begins at the last blank among as many first characters of the line as the position says; CR and
+// LF do not count.
 LineWord WordAt(TextView line, std::int32_t position);
 
 // The two halves of what a text field says about a point; -1 is no character.

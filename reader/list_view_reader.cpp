@@ -91,7 +91,7 @@ void ListViewReader::SetHolderAsPrefix(WindowHandle window) {
   WindowHandle holder = window;
   for (int round = 0; round < kMostHolders; ++round) {
     holder = seam_.windows.ParentOf(holder);
-    if (holder == desktopWindows_.mDesktopListView) return;
+    if (holder == desktopWindows_.IconList()) return;
     const Text title = windowTitle_.GetWindowTitle(holder);
     if (IsBlank(title)) continue;
     return speaker_.SetSpeechPrefix(Text(Trimmed(title)).append(u", "));

@@ -37,9 +37,10 @@ class ListViewReader {
 
   void ReadListView(const Spot& spot);
 
-  // The label of an item, at most 255 characters of it; empty for item -1. Always the main label.
-  Text ListViewItemText(WindowHandle window, std::int32_t item,
-                        std::int32_t subItem);  // Kept: nothing reads it.
+  // The label of an item, at most 255 characters of it; empty for item -1. Always the main label. The
+  // parameter subItem:
+  // Kept: nothing reads it.
+  Text ListViewItemText(WindowHandle window, std::int32_t item, std::int32_t subItem);
 
  private:
   Seam seam_;

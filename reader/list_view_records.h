@@ -23,7 +23,7 @@ struct ListViewHit {
   std::int32_t subItem = 0;
 };
 
-// A hit-test record: 20 bytes in a process with pointers of 4 bytes, 24 with 8 (a group at its end, 0).
+// A hit-test record: 20 bytes in a process with pointers of 4 bytes; 24 with 8, of which the last four are 0.
 class HitTestRecord {
  public:
   HitTestRecord(const ListViewHit& hit, int pointerBytes);

@@ -19,8 +19,9 @@ class MenuReader {
 
   MenuReader(const Seam& seam, ObjectSpeech& objectSpeech) : seam_(seam), objectSpeech_(objectSpeech) {}
 
-  // True when the spot is a menu; then it was said.
-  bool ReadMenu(const Spot& spot, bool isCommandBar);  // Kept: nothing reads it.
+  // True when the spot is a menu; then it was said. The parameter isCommandBar:
+  // Kept: nothing reads it.
+  bool ReadMenu(const Spot& spot, bool isCommandBar);
 
  private:
   Seam seam_;

@@ -31,8 +31,7 @@ void ObjectDescriber::Describe(Point pointer) {
   const bool mIsBadQueryClass = parts_.crashLearning.IsBadQueryClass(className);
   const bool mIsBadClass = !mIsBadQueryClass && parts_.crashLearning.IsBadClass(className);
   const WindowHandle mPreviousWindow = std::exchange(last_.mLastWindow, window);
-  last_.mWasOverDesktop =
-      std::exchange(last_.mOverDesktop, window == readers_.desktopWindows.mDesktopListView);
+  last_.mWasOverDesktop = std::exchange(last_.mOverDesktop, window == readers_.desktopWindows.IconList());
   last_.mOfficialClassName = className;
   parts_.keys.ReadForDescription();
   parts_.speaker.SetSubject(className);

@@ -33,7 +33,7 @@ class ObjectDescriber {
     Accessibility& accessibility;
   };
 
-  // What of the rooms below a description uses.
+  // What a description uses of the rooms below.
   struct Parts {
     Keys& keys;
     Pronouncer& pronouncer;

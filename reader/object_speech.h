@@ -8,8 +8,8 @@
 
 namespace pointalk {
 
-// The beginning of a text that is said of an object: one line, its control character kept, and at most 133
-// characters.
+// The beginning of a text that is said of an object: one line with the first character of its line end, at
+// most 133 characters.
 TextView SpokenBeginning(TextView text);
 
 class ObjectSpeech {

@@ -40,8 +40,8 @@ class RemoteBlock {
     return block_ != 0 && memory_.Read(process_, block_, bytes);
   }
 
-  // Sends a message with the block's address. No value when it is not answered; nothing must be written into
-  // the block from then on.
+  // Sends a message with the block's address. No value when it is not answered; from then on the block must
+  // not be written to.
   std::optional<std::int32_t> Ask(ControlMessages& messages, WindowHandle window, std::uint32_t message) {
     Lend(window);
     const std::optional<std::int32_t> answer = messages.Send(window, message, 0, block_);

@@ -27,7 +27,7 @@ Text TopWindow::NameAbove(WindowHandle window) {
 }
 
 bool TopWindow::IsDesktops(WindowHandle window) const {
-  return window == desktopWindows_.mDesktopListView || window == desktopWindows_.mDesktopView;
+  return window == desktopWindows_.IconList() || window == desktopWindows_.View();
 }
 
 Text TopWindow::ClassOf(WindowHandle window) {

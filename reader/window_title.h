@@ -12,8 +12,8 @@ class WindowTitle {
  public:
   WindowTitle(ControlMessages& messages, WindowTree& windows) : messages_(messages), windows_(windows) {}
 
-  // At most 65,536 characters; empty when there is none. Asks the window's program, so a window that is not
-  // needed is not asked.
+  // At most 65,536 characters; empty when there is none. This asks the window's program, which costs time: to
+  // be called only where the title is needed.
   Text GetWindowTitle(WindowHandle window);
 
  private:

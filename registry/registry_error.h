@@ -19,7 +19,7 @@ struct RegistryError {
 };
 
 // The layer's own errors.
-inline constexpr std::int32_t kNoCurrentKey = 1;
+inline constexpr std::int32_t kNoCurrentKey = 1;  // Kept: nothing reads it.
 inline constexpr std::int32_t kInvalidRoot = 2;
 inline constexpr std::int32_t kTypeMismatch = 3;
 inline constexpr std::int32_t kUnknownType = 4;

@@ -14,7 +14,7 @@ namespace {
 // No registry is deeper: where it seems so, a link leads back up, and would do so for ever.
 constexpr int kDeepestLevel = 512;
 
-// Room for the name and its ending NUL.
+// Characters of the name and its ending NUL.
 constexpr std::uint32_t Capacity(std::uint32_t longestName) { return longestName + 1; }
 
 class OpenedKey {

@@ -28,7 +28,7 @@ class RegistryLayer {
   void WriteRegistry(TextView path, TextView name, const Variant& value, std::uint32_t type = kChooseType);
 
   // Without a name the key's default value; empty when there is none. The error object tells how the key
-  // opened, and nothing of the value.
+  // opened, not how its value was read.
   Variant ReadRegistry(TextView path, TextView name = {});  // Kept: nothing reads it.
 
   // Deletes a value.
@@ -41,7 +41,7 @@ class RegistryLayer {
   // In the platform's order, without those that cannot be read.
   std::vector<NamedRegistryValue> EnumerateRegistryValues(TextView path);  // Kept: nothing reads it.
 
-  const RegistryError& Error() const { return error_; }
+  const RegistryError& Error() const { return error_; }  // Kept: nothing reads it.
   void ClearError() { error_.Clear(); }
 
  private:

@@ -24,8 +24,8 @@ class SettingsFile {
   // Replaces the whole file. Where that fails the old one stays.
   void WriteSettings();
 
-  // Takes every value that the file holds, unchecked, and gives the voice's to the engine. Without a file,
-  // and for a number that is too large for its field, everything stays.
+  // Takes every value that the file holds, unchecked, and gives the voice's to the engine. Without a file all
+  // values stay; so does one whose number in the file is too large for its field.
   void ReadSettings();
 
   // Gives the engine the voice and volume that were chosen, and a rate where one is given.

@@ -45,10 +45,10 @@ std::span<const std::byte> ProcessMemory::From(Key key) const {
 }
 
 bool ProcessMemory::Write(ProcessId process, RemoteAddress to, std::span<const std::byte> from) {
-  const std::span<const std::byte> room = From({process, to});
-  if (room.empty() || room.size() < from.size()) return false;
+  const std::span<const std::byte> rest = From({process, to});
+  if (rest.empty() || rest.size() < from.size()) return false;
   auto& block = std::prev(blocks_.upper_bound({process, to}))->second;
-  std::copy(from.begin(), from.end(), block.end() - static_cast<std::ptrdiff_t>(room.size()));
+  std::copy(from.begin(), from.end(), block.end() - static_cast<std::ptrdiff_t>(rest.size()));
   return true;
 }
 

@@ -15,7 +15,7 @@ namespace pointalk::sim {
 
 class ProcessMemory {
  public:
-  // A block of zeros; address 0 for process 0, for 0 bytes, and when the process has no room left.
+  // A block of zeros; address 0 for process 0, for 0 bytes, and when the process has no memory left.
   RemoteAddress Allocate(ProcessId process, std::size_t bytes);
 
   void Free(ProcessId process, RemoteAddress block);
@@ -38,7 +38,7 @@ class ProcessMemory {
   std::span<const std::byte> From(Key key) const;
 
   std::map<Key, std::vector<std::byte>> blocks_;
-  std::map<ProcessId, RemoteAddress> next_;  // where the search for room goes on
+  std::map<ProcessId, RemoteAddress> next_;  // where the search for free addresses goes on
 };
 
 }  // namespace pointalk::sim

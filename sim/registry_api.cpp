@@ -22,7 +22,7 @@ Text TextOf(const std::vector<std::byte>& data) {
   return SimAnsi().ToText(std::span(data.begin(), end));
 }
 
-// The length of a name in a buffer of that capacity, where it needs room for its ending NUL as well.
+// A name as it comes in a buffer of that capacity, into which its ending NUL has to fit as well.
 RegistryName NameInBuffer(TextView name, std::uint32_t capacity) {
   if (name.size() >= capacity) return {kMoreData, {}};
   return {0, ThroughAnsi(name)};

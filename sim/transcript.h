@@ -38,7 +38,7 @@ class Transcript {
 
   const std::string& Lines() const { return text_; }
 
-  // Forgets the lines so far; the room that they took is kept.
+  // Forgets the lines so far; the memory that they took is kept.
   void Clear() { text_.clear(); }
 
  private:

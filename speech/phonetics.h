@@ -8,7 +8,7 @@ namespace pointalk {
 
 // Words run together are split at their capitals, digits stand apart, at most four equal characters in a row
 // stay, and words that engines misread are respelt. With spelling every character stands apart and capitals
-// are told.
+// are announced.
 Text Pronounced(TextView text, bool spelling);
 
 // The last step of the above: the phonetic word table.

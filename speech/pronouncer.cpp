@@ -9,9 +9,10 @@ Text Pronouncer::PronounceText(TextView text) {
   return Pronounced(text, keys_.ReadForSpelling());
 }
 
-const Text& Pronouncer::ClassNameToWords(TextView className) {
-  mClassNameWords = WithDesktopNames(WithoutClutter(PronounceText(WithSplitMarks(className))));
-  return mClassNameWords;
+Text Pronouncer::ClassNameToWords(TextView className) {
+  Text words = WithDesktopNames(WithoutClutter(PronounceText(WithSplitMarks(className))));
+  mClassNameWords = words;
+  return words;
 }
 
 }  // namespace pointalk

@@ -15,12 +15,12 @@ class Pronouncer {
 
   Text PronounceTextToString(TextView text) { return PronounceText(text); }  // Kept: nothing reads it.
 
-  // A class name in words; they stand until the next call.
-  const Text& ClassNameToWords(TextView className);
+  // A class name in words.
+  Text ClassNameToWords(TextView className);
 
  private:
   Keys& keys_;
-  Text mClassNameWords;
+  Text mClassNameWords;  // Kept: nothing reads it.
 };
 
 }  // namespace pointalk

@@ -11,7 +11,7 @@ char16_t ToLower(char16_t character);
 Text ToLower(TextView text);
 Text ToUpper(TextView text);
 
-// A character that has a lower form of its own.
+// True for a character whose lower case is another character.
 bool IsCapital(char16_t character);
 
 }  // namespace pointalk

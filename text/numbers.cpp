@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <tuple>
 
 namespace pointalk {
 namespace {
@@ -96,7 +97,8 @@ Text NumberText(double number) {
   digits.erase(digits.find_last_not_of('0') + 1);
   int exponent = 0;
   const bool small = shown[mark + 1] == '-';
-  std::from_chars(shown.data() + mark + 2, shown.data() + shown.size(), exponent);
+  // What to_chars wrote can be read.
+  std::ignore = std::from_chars(shown.data() + mark + 2, shown.data() + shown.size(), exponent);
   std::string decimal;
   if (small && exponent > 0) {
     decimal = "0." + std::string(static_cast<std::size_t>(exponent) - 1, '0') + digits;

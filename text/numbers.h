@@ -1,4 +1,4 @@
-// Numbers in texts, written with a point and without grouping in every country, and the rounding of them.
+// Numbers in texts, and the rounding of them. In every country they have a decimal point and no grouping.
 #pragma once
 
 #include <cstdint>

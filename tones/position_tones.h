@@ -39,7 +39,7 @@ class PositionTones {
 };
 
 // The column or row of a grid of 20 that a distance from the edge lies in: 20 and more beyond the other edge,
-// and 0 for an extent of 0.
+// 0 or less in front of the first one, and 0 for an extent of 0.
 std::int32_t GridIndex(double distance, double extent);
 
 // A velocity of 0 to 127: the base less what the scaling takes for a note's offset.

@@ -11,14 +11,14 @@ namespace {
 
 constexpr std::size_t kLongest = std::numeric_limits<int>::max() / 4;
 
-// Gives the number of bytes, and writes them where there is room. A code page that has every character takes
-// neither the flag nor the question mark, and has no need of them.
-int Convert(const std::wstring& wide, char* bytes, int room) {
+// Gives the number of bytes, and writes them where the capacity is not 0. A code page that has every
+// character takes neither the flag nor the question mark, and has no need of them.
+int Convert(const std::wstring& wide, char* bytes, int capacity) {
   const int units = static_cast<int>(wide.size());
   const int size =
-      WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, wide.data(), units, bytes, room, "?", nullptr);
+      WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, wide.data(), units, bytes, capacity, "?", nullptr);
   if (size != 0) return size;
-  return WideCharToMultiByte(CP_ACP, 0, wide.data(), units, bytes, room, nullptr, nullptr);
+  return WideCharToMultiByte(CP_ACP, 0, wide.data(), units, bytes, capacity, nullptr, nullptr);
 }
 
 }  // namespace

@@ -92,13 +92,13 @@ std::optional<Text> WinControlMessages::WindowText(WindowHandle window, std::int
   return ThroughAnsi(FromWide(text.c_str()));
 }
 
-// The control reads its room from the first word. It is always told of the most that a word can tell: where
-// that word is lost on the way, as Wine 8 loses it, a control writes the whole line, and must not write it
-// beyond its room.
+// The control reads from the first word how much it may write. It is always told of the most that a word can
+// tell: where that word is lost on the way, as Wine 8 loses it, a control writes the whole line, and must not
+// write it beyond the buffer.
 std::optional<Text> WinControlMessages::EditLine(WindowHandle window, std::int32_t line,
                                                  std::int32_t capacity) {
   const auto wanted = static_cast<std::size_t>(std::clamp(capacity, 0, kLongestLine));
-  wchar_t* const buffer = room_.Cleared(wanted + 2);
+  wchar_t* const buffer = texts_.Cleared(wanted + 2);
   if (buffer == nullptr) return std::nullopt;
   buffer[0] = static_cast<wchar_t>(kLongestLine);
   const auto count = Ask(ToWindow(window), EM_GETLINE, static_cast<WPARAM>(line), Address(buffer));
@@ -111,7 +111,7 @@ std::optional<Text> WinControlMessages::ListBoxText(WindowHandle window, std::in
                                                     std::int32_t length) {
   if (length < 1 || length > kLongestItem) return std::nullopt;
   const auto characters = static_cast<std::size_t>(length);
-  wchar_t* const buffer = room_.Cleared(characters);
+  wchar_t* const buffer = texts_.Cleared(characters);
   if (buffer == nullptr) return std::nullopt;
   if (!Ask(ToWindow(window), LB_GETTEXT, static_cast<WPARAM>(item), Address(buffer))) return std::nullopt;
   Text text = ThroughAnsi(FromWide({buffer, characters}));

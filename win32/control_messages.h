@@ -28,7 +28,7 @@ class WinControlMessages final : public ControlMessages {
   UnresponsiveThreads& unresponsiveThreads_;
   ULONGLONG lastSlowAnswer_ = 0;  // by the system's clock, in milliseconds
   ULONGLONG takenSinceLeft_ = 0;  // milliseconds
-  GuardedBuffer room_;            // for texts of a length that the control decides
+  GuardedBuffer texts_;           // for texts of a length that the control decides
 };
 
 }  // namespace pointalk::win32

@@ -23,7 +23,7 @@ class LentBlocks {
   // As many wait in that process as may.
   bool IsFull(DWORD process) const;
 
-  // The block is given back some seconds after the probe is over. Where there is no room to remember it, it
+  // The block is given back some seconds after the probe is over. Where there is no memory to remember it, it
   // stays. The handle may allocate and free in the process, and be waited for.
   void Take(std::shared_ptr<void> process, void* block, std::shared_ptr<Probe> probe) noexcept;
 

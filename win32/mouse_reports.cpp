@@ -35,7 +35,7 @@ bool MouseReports::Start() {
 void MouseReports::Stop() {
   if (!thread_) return;
   stops_ = true;
-  PostThreadMessageW(threadId_, WM_NULL, 0, 0);  // where it has no room, the timer wakes the thread
+  PostThreadMessageW(threadId_, WM_NULL, 0, 0);  // where its queue is full, the timer wakes the thread
   WaitForSingleObject(thread_.get(), INFINITE);
   thread_.reset();
 }

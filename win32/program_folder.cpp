@@ -20,15 +20,15 @@ bool IsSame(const std::wstring& a, const std::wstring& b) { return _wcsicmp(a.c_
 }  // namespace
 
 std::wstring ProgramFolderPath() {
-  std::wstring path = PathFrom([](wchar_t* to, DWORD room) { return GetModuleFileNameW(nullptr, to, room); });
+  std::wstring path = PathFrom([](wchar_t* to, DWORD size) { return GetModuleFileNameW(nullptr, to, size); });
   path.resize(path.find_last_of(L'\\') == std::wstring::npos ? 0 : path.find_last_of(L'\\'));
   return path;
 }
 
 void LeaveSystemFolder() {
-  const auto current = PathFrom([](wchar_t* to, DWORD room) { return GetCurrentDirectoryW(room, to); });
-  const auto system = PathFrom([](wchar_t* to, DWORD room) { return GetSystemDirectoryW(to, room); });
-  const auto windows = PathFrom([](wchar_t* to, DWORD room) { return GetWindowsDirectoryW(to, room); });
+  const auto current = PathFrom([](wchar_t* to, DWORD size) { return GetCurrentDirectoryW(size, to); });
+  const auto system = PathFrom([](wchar_t* to, DWORD size) { return GetSystemDirectoryW(to, size); });
+  const auto windows = PathFrom([](wchar_t* to, DWORD size) { return GetWindowsDirectoryW(to, size); });
   if (IsSame(current, system) || IsSame(current, windows))
     SetCurrentDirectoryW((ProgramFolderPath() + L'\\').c_str());
 }

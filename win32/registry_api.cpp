@@ -15,7 +15,7 @@ namespace pointalk::win32 {
 namespace {
 
 constexpr std::uint32_t kLongestName = 64 * 1024;  // characters
-constexpr DWORD kClassNameRoom = 1024;             // characters
+constexpr DWORD kLongestKeyClass = 1024;           // characters
 
 // The numbers of the root keys have 32 bits, and as handles of 64 their sign is carried on.
 HKEY ToKey(RegistryKey key) {
@@ -62,10 +62,12 @@ RegistryValueData Stored(HKEY key, const std::wstring& name) {
 
 std::wstring AsGiven(TextView name) { return Wide(ThroughAnsi(name)); }
 
-std::wstring Room(std::uint32_t capacity) { return std::wstring(std::min(capacity, kLongestName), L'\0'); }
+std::wstring NameBuffer(std::uint32_t capacity) {
+  return std::wstring(std::min(capacity, kLongestName), L'\0');
+}
 
-Text NameIn(const std::wstring& room, DWORD length) {
-  return ThroughAnsi(FromWide(std::wstring_view(room).substr(0, length)));
+Text NameIn(const std::wstring& buffer, DWORD length) {
+  return ThroughAnsi(FromWide(std::wstring_view(buffer).substr(0, length)));
 }
 
 }  // namespace
@@ -108,20 +110,20 @@ std::int32_t WinRegistry::DeleteValue(RegistryKey key, TextView name) {
 }
 
 RegistryKeyInfo WinRegistry::QueryKey(RegistryKey key) {
-  wchar_t className[kClassNameRoom];
-  DWORD classNameRoom = kClassNameRoom;
+  wchar_t className[kLongestKeyClass];
+  DWORD keyClassLength = kLongestKeyClass;
   DWORD subKeys = 0;
   DWORD longestSubKeyName = 0;
   DWORD values = 0;
   DWORD longestValueName = 0;
   const LSTATUS code =
-      RegQueryInfoKeyW(ToKey(key), className, &classNameRoom, nullptr, &subKeys, &longestSubKeyName, nullptr,
+      RegQueryInfoKeyW(ToKey(key), className, &keyClassLength, nullptr, &subKeys, &longestSubKeyName, nullptr,
                        &values, &longestValueName, nullptr, nullptr, nullptr);
   return {code, subKeys, longestSubKeyName, values, longestValueName};
 }
 
 RegistryName WinRegistry::SubKeyName(RegistryKey key, std::uint32_t index, std::uint32_t capacity) {
-  std::wstring name = Room(capacity);
+  std::wstring name = NameBuffer(capacity);
   auto length = static_cast<DWORD>(name.size());
   const LSTATUS code =
       RegEnumKeyExW(ToKey(key), index, name.data(), &length, nullptr, nullptr, nullptr, nullptr);
@@ -131,7 +133,7 @@ RegistryName WinRegistry::SubKeyName(RegistryKey key, std::uint32_t index, std::
 
 RegistryEnumeratedValue WinRegistry::ValueAt(RegistryKey key, std::uint32_t index, std::uint32_t capacity) {
   return WithinMemory([&]() -> RegistryEnumeratedValue {
-    std::wstring name = Room(capacity);
+    std::wstring name = NameBuffer(capacity);
     auto length = static_cast<DWORD>(name.size());
     DWORD size = 0;
     LSTATUS code = RegEnumValueW(ToKey(key), index, name.data(), &length, nullptr, nullptr, nullptr, &size);

@@ -104,10 +104,10 @@ Text WinSystem::ProgramFolder() { return ThroughAnsi(FromWide(ProgramFolderPath(
 
 Text WinSystem::ShortPath(TextView path, int capacity) {
   const std::wstring whole = Wide(ThroughAnsi(path));
-  const DWORD room = GetShortPathNameW(whole.c_str(), nullptr, 0);
-  std::wstring shortPath(room, L'\0');
-  const DWORD length = GetShortPathNameW(whole.c_str(), shortPath.data(), room);
-  if (length >= room) return {};
+  const DWORD longest = GetShortPathNameW(whole.c_str(), nullptr, 0);
+  std::wstring shortPath(longest, L'\0');
+  const DWORD length = GetShortPathNameW(whole.c_str(), shortPath.data(), longest);
+  if (length >= longest) return {};
   shortPath.resize(std::min<std::size_t>(length, static_cast<std::size_t>(std::max(capacity, 0))));
   return ThroughAnsi(FromWide(shortPath));
 }

@@ -21,7 +21,7 @@ OwnedHandle OpenToAppend(const std::wstring& path) {
   return OwnedHandle(file == INVALID_HANDLE_VALUE ? nullptr : file);
 }
 
-bool HasRoom(const OwnedHandle& file, std::size_t bytes) {
+bool MayTake(const OwnedHandle& file, std::size_t bytes) {
   LARGE_INTEGER size;
   return GetFileSizeEx(file.get(), &size) &&
          (size.QuadPart == 0 || static_cast<std::size_t>(size.QuadPart) + bytes <= kLargestTrace);
@@ -29,7 +29,7 @@ bool HasRoom(const OwnedHandle& file, std::size_t bytes) {
 
 void Append(const std::wstring& path, const std::string& bytes) {
   OwnedHandle file = OpenToAppend(path);
-  if (file && !HasRoom(file, bytes.size())) {
+  if (file && !MayTake(file, bytes.size())) {
     file.reset();
     if (!MoveFileExW(path.c_str(), (path + L".old").c_str(), MOVEFILE_REPLACE_EXISTING)) return;
     file = OpenToAppend(path);

@@ -6,6 +6,7 @@
 
 #include "app/panel_table.h"
 #include "tests/app/running_program.h"
+#include "tests/speech/speaking.h"
 
 namespace pointalk {
 namespace {

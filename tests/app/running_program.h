@@ -49,9 +49,4 @@ class RunningProgram final : private testing::Watcher {
   Mouse mouse;
 };
 
-// The lines of an utterance of SAPI 5 that is not waited for.
-inline std::string Said(const std::string& text) {
-  return "sapi5 speak 3 \" \"\nsapi5 speak 3 \"" + text + "\"\n";
-}
-
 }  // namespace pointalk

@@ -6,6 +6,7 @@
 #include "app/mouse.h"
 #include "sim/sim_platform.h"
 #include "tests/fuzz/runs.h"
+#include "tests/support/forwarding.h"
 
 using namespace pointalk;
 
@@ -59,9 +60,10 @@ class HostileControls final : public ControlMessages {
   Source& source_;
 };
 
-class HostileMemory final : public RemoteMemory {
+// Its blocks are none of the machine's, which ignores them when they are given back.
+class HostileMemory final : public testing::ForwardingRemoteMemory {
  public:
-  explicit HostileMemory(Source& source) : source_(source) {}
+  HostileMemory(RemoteMemory& memory, Source& source) : ForwardingRemoteMemory(memory), source_(source) {}
 
   int PointerBytes(ProcessId) override { return source_.Byte() % 2 == 0 ? 4 : 8; }
   RemoteAddress Allocate(ProcessId, std::size_t) override { return source_.Byte() % 8; }
@@ -72,8 +74,6 @@ class HostileMemory final : public RemoteMemory {
     for (std::byte& byte : to) byte = std::byte{source_.Byte()};
     return true;
   }
-  void Free(ProcessId, RemoteAddress) override {}
-  void FreeOnceAnswered(ProcessId, RemoteAddress, WindowHandle) override {}
 
  private:
   Source& source_;
@@ -96,7 +96,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   sim::Machine machine(std::move(script));
   sim::SimPlatform base(machine);
   HostileControls messages(source);
-  HostileMemory memory(source);
+  HostileMemory memory(base.memory, source);
   const Platform plain = base.Seam();
   Mouse form({plain.input, plain.windows, messages, memory, plain.ansi, plain.menus, plain.accessibility,
               plain.midi, plain.sapi5, plain.sapi4, plain.dialogs, plain.panel, plain.files, plain.registry,

@@ -8,20 +8,22 @@
 #include <utility>
 #include <vector>
 
+#include "tests/sim/simulated.h"
+#include "tests/support/forwarding.h"
+
 namespace pointalk {
 namespace {
 
 using ::testing::ElementsAre;
 
-class AskedInput final : public Input {
+class AskedInput final : public testing::ForwardingInput {
  public:
-  std::optional<Point> PointerPosition() override { return std::nullopt; }
+  using ForwardingInput::ForwardingInput;
+
   bool KeyDown(int virtualKey) override {
     asked.push_back(virtualKey);
     return down.contains(virtualKey);
   }
-  std::optional<ScreenSize> Screen() override { return std::nullopt; }
-  bool ReportMouse(bool) override { return true; }
 
   std::vector<int> TakeAsked() { return std::exchange(asked, {}); }
 
@@ -31,7 +33,8 @@ class AskedInput final : public Input {
 
 class KeysTest : public ::testing::Test {
  protected:
-  AskedInput input;
+  sim::Simulated simulated;
+  AskedInput input{simulated.platform.input};
   Keys keys{input};
 };
 

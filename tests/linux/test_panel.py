@@ -9,28 +9,15 @@ from desktop import Desktop
 from panel import Panel
 from session import PROGRAM, Session, place, wait_for_name, wait_for_tones
 
-WIDTH, HEIGHT = 1280, 1024
 LOWER, HIGHER = 14, 13  # channels
-LOWEST, LOWEST_OF_HIGHER = 40, 76  # notes
-SCALE = (0, 0, 2, 2, 4, 4, 5, 5, 7, 7, 9, 9, 11, 11, 12, 12, 14, 14, 16, 16)
-ONE_TONE_CHROMATIC = (0, 1, 2, 2, 3, 3, 4, 4, 5, 5, 6, 6, 7, 7, 8, 8, 9, 9, 10, 11)
-ONE_TONE_SCALE = (0, 0, 2, 2, 2, 4, 4, 4, 5, 5, 5, 7, 7, 7, 9, 9, 9, 11, 11, 11)
-# What is added for a cell, in columns from the left and rows from the bottom: to the higher tone, where there is one, and to
-# the lower.
-FORMATS = (
-    lambda column, row: (column, row),
-    lambda column, row: (SCALE[column], SCALE[row]),
-    lambda column, row: (None, 12 * (row // 4) + ONE_TONE_CHROMATIC[column]),
-    lambda column, row: (None, 12 * (row // 4) + ONE_TONE_SCALE[column]),
+# By format: the channels and notes of two places.
+NOTES = (
+    {(700, 900): {(HIGHER, 86), (LOWER, 42)}, (960, 400): {(HIGHER, 90), (LOWER, 52)}},
+    {(700, 900): {(HIGHER, 85), (LOWER, 42)}, (960, 400): {(HIGHER, 88), (LOWER, 51)}},
+    {(700, 900): {(LOWER, 46)}, (960, 400): {(LOWER, 84)}},
+    {(700, 900): {(LOWER, 45)}, (960, 400): {(LOWER, 85)}},
 )
-PLACES = ((1270, 10), (700, 900), (300, 560), (960, 400), (20, 1010))
 LINK = "mailto:support@pointalk.example?subject=CrashReport"
-
-
-def notes_at(melody_format, x, y):
-    higher, lower = FORMATS[melody_format](int(x / WIDTH * 20 - 0.1), int((HEIGHT - y) / HEIGHT * 20 - 0.1))
-    notes = {(LOWER, LOWEST + lower)}
-    return notes if higher is None else notes | {(HIGHER, LOWEST_OF_HIGHER + higher)}
 
 
 class OnePanel:
@@ -66,12 +53,11 @@ class OnePanel:
         return {note[:2] for note in self.desktop.notes()[before:] if note[0] in (LOWER, HIGHER)}
 
     def sounds(self, melody_format):
-        """Every place has its notes and no other."""
+        """Each place has its notes and no other."""
         wait_for_tones(self.desktop)
-        for x, y in PLACES:
+        for (x, y), expected in NOTES[melody_format].items():
             before = len(self.desktop.notes())
             self.desktop.move(x, y)
-            expected = notes_at(melody_format, x, y)
             self.desktop.wait_until(lambda since=before, notes=expected: self.tones_since(since) == notes)
 
 

@@ -3,30 +3,37 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <string_view>
+
 #include "reader/top_window.h"
 #include "tests/sim/simulated.h"
 
 namespace pointalk {
 namespace {
 
+constexpr std::string_view kDesktop = R"({"windows": [
+    {"id": 5, "class": "Progman", "title": "Program Manager"}, {"id": 6, "class": "View", "parent": 5},
+    {"id": 7, "class": "Other", "parent": 5}, {"id": 8, "class": "SysListView32", "parent": 6}]})";
+
 TEST(DesktopWindows, AreTheFirstChildrenBelowTheProgramManager) {
-  sim::Simulated simulated(R"({"windows": [
-      {"id": 5, "class": "Progman", "title": "Program Manager"}, {"id": 6, "class": "View", "parent": 5},
-      {"id": 7, "class": "Other", "parent": 5}, {"id": 8, "class": "SysListView32", "parent": 6}]})");
+  sim::Simulated simulated(kDesktop);
   DesktopWindows desktop;
   desktop.FindDesktopIconList(simulated.platform.system, simulated.platform.windows);
-  EXPECT_EQ(desktop.mDesktopView, 6u);
-  EXPECT_EQ(desktop.mDesktopListView, 8u);
+  EXPECT_EQ(desktop.View(), 6u);
+  EXPECT_EQ(desktop.IconList(), 8u);
 }
 
 TEST(DesktopWindows, AreNoneWhereThePathBreaksOff) {
+  sim::Simulated whole(kDesktop);
   for (const char* windows : {"[]", R"([{"id": 5, "class": "Progman", "title": "Other"}])",
                               R"([{"id": 5, "class": "Progman", "title": "Program Manager"}])"}) {
     sim::Simulated simulated(std::string(R"({"windows": )") + windows + "}");
-    DesktopWindows desktop{1, 2};
+    DesktopWindows desktop;
+    desktop.FindDesktopIconList(whole.platform.system, whole.platform.windows);
     desktop.FindDesktopIconList(simulated.platform.system, simulated.platform.windows);
-    EXPECT_EQ(desktop.mDesktopView, 0u) << windows;
-    EXPECT_EQ(desktop.mDesktopListView, 0u) << windows;
+    EXPECT_EQ(desktop.View(), 0u) << windows;
+    EXPECT_EQ(desktop.IconList(), 0u) << windows;
   }
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tests/reader/strange_controls.h"
+#include "tests/support/forwarding.h"
 
 namespace pointalk {
 namespace {
@@ -14,9 +15,10 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::Pair;
 
-class WrittenMemory final : public RemoteMemory {
+class WrittenMemory final : public testing::ForwardingRemoteMemory {
  public:
-  int PointerBytes(ProcessId) override { return 8; }
+  using ForwardingRemoteMemory::ForwardingRemoteMemory;
+
   RemoteAddress Allocate(ProcessId process, std::size_t bytes) override {
     allocated.emplace_back(process, bytes);
     return 0x1000;
@@ -33,8 +35,6 @@ class WrittenMemory final : public RemoteMemory {
     }
     return true;
   }
-  void Free(ProcessId, RemoteAddress) override {}
-  void FreeOnceAnswered(ProcessId, RemoteAddress, WindowHandle) override {}
 
   std::vector<std::pair<ProcessId, std::size_t>> allocated;
   std::vector<std::byte> written;
@@ -43,7 +43,7 @@ class WrittenMemory final : public RemoteMemory {
 
 class MenuReaderTest : public StrangeControls {
  protected:
-  WrittenMemory memory;
+  WrittenMemory memory{platform.memory};
   MenuReader reader{{menus, platform.windows, memory}, objectSpeech};
 };
 

@@ -47,7 +47,7 @@ TEST(ReaderFor, FollowsTheRowsFromTheTop) {
       {u"", Reader::kAccessibleControl},
   };
   for (const Choice& row : kRows) {
-    EXPECT_EQ(ReaderFor(row.className), row.reader) << testing::PrintToString(row.className);
+    EXPECT_EQ(ReaderFor(row.className), row.reader) << ::testing::PrintToString(row.className);
   }
 }
 
@@ -68,7 +68,7 @@ TEST(ReaderFor, KnowsTheClassesOfPrograms) {
       {u"#32770", Reader::kAccessibleControl},
   };
   for (const Choice& row : kRows) {
-    EXPECT_EQ(ReaderFor(ToLower(row.className)), row.reader) << testing::PrintToString(row.className);
+    EXPECT_EQ(ReaderFor(ToLower(row.className)), row.reader) << ::testing::PrintToString(row.className);
   }
 }
 

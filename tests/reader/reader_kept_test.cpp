@@ -37,12 +37,13 @@ TEST(IsWindows95, HoldsForOneVersionOnly) {
 }
 
 TEST(KeptDesktopWindows, TellTheVersionThatWasFoundWithThem) {
-  for (const bool is : {true, false}) {
-    sim::Simulated simulated(is ? R"({"machine": {"windows95": true}})" : "{}");
-    DesktopWindows desktop{0, 0, !is};
-    desktop.FindDesktopIconList(simulated.platform.system, simulated.platform.windows);
-    EXPECT_EQ(desktop.mIsWindows95, is);
-  }
+  sim::Simulated old(R"({"machine": {"windows95": true}})");
+  sim::Simulated later;
+  DesktopWindows desktop;
+  desktop.FindDesktopIconList(old.platform.system, old.platform.windows);
+  EXPECT_TRUE(desktop.AreOfWindows95());
+  desktop.FindDesktopIconList(later.platform.system, later.platform.windows);
+  EXPECT_FALSE(desktop.AreOfWindows95());
 }
 
 TEST_F(KeptInReader, RichEditLeavesItsTextWithWholeLineEnds) {

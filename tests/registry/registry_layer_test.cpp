@@ -1,60 +1,14 @@
 // The registry layer on a simulated registry.
-#include "registry/registry_layer.h"
-
 #include <gtest/gtest.h>
 
-#include <string_view>
+#include <tuple>
 
-#include "tests/registry/tallied_registry.h"
-#include "tests/sim/simulated.h"
-#include "tests/support/watched_platform.h"
-#include "text/numbers.h"
+#include "tests/registry/simulated_layer.h"
 
 namespace pointalk {
 namespace {
 
-constexpr std::string_view kRegistry = R"({"machine": {"registry": {
-    "HKEY_CURRENT_USER\\App": {"Name": "v", "Count": 4000000000, "": "default"},
-    "HKEY_CURRENT_USER\\App\\Sub": {"a": "1"},
-    "HKEY_CURRENT_USER\\App\\Sub\\Deep": {},
-    "HKEY_CURRENT_USER\\App\\Sub 2": {},
-    "HKEY_CURRENT_USER\\Apple": {"stays": "x"}}}})";
-
-// Lets calls of the registry fail.
-struct FailingCalls final : testing::Watcher {
-  bool Enter(const char* call) override {
-    const std::string_view name = call;
-    if (!name.starts_with("RegistryApi::")) return true;
-    ++calls;
-    return calls != failing && name != failingName;
-  }
-  void Leave() override {}
-
-  int calls = 0;
-  int failing = 0;               // the call of that number fails
-  std::string_view failingName;  // and so does every call of that name
-};
-
-// A layer on a simulated registry.
-struct Layer {
-  explicit Layer(std::string_view script = kRegistry)
-      : simulated(script),
-        watched(simulated.platform.Seam(), failures),
-        tally(watched.Get().registry),
-        layer(tally, simulated.platform.ansi) {}
-  Layer(const Layer&) = delete;
-  Layer& operator=(const Layer&) = delete;
-  ~Layer() { EXPECT_TRUE(tally.open.empty()) << "keys were left open"; }
-
-  bool HasKey(TextView path) { return simulated.machine.setup.registry.Find(path) != nullptr; }
-  Text Description() const { return layer.Error().description; }
-
-  sim::Simulated simulated;
-  FailingCalls failures;
-  testing::WatchedPlatform watched;
-  testing::TalliedRegistry tally;
-  RegistryLayer layer;
-};
+using testing::Layer;
 
 TEST(RegistryLayer, WritesWhatItReadsAgain) {
   const Variant values[] = {Text(u"5"),       Text(u"caf\u00E9 \u20AC"),
@@ -94,25 +48,6 @@ TEST(RegistryLayer, DoesNotWriteWhatDoesNotFit) {
                                              u"Type passed doesn't exist. Use STRING, DWORD or BINARY."}));
   EXPECT_EQ(on.simulated.transcript(), "");
   EXPECT_TRUE(on.HasKey(u"HKEY_CURRENT_USER\\K"));
-}
-
-TEST(RegistryLayer, ReadsTheDefaultValueWithoutAName) {
-  Layer on;
-  EXPECT_EQ(on.layer.ReadRegistry(u"HKCU\\App"), Variant(Text(u"default")));
-  EXPECT_EQ(on.layer.ReadRegistry(u"HKCU\\App", u""), Variant(Text(u"default")));
-  EXPECT_EQ(on.layer.ReadRegistry(u"HKCU\\App", u"count"), Variant(static_cast<std::int32_t>(4000000000u)));
-  EXPECT_EQ(on.layer.ReadRegistry(u"HKCU\\App\\Sub"), Variant());
-  EXPECT_EQ(on.layer.Error(), RegistryError());
-}
-
-TEST(RegistryLayer, ReadsNothingWhereThereIsNoData) {
-  Layer on;
-  for (const std::uint32_t type : {1u, 3u, 4u}) {
-    auto* const key = on.simulated.machine.setup.registry.Find(u"HKEY_CURRENT_USER\\App\\Sub");
-    key->Make(u"hollow").type = type;
-    EXPECT_EQ(on.layer.ReadRegistry(u"HKCU\\App\\Sub", u"hollow"), Variant()) << type;
-    EXPECT_EQ(on.layer.Error(), RegistryError()) << type;
-  }
 }
 
 TEST(RegistryLayer, GoesOnWithoutAKeyAndLetsThePlatformRefuse) {
@@ -187,108 +122,6 @@ registry delete "HKEY_CURRENT_USER\\App" ""
   on.layer.DeleteRegistry(u"HKCU\\App", u"name");
   EXPECT_EQ(on.Description(), u"Key/Value does not exist.");
   EXPECT_TRUE(on.HasKey(u"HKEY_CURRENT_USER\\App\\Sub\\Deep"));
-}
-
-TEST(RegistryLayer, DeletesATreeFromItsDepthUp) {
-  for (const TextView path : {u"HKCU\\App", u"HKCU\\App\\"}) {
-    Layer on;
-    on.layer.DeleteRegistry(path);
-    EXPECT_EQ(on.layer.Error(), RegistryError());
-    EXPECT_EQ(on.simulated.transcript(), R"(registry remove "HKEY_CURRENT_USER\\App\\Sub\\Deep"
-registry remove "HKEY_CURRENT_USER\\App\\Sub"
-registry remove "HKEY_CURRENT_USER\\App\\Sub 2"
-registry remove "HKEY_CURRENT_USER\\App"
-)") << ::testing::PrintToString(path);
-    EXPECT_TRUE(on.HasKey(u"HKEY_CURRENT_USER\\Apple"));
-  }
-}
-
-TEST(RegistryLayer, TriesEveryKeyOnceWhereNoneMayBeDeleted) {
-  Layer on;
-  on.failures.failingName = "RegistryApi::DeleteKey";
-  on.layer.DeleteRegistry(u"HKCU\\App");
-  EXPECT_EQ(on.Description(), u"Access to Registry Denied.");
-  // Open, ask, delete and close each of the four keys, and name three.
-  EXPECT_EQ(on.failures.calls, 4 * 4 + 3);
-  EXPECT_TRUE(on.HasKey(u"HKEY_CURRENT_USER\\App\\Sub\\Deep"));
-}
-
-TEST(RegistryLayer, DeletesATreeOfAThousandKeys) {
-  Layer on("{}");
-  for (int i = 0; i < 10; ++i) {
-    const Text branch = u"HKEY_CURRENT_USER\\Wide\\" + WholeNumberText(i) + u"\\";
-    for (int j = 0; j < 100; ++j) on.simulated.machine.setup.registry.Make(branch + WholeNumberText(j));
-  }
-  on.layer.DeleteRegistry(u"HKCU\\Wide");
-  EXPECT_EQ(on.layer.Error(), RegistryError());
-  EXPECT_TRUE(on.simulated.machine.setup.registry.SubKeyNames(u"HKEY_CURRENT_USER").empty());
-  EXPECT_LE(on.tally.mostOpen, 3u);
-}
-
-TEST(RegistryLayer, DeletesATreeOfFiveHundredLevels) {
-  Layer on("{}");
-  Text path = u"HKEY_CURRENT_USER\\Deep";
-  for (int level = 0; level < 500; ++level) path += u"\\" + WholeNumberText(level % 10);
-  on.simulated.machine.setup.registry.Make(path);
-  on.layer.DeleteRegistry(u"HKCU\\Deep");
-  EXPECT_EQ(on.layer.Error(), RegistryError());
-  EXPECT_FALSE(on.HasKey(u"HKEY_CURRENT_USER\\Deep"));
-}
-
-TEST(RegistryLayer, DoesNotFollowLinksForEver) {
-  Layer on("{}");
-  on.simulated.machine.setup.registry.Make(u"HKEY_CURRENT_USER\\Round\\Again 1");
-  on.simulated.machine.setup.registry.Make(u"HKEY_CURRENT_USER\\Round\\Again 2");
-  on.tally.link = u"Again";
-  on.layer.DeleteRegistry(u"HKCU\\Round");
-  EXPECT_EQ(on.Description(), u"Access to Registry Denied.");
-  EXPECT_EQ(on.tally.mostOpen, 512u);
-  // Open, ask, name both, delete and close each key once.
-  EXPECT_EQ(on.failures.calls, 512 * 6);
-  EXPECT_TRUE(on.HasKey(u"HKEY_CURRENT_USER\\Round"));
-}
-
-TEST(RegistryLayer, LeavesAKeyWhoseNameIsLost) {
-  Layer on;
-  on.tally.loseNames = true;
-  on.layer.DeleteRegistry(u"HKCU\\App");
-  EXPECT_EQ(on.Description(), u"Access to Registry Denied.");
-  EXPECT_EQ(on.tally.mostOpen, 1u);
-  EXPECT_TRUE(on.HasKey(u"HKEY_CURRENT_USER\\App\\Sub\\Deep"));
-}
-
-TEST(RegistryLayer, EnumeratesValuesInThePlatformsOrder) {
-  Layer on("{}");
-  on.layer.WriteRegistry(u"HKCU\\K", u"z", Text(u"last first"));
-  on.layer.WriteRegistry(u"HKCU\\K", u"number", std::int32_t{70000});
-  on.layer.WriteRegistry(u"HKCU\\K", u"a name of many more letters", VariantArray{std::byte{7}});
-  on.layer.WriteRegistry(u"HKCU\\K", u"", Text(u"\u00E9"));
-  const auto values = on.layer.EnumerateRegistryValues(u"HKCU\\K");
-  EXPECT_EQ(on.layer.Error(), RegistryError());
-  ASSERT_EQ(values.size(), 4u);
-  EXPECT_EQ(values[0].name, u"z");
-  EXPECT_EQ(values[0].type, 1u);
-  EXPECT_EQ(values[0].value, Variant(Text(u"last first")));
-  EXPECT_EQ(values[1].name, u"number");
-  EXPECT_EQ(values[1].type, 4u);
-  EXPECT_EQ(values[1].value, Variant(std::int32_t{70000}));
-  EXPECT_EQ(values[2].name, u"a name of many more letters");
-  EXPECT_EQ(values[2].type, 3u);
-  EXPECT_EQ(values[2].value, Variant(VariantArray{std::byte{7}}));
-  EXPECT_EQ(values[3].name, u"");
-  EXPECT_EQ(values[3].value, Variant(Text(u"\u00E9")));
-  EXPECT_TRUE(on.layer.EnumerateRegistryValues(u"HKCU").empty());
-  EXPECT_EQ(on.layer.Error(), RegistryError());
-}
-
-TEST(RegistryLayer, EnumeratesWithoutTheValueThatCannotBeRead) {
-  Layer on;
-  on.failures.failingName = "RegistryApi::ValueAt";
-  EXPECT_TRUE(on.layer.EnumerateRegistryValues(u"HKCU\\App").empty());
-  EXPECT_EQ(on.layer.Error(), RegistryError());
-  on.failures.failingName = "RegistryApi::QueryKey";
-  EXPECT_TRUE(on.layer.EnumerateRegistryValues(u"HKCU\\App").empty());
-  EXPECT_NE(on.layer.Error(), RegistryError());
 }
 
 // Every operation, whichever call fails: it comes back, and leaves no key open.

@@ -4,7 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/sim/simulated.h"
+#include "tests/speech/speaking.h"
 
 namespace pointalk {
 namespace {
@@ -22,7 +22,8 @@ class SettingsFileTest : public ::testing::Test {
   sim::Simulated simulated{R"({"machine": {"sapi4": {"speed": 150}}})"};
   MidiPort port{simulated.platform.midi};
   PositionTones positionTones{port};
-  Engine engine{simulated.platform.sapi5, simulated.platform.sapi4, simulated.platform.panel};
+  SpeechStack speech{simulated.platform};
+  Engine& engine = speech.engine;
   SettingsFile file{simulated.platform.files, engine, port, positionTones};
 };
 

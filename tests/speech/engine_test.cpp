@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/sim/simulated.h"
+#include "tests/speech/speaking.h"
 
 namespace pointalk {
 namespace {
@@ -11,7 +11,8 @@ namespace {
 class EngineTest : public ::testing::Test {
  protected:
   sim::Simulated simulated{R"({"machine": {"sapi4": {}}})"};
-  Engine engine{simulated.platform.sapi5, simulated.platform.sapi4, simulated.platform.panel};
+  SpeechStack speech{simulated.platform};
+  Engine& engine = speech.engine;
 };
 
 TEST_F(EngineTest, IsSilentBeforeThereIsAnObject) {

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/sim/simulated.h"
+#include "tests/speech/speaking.h"
 #include "tests/support/forwarding.h"
 
 namespace pointalk {
@@ -51,8 +51,8 @@ class WrittenSapi4 final : public testing::ForwardingSapi4Control {
 class SpeakerTest : public ::testing::Test {
  protected:
   SpeakerTest() {
-    engine.Choose(4);
-    engine.KeepChosen();
+    speech.engine.Choose(4);
+    speech.engine.KeepChosen();
   }
 
   // How often the wait for a text of five characters put the position back.
@@ -65,12 +65,11 @@ class SpeakerTest : public ::testing::Test {
   }
 
   sim::Simulated simulated{R"({"machine": {"sapi4": {}}})"};
-  Keys keys{simulated.platform.input};
-  Clicks clicks;
   WrittenSapi4 sapi4{simulated.platform.sapi4};
-  Engine engine{simulated.platform.sapi5, sapi4, simulated.platform.panel};
-  Pronouncer pronouncer{keys};
-  Speaker speaker{keys, clicks, engine, pronouncer};
+  SpeechStack speech{simulated.platform, sapi4};
+  Keys& keys = speech.keys;
+  Clicks& clicks = speech.clicks;
+  Speaker& speaker = speech.speaker;
 };
 
 TEST_F(SpeakerTest, WaitEndsWithoutAWordOrAtTheTextsEnd) {
@@ -94,10 +93,10 @@ TEST_F(SpeakerTest, WaitGivesUpAtTheHundredAndFirstStallInARow) {
 }
 
 TEST_F(SpeakerTest, WaitEndsAtOnceWithTheOtherEnginesVoice) {
-  Engine unkept{simulated.platform.sapi5, sapi4, simulated.platform.panel};
-  ASSERT_TRUE(unkept.CreateBoth().mHaveSapi5);
-  unkept.Choose(4);
-  Speaker(keys, clicks, unkept, pronouncer).SpeakAndWait(u"Hello");
+  SpeechStack unkept(simulated.platform, sapi4);
+  ASSERT_TRUE(unkept.engine.CreateBoth().mHaveSapi5);
+  unkept.engine.Choose(4);
+  unkept.speaker.SpeakAndWait(u"Hello");
   EXPECT_EQ(sapi4.readings, 0);
   EXPECT_EQ(simulated.transcript(), "sapi5 speak 0 \"Hello\"\n");
 }

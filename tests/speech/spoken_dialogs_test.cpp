@@ -5,7 +5,6 @@
 
 #include <functional>
 
-#include "tests/app/running_program.h"
 #include "tests/speech/speaking.h"
 
 namespace pointalk {
