@@ -10,7 +10,7 @@ HEALTHY = ((960, 380), "O K button"), ((840, 405), "Page up")
 HUGE = 2**31 - 1
 SLOW = 60    # milliseconds
 LATE = 300   # milliseconds, three times what is waited for
-ROUNDS = 3
+ROUNDS = 2
 ROUGHLY = 3  # handles that a query which is just going on may have open
 
 # The controls that a target makes, with the places on them that are visited.
