@@ -72,6 +72,13 @@ class PasswordTest : public testing::Test {
 
   std::string Counts(const std::string& window) { return world_.Tell("counts " + window); }
 
+  // How often the field was sent that message.
+  int Count(const std::string& message) {
+    const std::string counts = Counts("field");
+    const std::string_view count = RawField(counts, message);
+    return count.empty() ? 0 : std::stoi(std::string(count));
+  }
+
   WinWorld world_{{{{"frame", u"ContractFrame", u"Frame", {100, 100, 500, 400}}}}};
   ControlMessages& messages_ = world_.platform.messages;
 };
@@ -160,7 +167,7 @@ TEST_F(PasswordTest, AFieldThatDoesNotSayWhatItIsCountsAsAPasswordFieldAndIsAske
   EXPECT_EQ(messages_.WindowText(field, 100), std::nullopt);
   EXPECT_EQ(messages_.EditLine(field, 0, 100), std::nullopt);
   world_.Tell("unrule field EM_GETPASSWORDCHAR");
-  EXPECT_THAT(Counts("field"), HasSubstr("\"EM_GETPASSWORDCHAR\":1"));
+  EXPECT_EQ(Count("EM_GETPASSWORDCHAR"), 1);
   EXPECT_THAT(Counts("field"), Not(HasSubstr("WM_GETTEXT")));
   EXPECT_TRUE(world_.RunUntil([&] { return messages_.WindowText(field, 100) == u"marlin"; }, 100'000));
 }
@@ -176,7 +183,7 @@ TEST_F(PasswordTest, AFieldThatDoesNotAnswerTheObjectsQuestionIsAskedNoMore) {
   EXPECT_FALSE(world_.platform.unresponsiveThreads.AllAnswer());
   EXPECT_EQ(messages_.WindowText(field, 100), std::nullopt);
   world_.Tell("unrule field EM_GETPASSWORDCHAR");
-  EXPECT_THAT(Counts("field"), Not(HasSubstr("\"EM_GETPASSWORDCHAR\":2")));
+  EXPECT_LE(Count("EM_GETPASSWORDCHAR"), 1);
   EXPECT_TRUE(world_.RunUntil([&] { return messages_.WindowText(field, 100) == u"marlin"; }, 100'000));
 }
 
