@@ -115,11 +115,15 @@ TEST_F(PasswordTest, AWindowThatIsNoTextFieldTellsItsTextWhateverItsStyle) {
 }
 
 TEST_F(PasswordTest, AComboBoxKeepsTheTextOfItsPasswordField) {
-  const WindowHandle combo = Make("class=ComboBox kind=editable");
-  world_.Tell("title field marlin");
-  EXPECT_EQ(Answered([&] { return messages_.WindowText(combo, 100); }), u"marlin");
-  world_.Tell("conceal field");
-  ExpectKept(combo);
+  for (const char* what : {"class=ComboBox kind=editable", "class=OddCombo base=ComboBox kind=editable"}) {
+    SCOPED_TRACE(what);
+    const WindowHandle combo = Make(what);
+    world_.Tell("title field marlin");
+    EXPECT_EQ(Answered([&] { return messages_.WindowText(combo, 100); }), u"marlin");
+    world_.Tell("conceal field");
+    ExpectKept(combo);
+    world_.Tell("destroy field");
+  }
 }
 
 // No window is found at its place, but the frame's object finds its object.
