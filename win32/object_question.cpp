@@ -36,12 +36,16 @@ std::optional<std::int32_t> ReadRole(IAccessible& object, const VARIANT& child) 
   return NumberIn(role);
 }
 
-// An object that knows no states has no protected one; one that fails to tell its state may have it.
+// An object that knows no states has no protected one; one that fails to tell its state, or tells it in
+// words, may have it.
 bool IsProtected(IAccessible& object, const VARIANT& child) {
   Variant state;
   const HRESULT outcome = object.get_accState(child, state.Fill());
   if (outcome == E_NOTIMPL || outcome == DISP_E_MEMBERNOTFOUND) return false;
-  return FAILED(outcome) || (NumberIn(state).value_or(0) & STATE_SYSTEM_PROTECTED) != 0;
+  if (FAILED(outcome)) return true;
+  const bool isTold = state.Get().vt != VT_EMPTY;
+  const std::optional<std::int32_t> number = NumberIn(state);
+  return number ? (*number & STATE_SYSTEM_PROTECTED) != 0 : isTold;
 }
 
 // The window that an object says it is of; null when it does not.

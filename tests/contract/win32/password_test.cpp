@@ -152,13 +152,17 @@ TEST_F(PasswordTest, AnObjectOfAPasswordFieldHasANameButNoValue) {
   EXPECT_EQ(facts->value, std::nullopt);
 }
 
-TEST_F(PasswordTest, AnObjectThatKnowsNoStatesTellsItsValueAndOneThatFailsToDoesNot) {
+TEST_F(PasswordTest, AnObjectThatKnowsNoStatesTellsItsValueAndOneThatDoesNotTellThemDoesNot) {
   Make("class=OddOwn");
   world_.Tell("element field 0 value=marlin role=42 state=none");
   auto facts = Ask();
   ASSERT_TRUE(facts);
   EXPECT_EQ(facts->value, u"marlin");
-  world_.Tell("element field 0 fails=state");
+  world_.Tell("element field 0 statetext=guarded");
+  facts = Ask();
+  ASSERT_TRUE(facts);
+  EXPECT_EQ(facts->value, std::nullopt);
+  world_.Tell("element field 0 statetext= fails=state");
   facts = Ask();
   ASSERT_TRUE(facts);
   EXPECT_EQ(facts->value, std::nullopt);
