@@ -63,24 +63,30 @@ bool IsNamedByText(std::optional<std::int32_t> role) {
   return !role || *role == ROLE_SYSTEM_CLIENT || *role == ROLE_SYSTEM_WINDOW;
 }
 
-// The windows at and of an object, asked whether they are password fields.
+// The windows at and of an object, asked whether they are password fields. To be made before the object is
+// asked, which may take so long that another window has come to the place meanwhile.
 class PasswordQuestion {
  public:
-  explicit PasswordQuestion(Point screen) : screen_(screen) {}
+  explicit PasswordQuestion(Point screen) : screen_(screen), before_(AtPlace()) {}
 
-  bool HasPasswordAtPlace() { return Holds(WindowFromPoint({screen_.x, screen_.y})); }
+  bool HasPasswordAtPlace() {
+    const HWND now = AtPlace();
+    return Holds(now) || (now != before_ && Holds(before_));
+  }
 
   // At a point of a disabled window the system finds the window below, but the object is the disabled one's.
   bool IsOfPassword(IAccessible& object) {
     if (HasPasswordAtPlace()) return true;
     const HWND own = WindowOf(object);
-    return own != nullptr && own != WindowFromPoint({screen_.x, screen_.y}) && Holds(own);
+    return own != nullptr && own != AtPlace() && own != before_ && Holds(own);
   }
 
   // A window that did not answer in time; null where all did.
   HWND Unresponsive() const { return unresponsive_; }
 
  private:
+  HWND AtPlace() const { return WindowFromPoint({screen_.x, screen_.y}); }
+
   bool Holds(HWND window) {
     return HoldsPassword(window, [this](HWND field, UINT message) { return Ask(field, message); });
   }
@@ -99,6 +105,7 @@ class PasswordQuestion {
   }
 
   Point screen_;
+  HWND before_;  // at the place, before the object was asked
   HWND unresponsive_ = nullptr;
 };
 

@@ -4,13 +4,17 @@
 #include <richedit.h>
 
 #include <array>
+#include <future>
 #include <span>
 #include <string>
 #include <tuple>
 
 #include "reader/messages.h"
 #include "tests/contract/asking.h"
+#include "tests/contract/win32/patience.h"
 #include "tests/contract/win32/win_world.h"
+#include "win32/com.h"
+#include "win32/object_question.h"
 
 namespace pointalk::contract {
 namespace {
@@ -193,6 +197,26 @@ TEST_F(PasswordTest, AFieldThatDoesNotAnswerTheObjectsQuestionIsAskedNoMore) {
   world_.Tell("unrule field EM_GETPASSWORDCHAR");
   EXPECT_LE(Count("EM_GETPASSWORDCHAR"), 1);
   EXPECT_TRUE(world_.RunUntil([&] { return messages_.WindowText(field, 100) == u"marlin"; }, 100'000));
+}
+
+// The object may take long to answer, and a window open over the field meanwhile.
+TEST_F(PasswordTest, AFieldThatIsCoveredWhileItsObjectIsAskedKeepsItsText) {
+  Make("class=OddTextBox base=Edit kind=password");
+  world_.Tell("element field 0 value=marlin role=42");
+  world_.Tell("rule field accName hold");
+  world_.Tell("reset");
+  world_.MovePointer(kOnField);
+  auto answer = std::async(std::launch::async, [] {
+    const win32::ComThread com(COINIT_MULTITHREADED);
+    win32::AutomationQuestion automation;
+    return win32::AskObjectAt(kOnField, automation, [](const std::optional<AccessibleFacts>&) {});
+  });
+  EXPECT_TRUE(world_.RunUntil([&] { return Count("accName") == 1; }, kPatience));
+  world_.Tell(std::string("create cover class=OddCover topmost=1 thread=cover") + kFieldRect);
+  world_.Tell("unrule field accName");
+  const auto facts = answer.get().facts;
+  ASSERT_TRUE(facts);
+  EXPECT_EQ(facts->value, std::nullopt);
 }
 
 TEST_F(PasswordTest, NobodyIsAskedWhereClassAndStyleTell) {
