@@ -122,8 +122,16 @@ template <typename Question> bool KeepFieldText(AccessibleFacts& facts, Question
 
 struct Said {
   std::optional<AccessibleFacts> facts;
-  bool keepsPassword = false;  // and these are without it
+  bool isProtected = false;    // asked only where there may be a value
+  bool keepsPassword = false;  // one was found, and these are without it
 };
+
+Text ClassAt(Point screen) {
+  std::array<wchar_t, 257> name{};
+  const int length =
+      GetClassNameW(WindowFromPoint({screen.x, screen.y}), name.data(), static_cast<int>(name.size()));
+  return FromWide({name.data(), static_cast<std::size_t>(length)});
+}
 
 // Nobody converts the place on its way to the object of another program, nor in the messages by which the
 // system's own objects ask a control. So it has to be as that program counts.
@@ -145,17 +153,12 @@ Said AskAccessibleObject(Point screen, PasswordQuestion& password) {
   facts.role = ReadRole(*object, child.Get());
   facts.description = Read(*object, &IAccessible::get_accDescription, child.Get(), kLongestDescription);
   facts.value = Read(*object, &IAccessible::get_accValue, child.Get());
-  const bool isProtected = facts.value && IsProtected(*object, child.Get());
+  const bool mayHaveValue = facts.value || WantsAutomation(facts, ClassAt(screen));
+  const bool isProtected = mayHaveValue && IsProtected(*object, child.Get());
+  const bool hasKept = isProtected && facts.value;
   if (isProtected) facts.value.reset();
   const bool isOfField = KeepFieldText(facts, [&] { return password.IsOfPassword(*object); });
-  return {std::move(facts), isProtected || isOfField};
-}
-
-Text ClassAt(Point screen) {
-  std::array<wchar_t, 257> name{};
-  const int length =
-      GetClassNameW(WindowFromPoint({screen.x, screen.y}), name.data(), static_cast<int>(name.size()));
-  return FromWide({name.data(), static_cast<std::size_t>(length)});
+  return {std::move(facts), isProtected, hasKept || isOfField};
 }
 
 }  // namespace
@@ -166,6 +169,7 @@ ObjectAnswer AskObjectAt(Point screen, AutomationQuestion& automation, const Ear
   if (!said.keepsPassword && WantsAutomation(said.facts, ClassAt(screen))) {
     early(said.facts);
     if (std::optional<AutomationAnswer> more = automation.Ask(screen)) {
+      more->isPassword = more->isPassword || said.isProtected;
       said.facts = Joined(std::move(said.facts), *std::move(more));
       KeepFieldText(*said.facts, [&password] { return password.HasPasswordAtPlace(); });
     }
