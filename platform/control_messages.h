@@ -1,5 +1,6 @@
 // Seam: messages to other programs' controls. Each has a time limit of 100 ms and fails at once for a program
-// that is known to be unresponsive; one that timed out or failed gives no part of an answer.
+// that is known to be unresponsive, and once all that is asked for one description has taken five seconds; a
+// message that timed out or failed gives no part of an answer.
 //
 // A password field is not asked for its text: whichever message of a text field would give the text, a part
 // of it or its length, the field counts as not having answered. Where its lines and characters stand it

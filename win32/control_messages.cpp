@@ -53,15 +53,20 @@ std::optional<std::int32_t> WinControlMessages::Ask(HWND window, UINT message, W
 
 std::optional<std::int32_t> WinControlMessages::AskOpenly(HWND window, UINT message, WPARAM wParam,
                                                           LPARAM lParam) {
-  if (!unresponsiveThreads_.MayAsk(window)) return std::nullopt;
+  if (answerTime_.IsOver(GetTickCount64()) || !unresponsiveThreads_.MayAsk(window)) return std::nullopt;
   DWORD_PTR result = 0;
   const ULONGLONG begin = GetTickCount64();
   SetLastError(0);
-  if (SendMessageTimeoutW(window, message, wParam, lParam, kHowToWait, kLimit, &result) != 0) {
-    CountTime(window, begin, GetTickCount64());
+  const bool answered =
+      SendMessageTimeoutW(window, message, wParam, lParam, kHowToWait, kLimit, &result) != 0;
+  const DWORD error = GetLastError();
+  const ULONGLONG end = GetTickCount64();
+  answerTime_.Add(begin, end);
+  if (answered) {
+    CountTime(window, begin, end);
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(result));
   }
-  if (ShowsUnresponsive(GetLastError())) unresponsiveThreads_.TimedOut(window);
+  if (ShowsUnresponsive(error)) unresponsiveThreads_.TimedOut(window);
   return std::nullopt;
 }
 

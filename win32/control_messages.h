@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/control_messages.h"
+#include "win32/answer_time.h"
 #include "win32/guarded_buffer.h"
 #include "win32/unresponsive_threads.h"
 
@@ -9,8 +10,8 @@ namespace pointalk::win32 {
 
 class WinControlMessages final : public ControlMessages {
  public:
-  explicit WinControlMessages(UnresponsiveThreads& unresponsiveThreads)
-      : unresponsiveThreads_(unresponsiveThreads) {}
+  WinControlMessages(UnresponsiveThreads& unresponsiveThreads, AnswerTime& answerTime)
+      : unresponsiveThreads_(unresponsiveThreads), answerTime_(answerTime) {}
 
   std::optional<std::int32_t> Send(WindowHandle window, std::uint32_t message, std::uint64_t wParam,
                                    std::uint64_t lParam) override;
@@ -26,6 +27,7 @@ class WinControlMessages final : public ControlMessages {
   void CountTime(HWND window, ULONGLONG begin, ULONGLONG end);
 
   UnresponsiveThreads& unresponsiveThreads_;
+  AnswerTime& answerTime_;
   ULONGLONG lastSlowAnswer_ = 0;  // by the system's clock, in milliseconds
   ULONGLONG takenSinceLeft_ = 0;  // milliseconds
   GuardedBuffer texts_;           // for texts of a length that the control decides

@@ -9,6 +9,7 @@ namespace {
 
 constexpr UINT kLookInterval = 1000;  // milliseconds
 constexpr std::ptrdiff_t kMostOfProcess = 32;
+constexpr std::ptrdiff_t kMostAtOnce = 2;  // blocks that one message is given
 
 // Milliseconds between the thread's answer and the end of a block. A thread may look at its messages while it
 // is still at work with one.
@@ -23,7 +24,7 @@ LentBlocks::~LentBlocks() {
 bool LentBlocks::IsFull(DWORD process) const {
   return std::count_if(lent_.begin(), lent_.end(), [process](const Lent& lent) {
            return GetProcessId(lent.process.get()) == process;
-         }) >= kMostOfProcess;
+         }) > kMostOfProcess - kMostAtOnce;
 }
 
 void LentBlocks::Take(std::shared_ptr<void> process, void* block, std::shared_ptr<Probe> probe) noexcept {

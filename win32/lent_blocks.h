@@ -20,7 +20,7 @@ class LentBlocks {
   LentBlocks(const LentBlocks&) = delete;
   LentBlocks& operator=(const LentBlocks&) = delete;
 
-  // As many wait in that process as may.
+  // With those of another message there might wait more in that process than may.
   bool IsFull(DWORD process) const;
 
   // The block is given back some seconds after the probe is over. Where there is no memory to remember it, it

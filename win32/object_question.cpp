@@ -36,12 +36,16 @@ std::optional<std::int32_t> ReadRole(IAccessible& object, const VARIANT& child) 
   return NumberIn(role);
 }
 
-// An object that knows no states has no protected one; one that fails to tell its state may have it.
+// An object that knows no states has no protected one; one that fails to tell its state, or tells it in
+// words, may have it.
 bool IsProtected(IAccessible& object, const VARIANT& child) {
   Variant state;
   const HRESULT outcome = object.get_accState(child, state.Fill());
   if (outcome == E_NOTIMPL || outcome == DISP_E_MEMBERNOTFOUND) return false;
-  return FAILED(outcome) || (NumberIn(state).value_or(0) & STATE_SYSTEM_PROTECTED) != 0;
+  if (FAILED(outcome)) return true;
+  const bool isTold = state.Get().vt != VT_EMPTY;
+  const std::optional<std::int32_t> number = NumberIn(state);
+  return number ? (*number & STATE_SYSTEM_PROTECTED) != 0 : isTold;
 }
 
 // The window that an object says it is of; null when it does not.
@@ -59,24 +63,30 @@ bool IsNamedByText(std::optional<std::int32_t> role) {
   return !role || *role == ROLE_SYSTEM_CLIENT || *role == ROLE_SYSTEM_WINDOW;
 }
 
-// The windows at and of an object, asked whether they are password fields.
+// The windows at and of an object, asked whether they are password fields. To be made before the object is
+// asked, which may take so long that another window has come to the place meanwhile.
 class PasswordQuestion {
  public:
-  explicit PasswordQuestion(Point screen) : screen_(screen) {}
+  explicit PasswordQuestion(Point screen) : screen_(screen), before_(AtPlace()) {}
 
-  bool HasPasswordAtPlace() { return Holds(WindowFromPhysicalPoint({screen_.x, screen_.y})); }
+  bool HasPasswordAtPlace() {
+    const HWND now = AtPlace();
+    return Holds(now) || (now != before_ && Holds(before_));
+  }
 
   // At a point of a disabled window the system finds the window below, but the object is the disabled one's.
   bool IsOfPassword(IAccessible& object) {
     if (HasPasswordAtPlace()) return true;
     const HWND own = WindowOf(object);
-    return own != nullptr && own != WindowFromPhysicalPoint({screen_.x, screen_.y}) && Holds(own);
+    return own != nullptr && own != AtPlace() && own != before_ && Holds(own);
   }
 
   // A window that did not answer in time; null where all did.
   HWND Unresponsive() const { return unresponsive_; }
 
  private:
+  HWND AtPlace() const { return WindowFromPhysicalPoint({screen_.x, screen_.y}); }
+
   bool Holds(HWND window) {
     return HoldsPassword(window, [this](HWND field, UINT message) { return Ask(field, message); });
   }
@@ -95,6 +105,7 @@ class PasswordQuestion {
   }
 
   Point screen_;
+  HWND before_;  // at the place, before the object was asked
   HWND unresponsive_ = nullptr;
 };
 
@@ -111,8 +122,16 @@ template <typename Question> bool KeepFieldText(AccessibleFacts& facts, Question
 
 struct Said {
   std::optional<AccessibleFacts> facts;
-  bool keepsPassword = false;  // and these are without it
+  bool isProtected = false;    // asked only where there may be a value
+  bool keepsPassword = false;  // one was found, and these are without it
 };
+
+Text ClassAt(Point screen) {
+  std::array<wchar_t, 257> name{};
+  const int length = GetClassNameW(WindowFromPhysicalPoint({screen.x, screen.y}), name.data(),
+                                   static_cast<int>(name.size()));
+  return FromWide({name.data(), static_cast<std::size_t>(length)});
+}
 
 // Nobody converts the place on its way to the object of another program, nor in the messages by which the
 // system's own objects ask a control. So it has to be as that program counts.
@@ -134,17 +153,12 @@ Said AskAccessibleObject(Point screen, PasswordQuestion& password) {
   facts.role = ReadRole(*object, child.Get());
   facts.description = Read(*object, &IAccessible::get_accDescription, child.Get(), kLongestDescription);
   facts.value = Read(*object, &IAccessible::get_accValue, child.Get());
-  const bool isProtected = facts.value && IsProtected(*object, child.Get());
+  const bool mayHaveValue = facts.value || WantsAutomation(facts, ClassAt(screen));
+  const bool isProtected = mayHaveValue && IsProtected(*object, child.Get());
+  const bool hasKept = isProtected && facts.value;
   if (isProtected) facts.value.reset();
   const bool isOfField = KeepFieldText(facts, [&] { return password.IsOfPassword(*object); });
-  return {std::move(facts), isProtected || isOfField};
-}
-
-Text ClassAt(Point screen) {
-  std::array<wchar_t, 257> name{};
-  const int length = GetClassNameW(WindowFromPhysicalPoint({screen.x, screen.y}), name.data(),
-                                   static_cast<int>(name.size()));
-  return FromWide({name.data(), static_cast<std::size_t>(length)});
+  return {std::move(facts), isProtected, hasKept || isOfField};
 }
 
 }  // namespace
@@ -155,6 +169,7 @@ ObjectAnswer AskObjectAt(Point screen, AutomationQuestion& automation, const Ear
   if (!said.keepsPassword && WantsAutomation(said.facts, ClassAt(screen))) {
     early(said.facts);
     if (std::optional<AutomationAnswer> more = automation.Ask(screen)) {
+      more->isPassword = more->isPassword || said.isProtected;
       said.facts = Joined(std::move(said.facts), *std::move(more));
       KeepFieldText(*said.facts, [&password] { return password.HasPasswordAtPlace(); });
     }

@@ -41,16 +41,24 @@ class ClassName {
   explicit ClassName(HWND window) { length_ = GetClassNameW(window, name_.data(), kLongestClassName + 1); }
 
   // Upper and lower case count as the same, as they do for the system.
-  bool BeginsWith(std::wstring_view begin) const {
-    const int length = static_cast<int>(begin.size());
-    return length <= length_ &&
-           CompareStringOrdinal(name_.data(), length, begin.data(), length, TRUE) == CSTR_EQUAL;
-  }
+  bool BeginsWith(std::wstring_view begin) const { return HasAt(0, begin); }
   bool Is(std::wstring_view whole) const {
     return static_cast<std::size_t>(length_) == whole.size() && BeginsWith(whole);
   }
+  bool Contains(std::wstring_view part) const {
+    for (int place = 0; place < length_; ++place) {
+      if (HasAt(place, part)) return true;
+    }
+    return false;
+  }
 
  private:
+  bool HasAt(int place, std::wstring_view part) const {
+    const int length = static_cast<int>(part.size());
+    return length <= length_ - place &&
+           CompareStringOrdinal(name_.data() + place, length, part.data(), length, TRUE) == CSTR_EQUAL;
+  }
+
   std::array<wchar_t, kLongestClassName + 1> name_{};
   int length_ = 0;
 };
@@ -64,13 +72,14 @@ PasswordSigns SignsOf(HWND window, const ClassName& name) {
 
 }  // namespace
 
+// A program gives a class that it makes of the system's combo box a name of its own; what is inside keeps the
+// system's.
 TextKeeper KeeperOfText(HWND window) {
   const ClassName name(window);
-  const wchar_t* const inside = name.Is(L"ComboBoxEx32") ? L"ComboBox"
-                                : name.Is(L"ComboBox")   ? L"Edit"
-                                                         : nullptr;
-  if (inside != nullptr) {
-    if (const HWND child = FindWindowExW(window, nullptr, inside, nullptr)) return KeeperOfText(child);
+  if (name.Contains(L"combo")) {
+    for (const wchar_t* const inside : {L"Edit", L"ComboBox"}) {
+      if (const HWND child = FindWindowExW(window, nullptr, inside, nullptr)) return KeeperOfText(child);
+    }
   }
   return {window, SignsOf(window, name)};
 }

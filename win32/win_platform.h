@@ -4,6 +4,7 @@
 #include "platform/platform.h"
 #include "win32/accessibility.h"
 #include "win32/ansi.h"
+#include "win32/answer_time.h"
 #include "win32/clock.h"
 #include "win32/control_messages.h"
 #include "win32/dialogs.h"
@@ -32,15 +33,16 @@ struct WinPlatform {
   }
 
   UnresponsiveThreads unresponsiveThreads;
+  AnswerTime answerTime;
   VoiceThread voice;
   WinPanel panel{voice};
   WinInput input{panel.Window()};
   WinWindowTree windows;
-  WinControlMessages messages{unresponsiveThreads};
+  WinControlMessages messages{unresponsiveThreads, answerTime};
   WinRemoteMemory memory{unresponsiveThreads, panel.Window()};
   WinAnsi ansi;
   WinMenus menus;
-  WinAccessibility accessibility{unresponsiveThreads};
+  WinAccessibility accessibility{unresponsiveThreads, answerTime};
   WinMidiOut midi;
   WinSapi5Voice sapi5{voice};
   WinSapi4Control sapi4{voice};

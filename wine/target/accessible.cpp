@@ -45,6 +45,7 @@ void ConfigureElement(Element& element, const CommandLine& line) {
     element.state.reset();
   else if (line.Has(L"state"))
     element.state = static_cast<LONG>(line.NumberOr(L"state", 0));
+  if (line.Has(L"statetext")) element.stateText = line.Option(L"statetext");
   if (line.Has(L"rect")) element.rect = ParseRect(line.Option(L"rect"));
   if (line.Has(L"fails")) element.fails = Names(line.Option(L"fails"));
   if (line.Has(L"object")) element.isObject = line.NumberOr(L"object", 0) != 0;
@@ -157,6 +158,11 @@ STDMETHODIMP AccessibleObject::get_accState(VARIANT child, VARIANT* state) {
   const Element* element = Find(child);
   if (!element) return E_INVALIDARG;
   if (element->fails.contains(L"state")) return E_FAIL;
+  if (!element->stateText.empty()) {
+    state->vt = VT_BSTR;
+    state->bstrVal = NewText(element->stateText);
+    return S_OK;
+  }
   if (!element->state) return E_NOTIMPL;
   SetNumber(state, *element->state);
   return S_OK;

@@ -27,6 +27,7 @@ struct Element {
   std::wstring role = L"10";      // a number, or the text of a role of its own
   std::wstring roleType = L"i4";  // i2, i4, r8, bstr or empty: how the role is handed over
   std::optional<LONG> state = 0;  // none: answered with E_NOTIMPL
+  std::wstring stateText;         // answered in place of the number, where it is not empty
   RECT rect{};                    // screen pixels
   std::set<std::wstring> fails;   // name, value, description, role, state: answered with E_FAIL
   bool isObject = false;          // handed over as an object of its own instead of a number

@@ -10,8 +10,8 @@
 //   items NAME TEXT...            replaces the items of a control
 //   data NAME NUMBER...           the same for an owner-drawn list box without strings
 //   menu NAME TITLE ITEM...       appends a drop-down menu; "-" is a separator
-//   element NAME ID [name=] [value=] [description=] [role=] [roletype=] [state=N|none] [rect=]
-//   [fails=name,value,...] [object=1]
+//   element NAME ID [name=] [value=] [description=] [role=] [roletype=] [state=N|none]
+//   [statetext=] [rect=] [fails=name,value,...] [object=1]
 //          a part of the window's own accessible object; 0 is the whole. forget NAME: no such object any more
 //   conceal NAME                  from now on a text field, or a combo box's, has a password character
 //   title NAME TEXT | move NAME L T R B | show NAME | hide NAME | raise NAME | foreground NAME | destroy NAME

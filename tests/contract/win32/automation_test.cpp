@@ -135,6 +135,17 @@ TEST_F(AutomationTest, NobodyElseIsAskedForWhatAnObjectKeeps) {
   EXPECT_EQ(Questions(), before);
 }
 
+TEST_F(AutomationTest, AProtectedObjectThatGivesNoValueHasNoneFromAnybodyElse) {
+  Make("class=ContractSilent", "role=42 value=marlin fails=value");
+  Answer("name=Code value=marlin role=42");
+  EXPECT_EQ(Ask()->value, u"marlin");
+  world_.Tell("element window 0 state=" + kProtected);
+  const auto facts = Ask();
+  ASSERT_TRUE(facts);
+  EXPECT_EQ(facts->name, u"Code");
+  EXPECT_EQ(facts->value, std::nullopt);
+}
+
 // The label is told, but not a name that may be the field's own text.
 TEST_F(AutomationTest, ThePasswordOfAFieldIsNotTold) {
   world_.Tell("create window class=OddBox base=Edit kind=password title=marlin rect=100,100,300,300");

@@ -5,10 +5,12 @@
 #include <array>
 #include <semaphore>
 #include <thread>
+#include <tuple>
 
 #include "reader/messages.h"
 #include "tests/contract/win32/patience.h"
 #include "tests/contract/win32/win_world.h"
+#include "win32/answer_time.h"
 
 namespace pointalk::contract {
 namespace {
@@ -144,6 +146,39 @@ TEST_F(HangTest, EveryFailureButThatOfAWindowThatTakesNoMessageShowsAThreadThatD
     EXPECT_TRUE(win32::ShowsUnresponsive(error)) << error;
   for (const DWORD error : {DWORD{ERROR_ACCESS_DENIED}, DWORD{ERROR_INVALID_WINDOW_HANDLE}})
     EXPECT_FALSE(win32::ShowsUnresponsive(error)) << error;
+}
+
+// Each answer comes within its limit, but all of them together would take many seconds.
+TEST_F(HangTest, AProgramThatIsSlowToAnswerEverythingIsAskedNoMoreForThisDescription) {
+  world_.MovePointer(kHungPlace);
+  world_.Tell("rule hung WM_GETTEXTLENGTH delay 60");
+  const win32::UnresponsiveThreads& threads = world_.platform.unresponsiveThreads;
+  // On a busy machine an answer may run over its own limit instead; then it is begun anew.
+  const auto refused = [&] {
+    int answers = 0;
+    while (answers < 200 && Length(hung_)) ++answers;
+    return answers < 200 && threads.AllAnswer();
+  };
+  EXPECT_TRUE(world_.RunUntil(refused, kPatience));
+  std::ignore = accessibility_.ObjectAt(kHungPlace);  // the next description
+  EXPECT_TRUE(Length(hung_) || !threads.AllAnswer());
+}
+
+TEST(AnswerTime, IsOverAfterFiveSecondsOfAnswersAndBeginsAnewWithADescriptionOrAfterAPause) {
+  win32::AnswerTime time;
+  time.Add(1'000, 3'999);
+  time.Add(4'050, 6'050);
+  EXPECT_FALSE(time.IsOver(6'050));
+  time.Add(6'150, 6'151);
+  EXPECT_TRUE(time.IsOver(6'151));
+  EXPECT_TRUE(time.IsOver(6'251));
+  EXPECT_FALSE(time.IsOver(6'252));
+  time.BeginDescription();
+  EXPECT_FALSE(time.IsOver(6'151));
+  time.Add(6'151, 11'151);
+  EXPECT_TRUE(time.IsOver(11'151));
+  time.Add(11'252, 11'252);
+  EXPECT_FALSE(time.IsOver(11'252));
 }
 
 TEST_F(HangTest, AWindowThatHasGoneIsNoThreadThatDoesNotAnswer) {
