@@ -101,9 +101,9 @@ def test_a_speech_server_that_it_starts_can_be_ended(unaddressed, tmp_path):
     server.chmod(0o755)
     unaddressed.start(PROGRAM, PATH=f"{tmp_path}:{unaddressed.env['PATH']}")
     unaddressed.wait_until(seen.exists)
-    numbers = [signal.SIGTERM, signal.SIGINT, signal.SIGPIPE]
-    if signal.getsignal(signal.SIGHUP) != signal.SIG_IGN:  # as under nohup, which goes on for all that is started
-        numbers.append(signal.SIGHUP)
+    # What the starter of the tests ignores, as nohup does and a shell for what it starts with &, is ignored by all that follow.
+    numbers = [number for number in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP) if signal.getsignal(number) != signal.SIG_IGN]
+    numbers.append(signal.SIGPIPE)
     for line in seen.read_text(encoding="utf-8").splitlines():
         signals = int(line.split()[1], 16)
         for number in numbers:
