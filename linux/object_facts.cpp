@@ -16,6 +16,7 @@ namespace {
 constexpr std::int32_t kMostOfText = 1000;         // characters of a field that are read
 constexpr std::size_t kLongestDescription = 2000;  // characters: it is waited for until it has been said
 constexpr double kLargestValue = 1e12;
+constexpr std::int32_t kListBorder = 8;       // that a list may count as its own beside what its window shows
 constexpr std::int32_t kLineNumbers = 32749;  // a prime that a line number stays below
 
 // Dial, progress bar, scroll bar, slider, spin button, level bar, rating: what they show is a number.
@@ -88,6 +89,15 @@ bool Facts::HasText() const {
 bool Facts::Holds(const Measure& measure) const {
   return measure.x >= counted.x && measure.y >= counted.y && measure.x - std::int64_t{counted.x} < width &&
          measure.y - std::int64_t{counted.y} < height;
+}
+
+bool Facts::LiesIn(const XDisplay::Place& place, const Measure& measure) const {
+  const std::int64_t tolerance = std::int64_t{kListBorder} * measure.scale;
+  const std::int64_t left = std::int64_t{found.origin.x} - place.origin.x;
+  const std::int64_t top = std::int64_t{found.origin.y} - place.origin.y;
+  return width > 0 && height > 0 && left >= -tolerance && top >= -tolerance &&
+         left + std::int64_t{width} * measure.scale <= place.width + tolerance &&
+         top + std::int64_t{height} * measure.scale <= place.height + tolerance;
 }
 
 BusMessage FactsReader::Property(const BusObject& object, const char* interface, const char* name) {

@@ -31,6 +31,8 @@ struct Facts {
   // There is something in it to be said.
   bool HasText() const;
   bool Holds(const Measure& measure) const;
+  // The object does not stick out of that place of the screen.
+  bool LiesIn(const XDisplay::Place& place, const Measure& measure) const;
 };
 
 class FactsReader {

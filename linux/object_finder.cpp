@@ -11,6 +11,7 @@ namespace {
 
 constexpr std::size_t kDeepest = 40;  // objects in each other that are gone through
 constexpr int kHighestClimb = 2;
+constexpr int kHighestHolder = 4;          // of an item in a pop-up
 constexpr std::size_t kMostWalked = 2000;  // objects of an old GTK 4 window
 
 constexpr char kNameMatch[] =
@@ -99,20 +100,34 @@ std::optional<FoundObject> ObjectFinder::FindInWindow(Program& program, const Ob
   return found;
 }
 
-// The focus follows the pointer in menus and lists that are open. Where it has not moved yet, whatever holds
-// what has it is asked for the rest.
 std::optional<FoundObject> ObjectFinder::FindInPopUp(const Program& program, const ObjectQuestion& question,
                                                      Moment limit) {
+  const std::int32_t scale = program.frames.empty() ? 1 : program.frames.begin()->second.scale;
+  const Measure measure = Measure::Of(question, program.toolkit, scale);
+  if (auto found = FindByFocus(program, question, measure, limit)) return found;
+  if (measure.coordinates == kInWindow) return std::nullopt;
+  const BusObject own = programs_.WindowAt(program, question.spot.place, scale, limit);
+  if (own.IsNull()) return std::nullopt;
+  auto facts =
+      facts_.Read(Descend(own, program.toolkit, measure, limit).back(), measure, program.toolkit, limit);
+  if (!facts || IsTop(facts->found.role)) return std::nullopt;
+  return Climb(std::move(*facts), measure, program.toolkit, limit);
+}
+
+// The focus follows the pointer in menus and lists that are open. Where it has not moved yet, whatever holds
+// what has it is asked for the rest. It may also have stayed in a window below, as in the field that a list
+// of completions belongs to; that list covers what is found there.
+std::optional<FoundObject> ObjectFinder::FindByFocus(const Program& program, const ObjectQuestion& question,
+                                                     const Measure& measure, Moment limit) {
   const auto last = focus_.find(program.root.program);
   if (last == focus_.end()) return std::nullopt;
   const BusObject focus = last->second;  // it may move while it is asked
-  const std::int32_t scale = program.frames.empty() ? 1 : program.frames.begin()->second.scale;
-  const Measure measure = Measure::Of(question, program.toolkit, scale);
   const auto lies = [&measure](const Facts& facts) {
     return measure.coordinates == kInWindow || facts.width <= 0 || facts.Holds(measure);
   };
   auto facts = facts_.Read(focus, measure, program.toolkit, limit);
-  if (!facts || IsTop(facts->found.role)) return std::nullopt;
+  if (!facts || IsTop(facts->found.role) || !IsInPopUp(*facts, program, question, measure, limit))
+    return std::nullopt;
   if (!facts->HasText() || !lies(*facts)) {
     const BusObject& holder = facts->HasText() ? facts->parent : facts->found.object;
     const BusObject other = holder.IsNull() ? BusObject{} : ChildAt(holder, measure, limit);
@@ -121,6 +136,23 @@ std::optional<FoundObject> ObjectFinder::FindInPopUp(const Program& program, con
     if (!facts || !facts->HasText() || IsTop(facts->found.role) || !lies(*facts)) return std::nullopt;
   }
   return std::move(facts->found);
+}
+
+// An item is in a pop-up that has room for a holder of it; of a long list only what is around it fits. An
+// item that tells no place is taken at its word.
+bool ObjectFinder::IsInPopUp(const Facts& item, const Program& program, const ObjectQuestion& question,
+                             const Measure& measure, Moment limit) {
+  if (measure.coordinates == kInWindow || item.width <= 0) return true;
+  const auto fits = [&](const Facts& facts) { return facts.LiesIn(question.spot.place, measure); };
+  if (!item.HasText() && fits(item)) return true;
+  BusObject holder = item.parent;
+  for (int level = 0; level < kHighestHolder && !holder.IsNull(); ++level) {
+    const auto facts = facts_.Read(holder, measure, program.toolkit, limit);
+    if (!facts || IsTop(facts->found.role)) return false;
+    if (fits(*facts)) return true;
+    holder = facts->parent;
+  }
+  return false;
 }
 
 // From the frame to the deepest object.

@@ -40,6 +40,10 @@ class ObjectFinder {
   std::optional<FoundObject> FindInWindow(Program& program, const ObjectQuestion& question, Moment limit);
   std::optional<FoundObject> FindInPopUp(const Program& program, const ObjectQuestion& question,
                                          Moment limit);
+  std::optional<FoundObject> FindByFocus(const Program& program, const ObjectQuestion& question,
+                                         const Measure& measure, Moment limit);
+  bool IsInPopUp(const Facts& item, const Program& program, const ObjectQuestion& question,
+                 const Measure& measure, Moment limit);
   std::vector<BusObject> Descend(const BusObject& frame, Toolkit toolkit, const Measure& measure,
                                  Moment limit);
   bool GoIntoSelectedPage(std::vector<BusObject>& way, const Measure& measure, Moment limit);

@@ -139,13 +139,35 @@ std::optional<Frame> Programs::FrameOf(Program& program, const ObjectQuestion& q
   if (const auto known = program.frames.find(question.spot.window);
       known != program.frames.end() && (known->second.fits || now - known->second.found < kTrial))
     return known->second;
-  BusReader children(bus_.Ask(bus_.Call(program.root, kAccessible, "GetChildren"), limit));
-  std::vector<BusObject> frames = children.ReadObjects();
-  std::erase_if(frames, [](const BusObject& frame) { return frame.IsNull(); });
+  const std::vector<BusObject> frames = WindowsOf(program, limit);
   if (frames.empty()) return std::nullopt;
   auto nearest = Nearest(frames, program, question, limit);
   if (nearest) program.frames[question.spot.window] = *nearest;
   return nearest;
+}
+
+std::vector<BusObject> Programs::WindowsOf(const Program& program, Moment limit) {
+  BusReader children(bus_.Ask(bus_.Call(program.root, kAccessible, "GetChildren"), limit));
+  std::vector<BusObject> windows = children.ReadObjects();
+  std::erase_if(windows, [](const BusObject& window) { return window.IsNull(); });
+  return windows;
+}
+
+BusObject Programs::WindowAt(const Program& program, const XDisplay::Place& place, std::int32_t scale,
+                             Moment limit) {
+  std::vector<BusObject> windows = WindowsOf(program, limit);
+  std::vector<BusMessage> calls;
+  for (const BusObject& window : windows) {
+    calls.push_back(bus_.Call(window, kComponent, "GetExtents"));
+    if (calls.back()) sd_bus_message_append(calls.back().get(), "u", kOnScreen);
+  }
+  const auto answers = bus_.Ask(std::move(calls), limit);
+  for (std::size_t i = 0; i < windows.size(); ++i) {
+    BusReader reader(answers[i]);
+    const BusReader::Four extents = reader.ReadFour();
+    if (reader.IsGood() && Distance(extents, place, scale, true) <= 4 * scale) return std::move(windows[i]);
+  }
+  return {};
 }
 
 std::optional<Frame> Programs::Nearest(const std::vector<BusObject>& frames, const Program& program,

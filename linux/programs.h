@@ -46,6 +46,10 @@ class Programs {
   // The frame that a window shows; no value where there is none.
   std::optional<Frame> FrameOf(Program& program, const ObjectQuestion& question, Moment limit);
 
+  // The window that the program tells of at just that place, by the scale that it counts in; null where
+  // there is none.
+  BusObject WindowAt(const Program& program, const XDisplay::Place& place, std::int32_t scale, Moment limit);
+
   // The name of the connection of a process, empty for one that is not known.
   std::string NameOf(ProcessId process) const;
 
@@ -62,6 +66,7 @@ class Programs {
 
   void Refresh(Moment limit);
   void Meet(const std::vector<Newcomer>& newcomers, Moment limit);
+  std::vector<BusObject> WindowsOf(const Program& program, Moment limit);
   std::optional<Frame> Nearest(const std::vector<BusObject>& frames, const Program& program,
                                const ObjectQuestion& question, Moment limit);
 

@@ -7,6 +7,7 @@ from session import BUILD
 
 PUSH_BUTTON, FRAME, PANEL, TEXT, LABEL, SLIDER, PASSWORD, STATIC = 43, 23, 39, 61, 29, 51, 40, 116
 PAGE_TAB, PAGE_TAB_LIST, COMBO_BOX, MENU, MENU_ITEM, TABLE_CELL = 37, 38, 11, 33, 35, 56
+LIST, LIST_ITEM, POPUP_MENU, WINDOW = 31, 32, 41, 69
 MULTI_LINE = 17
 
 
@@ -25,6 +26,10 @@ class AccessibleTarget:
         """A window with a frame that other objects are put into."""
         self.tell(id=name, rectangle=rectangle, role=FRAME, name=title)
         self.tell(window=name, rectangle=rectangle, title=title)
+
+    def show_pop_up(self, rectangle):
+        """A window above the others that is none itself, as menus and lists have them."""
+        self.tell(window="pop-up", rectangle=rectangle, **{"pop-up": True})
 
     def put(self, known_as, rectangle, role=PUSH_BUTTON, parent="frame", **more):
         """An object; what it may have is told in accessible_target/objects.h."""

@@ -5,8 +5,10 @@
 //
 //   {"window": "frame", "title": "Title", "rectangle": [left, top, right, bottom]}
 //   {"id": "ok", "parent": "frame", "rectangle": [...], "role": 43, "name": "OK", ...}
+//   {"focus": "ok"}
 //
 // objects.h says what an object may have; the frame of a window is an object that has "root" for its parent.
+// A window with "pop-up" is one that belongs to another, as a menu does.
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
@@ -42,17 +44,20 @@ void ShowWindow(Display* display, const nlohmann::json& words) {
   };
   const long process = getpid();
   const std::array<long, 2> normal{NormalState, None};
+  const bool isPopUp = words.value("pop-up", false);
   put("_NET_WM_PID", XA_CARDINAL, 32, &process, 1);
   put("_NET_WM_NAME", XInternAtom(display, "UTF8_STRING", False), 8, title.data(), title.size());
-  put("WM_STATE", XInternAtom(display, "WM_STATE", False), 32, normal.data(), normal.size());
+  if (!isPopUp) put("WM_STATE", XInternAtom(display, "WM_STATE", False), 32, normal.data(), normal.size());
   XMapRaised(display, window);
   XSync(display, False);
 }
 
-void Obey(const std::string& line, Display* display, Objects& objects) {
+void Obey(const std::string& line, Display* display, sd_bus* bus, Objects& objects) {
   const auto words = nlohmann::json::parse(line);
   if (words.contains("window")) {
     ShowWindow(display, words);
+  } else if (words.contains("focus")) {
+    TellFocus(bus, words.at("focus").get<std::string>());
   } else {
     objects.Put(words);
   }
@@ -60,13 +65,13 @@ void Obey(const std::string& line, Display* display, Objects& objects) {
 }
 
 // Reads what has come in; false at its end.
-bool TakeLines(std::string& read, Display* display, Objects& objects) {
+bool TakeLines(std::string& read, Display* display, sd_bus* bus, Objects& objects) {
   std::array<char, 65536> bytes{};
   const ssize_t count = ::read(STDIN_FILENO, bytes.data(), bytes.size());
   if (count <= 0) return false;
   read.append(bytes.data(), static_cast<std::size_t>(count));
   for (auto end = read.find('\n'); end != std::string::npos; end = read.find('\n')) {
-    Obey(read.substr(0, end), display, objects);
+    Obey(read.substr(0, end), display, bus, objects);
     read.erase(0, end + 1);
   }
   return true;
@@ -85,7 +90,7 @@ int Main(const std::string& toolkit) {
     sd_bus_flush(bus);
     std::array<pollfd, 2> files{{{STDIN_FILENO, POLLIN, 0}, {sd_bus_get_fd(bus), POLLIN, 0}}};
     poll(files.data(), files.size(), -1);
-    if (files[0].revents != 0 && !TakeLines(read, display, objects)) return EXIT_SUCCESS;
+    if (files[0].revents != 0 && !TakeLines(read, display, bus, objects)) return EXIT_SUCCESS;
     if ((files[1].revents & (POLLERR | POLLHUP)) != 0) return EXIT_SUCCESS;
   }
 }

@@ -198,6 +198,11 @@ std::string AddressOfBus() {
 
 }  // namespace
 
+void TellFocus(sd_bus* bus, const std::string& id) {
+  sd_bus_emit_signal(bus, Objects::PathOf(id).c_str(), "org.a11y.atspi.Event.Object", "StateChanged", "siiv",
+                     "focused", 1, 0, "i", 0);
+}
+
 sd_bus* TellOf(Objects& objects, const std::string& toolkit) {
   static Program program{objects, toolkit};
   sd_bus* bus = nullptr;
