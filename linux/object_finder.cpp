@@ -1,6 +1,7 @@
 #include "linux/object_finder.h"
 
 #include <algorithm>
+#include <string_view>
 #include <tuple>
 
 #include "linux/atspi_names.h"
@@ -37,6 +38,11 @@ bool MayStandForHolder(std::uint32_t role) {
 ObjectFinder::ObjectFinder(Bus& bus) : bus_(bus), programs_(bus), facts_(bus) {
   std::ignore = bus_.Listen(kNameMatch, &OnNameChange, this);
   std::ignore = bus_.Listen(kFocusMatch, &OnFocus, this);
+  AskForFocus();
+}
+
+// Programs send only what their desktop's registry has been asked for.
+void ObjectFinder::AskForFocus() {
   BusMessage call = bus_.Call({kRegistry, "/org/a11y/atspi/registry"}, kRegistry, "RegisterEvent");
   if (call) sd_bus_message_append(call.get(), "s", "object:state-changed:focused");
   bus_.Tell(std::move(call));
@@ -48,6 +54,8 @@ int ObjectFinder::OnNameChange(sd_bus_message* signal, void* self, sd_bus_error*
   const char* before = nullptr;
   const char* after = nullptr;
   if (sd_bus_message_read(signal, "sss", &name, &before, &after) < 0) return 0;
+  // The next one knows nobody, and is started by this.
+  if (*before != '\0' && std::string_view(name) == kRegistry) finder.AskForFocus();
   if (*after != '\0') {
     finder.programs_.Expect();
   } else {

@@ -37,6 +37,7 @@ class ObjectFinder {
   static int OnNameChange(sd_bus_message* signal, void* self, sd_bus_error* error);
   static int OnFocus(sd_bus_message* signal, void* self, sd_bus_error* error);
 
+  void AskForFocus();
   std::optional<FoundObject> FindInWindow(Program& program, const ObjectQuestion& question, Moment limit);
   std::optional<FoundObject> FindInPopUp(const Program& program, const ObjectQuestion& question,
                                          Moment limit);
