@@ -2,6 +2,7 @@
 
 import shutil
 import signal
+import time
 
 import pytest
 
@@ -71,6 +72,31 @@ def test_without_a_sound_font_its_package_is_named(bare):
     start(bare, POINTALK_NO_FONT="1")
     bare.wait_until(lambda: any("Do you want to run without midi" in text for text in bare.said()))
     assert "install the package timgm6mb-soundfont" in shown(bare)
+
+
+def test_a_sound_server_that_ends_and_comes_back_sounds_again(bare):
+    server = bare.folder / "sound server"
+    server.touch()
+    bare.start_voice()
+    start(bare, POINTALK_SOUND_SERVER=str(server))
+    wait_for_tones(bare)
+
+    def devices():
+        """What was opened and closed of the sound device, in order."""
+        words = [line.split()[1] for line in bare.notes_log.read_text(encoding="ascii").splitlines()]
+        return [word for word in words if word in ("open", "close")]
+
+    def move():
+        for point in ((640, 300), (100, 600)):
+            bare.move(*point)
+            time.sleep(0.2)
+    server.unlink()
+    bare.wait_until(lambda: move() or devices()[-1] == "close")
+    move()
+    assert devices()[-1] == "close"
+    server.touch()
+    bare.wait_until(lambda: move() or devices()[-1] == "open")
+    wait_for_tones(bare)
 
 
 def test_without_a_voice_the_tones_sound(bare):
