@@ -57,6 +57,18 @@ def test_a_wayland_session_without_an_x_server_is_refused_aloud(bare):
     assert "Wayland" in bare.said()[0]
 
 
+@pytest.mark.parametrize("session", [{"XDG_SESSION_TYPE": "wayland"}, {"DISPLAY": "", "WAYLAND_DISPLAY": "wayland-0"}])
+def test_what_a_wayland_session_is_told_can_be_ended(bare, session):
+    """Of two, the one that is left alone goes on with its sentence."""
+    bare.start_voice("--spoken", "600")
+    left, ended = bare.start(PROGRAM, **session), bare.start(PROGRAM, **session)
+    bare.wait_until(lambda: len(bare.said()) == 2)
+    ended.terminate()
+    bare.wait_until(lambda: ended.poll() is not None or left.poll() is not None)
+    assert ended.poll() == 3
+    assert left.poll() is None
+
+
 def test_without_a_sound_device_it_asks(bare):
     bare.start_voice()
     bare.start(PROGRAM, LD_PRELOAD=str(RECORDER), POINTALK_NO_SOUND="1")
