@@ -100,6 +100,8 @@ std::optional<FoundObject> ObjectFinder::FindInWindow(Program& program, const Ob
     program.frames.erase(question.spot.window);  // it may be another one by now
     return std::nullopt;
   }
+  if (facts->found.role == kRoleTableCell && !facts->HasText())
+    facts->found.name = facts_.NameOfEntry(*facts, limit);
   FoundObject found = Climb(std::move(*facts), measure, program.toolkit, limit);
   const auto itself = std::find(way.begin(), way.end(), found.object);
   way.erase(itself == way.end() ? way.end() - 1 : itself, way.end());
