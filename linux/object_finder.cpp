@@ -77,18 +77,26 @@ int ObjectFinder::OnFocus(sd_bus_message* signal, void* self, sd_bus_error* /*er
 }
 
 std::optional<FoundObject> ObjectFinder::Find(const ObjectQuestion& question, Moment limit) {
-  const std::shared_ptr<Program> program = programs_.Of(question.spot.process, limit);
-  if (program == nullptr || bus_.IsSilent(program->root.program)) return std::nullopt;
-  return question.spot.kind == XWindowSpot::Kind::kPopUp ? FindInPopUp(*program, question, limit)
-                                                         : FindInWindow(*program, question, limit);
+  std::shared_ptr<Program> nearest;
+  std::optional<Frame> frame;
+  for (const std::shared_ptr<Program>& program : programs_.Of(question.spot.process, limit)) {
+    if (bus_.IsSilent(program->root.program)) continue;
+    if (question.spot.kind == XWindowSpot::Kind::kPopUp) {
+      if (auto found = FindInPopUp(*program, question, limit)) return found;
+      continue;
+    }
+    const auto its = programs_.FrameOf(*program, question, limit);
+    if (!its || (frame && frame->distance <= its->distance)) continue;
+    nearest = program;
+    frame = its;
+  }
+  return frame ? FindInWindow(*nearest, *frame, question, limit) : std::nullopt;
 }
 
-std::optional<FoundObject> ObjectFinder::FindInWindow(Program& program, const ObjectQuestion& question,
-                                                      Moment limit) {
-  const auto frame = programs_.FrameOf(program, question, limit);
-  if (!frame) return std::nullopt;
-  const Measure measure = Measure::Of(question, program.toolkit, frame->scale);
-  std::vector<BusObject> way = Descend(frame->object, program.toolkit, measure, limit);
+std::optional<FoundObject> ObjectFinder::FindInWindow(Program& program, const Frame& frame,
+                                                      const ObjectQuestion& question, Moment limit) {
+  const Measure measure = Measure::Of(question, program.toolkit, frame.scale);
+  std::vector<BusObject> way = Descend(frame.object, program.toolkit, measure, limit);
   auto facts = facts_.Read(way.back(), measure, program.toolkit, limit);
   while (facts && facts->found.role == kRolePageTabList && GoIntoSelectedPage(way, measure, limit))
     facts = facts_.Read(way.back(), measure, program.toolkit, limit);
@@ -105,7 +113,7 @@ std::optional<FoundObject> ObjectFinder::FindInWindow(Program& program, const Ob
   FoundObject found = Climb(std::move(*facts), measure, program.toolkit, limit);
   const auto itself = std::find(way.begin(), way.end(), found.object);
   way.erase(itself == way.end() ? way.end() - 1 : itself, way.end());
-  found.isFrame = found.object == frame->object;
+  found.isFrame = found.object == frame.object;
   found.above = std::move(way);
   return found;
 }

@@ -25,7 +25,7 @@ class ObjectFinder {
   std::optional<FoundObject> Find(const ObjectQuestion& question, Moment limit);
 
   // A question to that process is still out.
-  bool IsSilent(ProcessId process) { return bus_.IsSilent(programs_.NameOf(process)); }
+  bool IsSilent(ProcessId process) { return programs_.IsSilent(process); }
 
  private:
   // Through a window of an old GTK 4, level by level.
@@ -38,7 +38,8 @@ class ObjectFinder {
   static int OnFocus(sd_bus_message* signal, void* self, sd_bus_error* error);
 
   void AskForFocus();
-  std::optional<FoundObject> FindInWindow(Program& program, const ObjectQuestion& question, Moment limit);
+  std::optional<FoundObject> FindInWindow(Program& program, const Frame& frame,
+                                          const ObjectQuestion& question, Moment limit);
   std::optional<FoundObject> FindInPopUp(const Program& program, const ObjectQuestion& question,
                                          Moment limit);
   std::optional<FoundObject> FindByFocus(const Program& program, const ObjectQuestion& question,

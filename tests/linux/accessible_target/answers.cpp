@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstdlib>
+#include <deque>
 #include <string>
 #include <thread>
 #include <utility>
@@ -204,7 +205,8 @@ void TellFocus(sd_bus* bus, const std::string& id) {
 }
 
 sd_bus* TellOf(Objects& objects, const std::string& toolkit) {
-  static Program program{objects, toolkit};
+  static std::deque<Program> programs;
+  Program& program = programs.emplace_back(Program{objects, toolkit});
   sd_bus* bus = nullptr;
   const char* name = nullptr;
   const std::string address = AddressOfBus();
