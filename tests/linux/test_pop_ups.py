@@ -88,3 +88,21 @@ def test_an_item_of_a_list_that_is_longer_than_what_is_shown_of_it(target):
     target.put("item", [10, 110, 210, 130], LIST_ITEM, parent="holder", name="Far down")
     target.tell(focus="item")
     wait_for_name(target.desktop, IN_LIST, "Far down", OTHER)
+
+
+def test_under_a_tool_tip_is_what_it_tells_of(target):
+    target.show_other("tool tip", [40, 110, 240, 150])
+    wait_for_name(target.desktop, IN_LIST, "Covered button", OTHER)
+
+
+def test_under_a_tool_tip_windows_that_are_clicked_through_do_not_count(target):
+    """As the one that a compositing manager draws the whole screen in."""
+    target.show_other("tool tip", [40, 110, 240, 150])
+    target.show_other("clicked through", [0, 0, 1280, 1024])
+    wait_for_name(target.desktop, IN_LIST, "Covered button", OTHER)
+
+
+def test_under_a_window_that_shows_nothing_is_what_is_seen(target):
+    """As window managers lay one along the edges of the screen."""
+    target.show_other("input only", [40, 110, 240, 150])
+    wait_for_name(target.desktop, IN_LIST, "Covered button", OTHER)
