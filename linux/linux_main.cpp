@@ -25,6 +25,9 @@ constexpr int kWayland = 3;
 constexpr TextView kWaylandSentence =
     u"Pointalk cannot tell where the pointer is in a Wayland session: please log out, choose a session on "
     u"X11, also called Xorg, at the log-in screen, often by the button with the gear, and log in again.";
+constexpr TextView kNoObjectsSentence =
+    u"Pointalk cannot see into programs and names their windows alone. Please install the package "
+    u"at-spi2-core, and log in again.";
 constexpr std::chrono::seconds kSpeechServerLimit{6};
 constexpr std::chrono::seconds kSpokenLimit{30};
 constexpr std::chrono::seconds kReadingTime{8};
@@ -36,6 +39,7 @@ class FormEvents final : public PanelEvents {
 
   void OnTick() override {
     if (!platform_.display.IsOpen()) return OnUnload();
+    if (platform_.things.TakeMissingBus()) platform_.notices.Show(kNoObjectsSentence);
     const StillInput still(platform_.input);
     form_.Timer1_Timer();
   }

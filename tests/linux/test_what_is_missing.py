@@ -2,6 +2,7 @@
 
 import shutil
 import signal
+import subprocess
 import time
 
 import pytest
@@ -109,6 +110,21 @@ def test_a_sound_server_that_ends_and_comes_back_sounds_again(bare):
     server.touch()
     bare.wait_until(lambda: move() or devices()[-1] == "open")
     wait_for_tones(bare)
+
+
+BUS_WITHOUT_SERVICES = """<busconfig><type>session</type><listen>unix:tmpdir=/tmp</listen><policy context="default">
+<allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/><allow own="*"/></policy></busconfig>"""
+
+
+def test_without_a_bus_for_objects_its_package_is_named(bare, tmp_path):
+    settings = tmp_path / "bus.conf"
+    settings.write_text(BUS_WITHOUT_SERVICES, encoding="ascii")
+    bus = bare.start("dbus-daemon", f"--config-file={settings}", "--nofork", "--print-address=1", stdout=subprocess.PIPE)
+    bare.start_voice()
+    start(bare, DBUS_SESSION_BUS_ADDRESS=bus.stdout.readline().decode().strip())
+    bare.wait_until(lambda: "install the package at-spi2-core" in shown(bare))
+    wait_for_tones(bare)
+    assert shown(bare).count("at-spi2-core") == 1
 
 
 def test_without_a_voice_the_tones_sound(bare):
