@@ -197,7 +197,7 @@ std::vector<std::uint32_t> BusReader::ReadUnsignedArray() {
       isGood_ && message_ != nullptr && sd_bus_message_read_array(message_.get(), 'u', &data, &bytes) > 0;
   if (!isGood_ || data == nullptr) return {};
   const auto* const numbers = static_cast<const std::uint32_t*>(data);
-  return {numbers, numbers + bytes / sizeof *numbers};
+  return {numbers, numbers + std::min(bytes / sizeof *numbers, kMostObjects)};
 }
 
 }  // namespace pointalk::linux
