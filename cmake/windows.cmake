@@ -5,21 +5,22 @@ set(pointalk_system_libraries user32 gdi32 uuid ole32 oleaut32 oleacc winmm adva
 
 pointalk_glob(win32_sources win32/*.cpp)
 list(FILTER win32_sources EXCLUDE REGEX "/win32/win_main\\.cpp$")
-pointalk_library(pointalk_win32 SOURCES ${win32_sources} LIBRARIES pointalk_core ${pointalk_system_libraries})
-pointalk_precompile_windows(pointalk_win32)
+pointalk_product_library(pointalk_win32 SOURCES ${win32_sources} LIBRARIES pointalk_core ${pointalk_system_libraries})
 
-if(MINGW AND POINTALK_THREADS STREQUAL "posix")
-  # In a build of its own with the other compiler; see mingw.cmake.
+if(POINTALK_PROGRAM_BUILD)
+  get_property(libraries GLOBAL PROPERTY POINTALK_BUILT_WITH_THE_PROGRAM)
   include(ExternalProject)
   ExternalProject_Add(Pointalk
-    SOURCE_DIR ${PROJECT_SOURCE_DIR} BINARY_DIR ${PROJECT_BINARY_DIR}/program PREFIX ${PROJECT_BINARY_DIR}/program-steps
+    SOURCE_DIR ${PROJECT_SOURCE_DIR} BINARY_DIR ${POINTALK_PROGRAM_BUILD} PREFIX ${PROJECT_BINARY_DIR}/program-steps
     CMAKE_CACHE_ARGS -DPOINTALK_THREADS:STRING=win32 -DPOINTALK_TESTS:BOOL=OFF
                      -DCMAKE_TOOLCHAIN_FILE:FILEPATH=${CMAKE_TOOLCHAIN_FILE} -DCMAKE_BUILD_TYPE:STRING=${CMAKE_BUILD_TYPE}
                      -DPOINTALK_PRECOMPILE:BOOL=${POINTALK_PRECOMPILE} -DPOINTALK_WERROR:BOOL=${POINTALK_WERROR}
                      -DCMAKE_UNITY_BUILD:BOOL=${CMAKE_UNITY_BUILD} -DCMAKE_UNITY_BUILD_BATCH_SIZE:STRING=0
     BUILD_COMMAND ${CMAKE_COMMAND} --build <BINARY_DIR> --target Pointalk BUILD_ALWAYS ON USES_TERMINAL_BUILD ON
+    BUILD_BYPRODUCTS ${libraries}
     INSTALL_COMMAND ${CMAKE_COMMAND} -E copy_if_different <BINARY_DIR>/Pointalk.exe ${PROJECT_BINARY_DIR}/Pointalk.exe)
 else()
+  pointalk_precompile_windows(pointalk_win32)
   include(${CMAKE_CURRENT_LIST_DIR}/pointalk_exe.cmake)
 endif()
 
@@ -36,6 +37,11 @@ endif()
 if(POINTALK_TESTS)
   set(INSTALL_GTEST OFF)
   add_subdirectory(${POINTALK_GOOGLETEST_DIR} ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
+  if(MINGW)
+    foreach(library gtest gmock gmock_main)
+      target_compile_options(${library} PRIVATE -O0)  # it is sooner compiled, and little of it runs
+    endforeach()
+  endif()
 
   pointalk_glob(contract_sources tests/contract/*_test.cpp tests/contract/win32/*.cpp)
   if(contract_sources)

@@ -4,7 +4,7 @@
     tools/check_rehearsals.py [--program BUILD/pointalk-rehearse] [NAME...]
 
 NAME is a rehearsal or a folder in tests/rehearsals, with or without what stands before and after its name in a path;
-without names all are played. The program is the newest that the presets linux-asan-clang and plain have built unless one
+without names all are played. The program is the newest that linux-asan-clang, linux-release and plain have built unless one
 is given. With REBASELINE=1 in the environment the transcripts become the golden texts; read the difference before
 committing it. Golden texts in starts/ are whole; in the others a line such as `(starts as usual)` stands for what
 starts/as-usual.txt has (tools/start_blocks.py). A golden text that begins with `! ` is of a script that is to be
@@ -21,7 +21,7 @@ import sys
 from start_blocks import StartBlocks
 
 SECONDS = 60
-BUILDS = ("linux-asan-clang", "plain")
+BUILDS = ("linux-asan-clang", "linux-release", "plain")
 
 
 def play(program, script):

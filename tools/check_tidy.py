@@ -4,8 +4,9 @@
     tools/check_tidy.py BUILD...        each configured so that every target is compiled as one file
 
 The release is the one that .clang-tidy is written for; where it is not installed the check is left out, and says so. A target
-whose sources an earlier folder had is judged there. Libraries with the same flags are judged as one file, since most of the
-time goes into what all of them include. What was found clean is judged again only when its sources, what they include of
+whose sources an earlier folder had is judged there. Most of the time goes into what all of them include, so the targets for
+one system are judged as one file, but for what needs Xlib, whose macros are other headers' names, and what stands in x11/,
+which has names of other libraries of its own. What was found clean is judged again only when its sources, what they include of
 ours, its flags, .clang-tidy or clang-tidy change: BUILD/clean.json remembers that."""
 
 import argparse
@@ -26,6 +27,9 @@ RULE = "clang-tidy finds no fault in {}."
 # Objects of COM are ended by Release alone, and handles are numbers.
 NOT_FOR_WINDOWS = "-cppcoreguidelines-virtual-class-destructor,-performance-no-int-to-ptr"
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*"([^"\n]+)"', re.M)
+XLIB = re.compile(rb"^[ \t]*#[ \t]*include[ \t]*<X11/", re.M)
+# Each program has one of the first, each library that COM loads the others.
+ENTRY_POINTS = re.compile(r"^[^#/\n]*\b(w?main|w?WinMain|DllMain|DllGetClassObject|DllCanUnloadNow)\(", re.M)
 
 
 def output_of(*command):
@@ -58,12 +62,24 @@ class Unit:
         self.files = self.with_includes()
 
     def join(self, others):
-        """Takes in the sources of others with the same flags, each once."""
-        self.name = ", ".join(unit.name for unit in (self, *others))
-        sources = dict.fromkeys(path for unit in (self, *others) for path in sorted(unit.sources()))
+        """Takes in the sources and the flags of others, each once."""
+        units = (self, *others)
+        self.name = ", ".join(unit.name for unit in units)
+        sources = dict.fromkeys(path for unit in units for path in sorted(unit.sources()))
+        self.flags = [word for flag in dict.fromkeys(flag for unit in units for flag in unit.whole_flags()) for word in flag]
         self.path = self.build / f"{self.path.parents[1].stem}_and_others.cxx"
-        self.path.write_text("".join(f'#include "{source}"\n' for source in sources), "utf-8")
+        self.path.write_text("".join(included(*source) for source in enumerate(sources)), "utf-8")
         self.files = self.with_includes()
+
+    def whole_flags(self):
+        """The flags, those of two words as two."""
+        words = iter(self.flags)
+        return [(word, next(words)) if word == "-isystem" else (word,) for word in words]
+
+    def kind(self):
+        """Equal for those that can be judged as one file."""
+        machine = next((flag for flag in self.flags if flag.startswith("--target")), "native")
+        return machine, any(path.parent.name == "x11" or XLIB.search(content) for path, content in self.files.items())
 
     def with_includes(self):
         """The file, and what it includes in quotes, directly or not."""
@@ -102,6 +118,13 @@ class Unit:
         return [fault.removeprefix(f"{self.root}/") for fault in found]
 
 
+def included(number, source):
+    """The text that takes in a source. Its entry points are called by its number, since there is another one's of that name."""
+    names = sorted({match[1] for match in ENTRY_POINTS.finditer(source.read_text("utf-8"))})
+    given = "".join(f"#define {name} {name[0].upper()}{name[1:]}{number}  // NOLINT\n" for name in names)
+    return f'{given}#include "{source}"\n' + "".join(f"#undef {name}\n" for name in names)
+
+
 def units(root, builds):
     seen, found = set(), []
     for build in builds:
@@ -112,8 +135,7 @@ def units(root, builds):
                 found.append(unit)
     groups = {}
     for unit in found:
-        program = unit.name if any(path.stem.endswith("main") for path in unit.sources()) else None
-        groups.setdefault((*unit.flags, program), []).append(unit)
+        groups.setdefault(unit.kind(), []).append(unit)
     for first, *others in groups.values():
         if others:
             first.join(others)

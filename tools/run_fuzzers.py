@@ -4,7 +4,7 @@
     tools/run_fuzzers.py BUILD_FOLDER [SECONDS]
     tools/run_fuzzers.py BUILD_FOLDER --keep
 
-SECONDS (5 unless given) is for each target. What a target starts from is in tests/fuzz/corpus/NAME/; what it finds goes to
+SECONDS (3 unless given) is for each target. What a target starts from is in tests/fuzz/corpus/NAME/; what it finds goes to
 BUILD_FOLDER/corpus/NAME/, and an input that breaks it beside that folder. --keep, after a long run, takes over into
 tests/fuzz/corpus what reaches code that nothing there reaches, inputs of at most 256 bytes."""
 
@@ -61,7 +61,7 @@ def main():
         for program in programs:
             print(f"{program.name}: {keep(program)} new inputs kept")
         return
-    seconds = int(sys.argv[2]) if len(sys.argv) > 2 else 5
+    seconds = int(sys.argv[2]) if len(sys.argv) > 2 else 3
     failed = 0
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
         for program, (trouble, tried) in zip(programs, pool.map(lambda program: fuzz(program, seconds), programs)):

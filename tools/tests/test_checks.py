@@ -175,11 +175,11 @@ class Tidy(CheckCase):
         self.put("app/a.cpp", '#include "app/a.h"\n\nint A::Next() { return ++last_; }\n')
         self.target("app", "app/a.cpp")
 
-    def target(self, name, *sources, compiler="clang++", others=()):
+    def target(self, name, *sources, compiler="clang++", flags="", others=()):
         """A build folder with one target and others, as CMake leaves it when a target is compiled as one file; returns its entry."""
         includes = "".join(f'#include "{self.root}/{source}"\n' for source in sources)
         unity = self.put(f"build/CMakeFiles/pointalk_{name}.dir/Unity/unity.cxx", includes)
-        command = f"ccache /usr/bin/{compiler} -I{self.root} -std=c++20 -Wall -o pointalk_{name}.dir/unity.o -c {unity}"
+        command = f"ccache /usr/bin/{compiler} -I{self.root} -std=c++20 {flags} -Wall -o pointalk_{name}.dir/unity.o -c {unity}"
         entry = {"directory": f"{self.root}/build", "command": command, "file": str(unity)}
         self.put("build/compile_commands.json", json.dumps([entry, *others]))
         return entry
@@ -208,14 +208,22 @@ class Tidy(CheckCase):
         self.put("app/a.cpp", '#include "app/missing.h"\n')
         self.fails("check_tidy.py", because="'app/missing.h' file not found")
 
-    def test_targets_with_the_same_flags_are_one_file(self):
-        self.put("tones/a.cpp", "int none() { return 0; }\n")
-        self.put("text/a.cpp", "int Some() { return 1; }\n")
+    def test_targets_for_one_system_are_one_file(self):
+        self.put("tones/a.cpp", "int none() { return SOUNDS; }\n\nint main() { return none(); }\n")
+        self.put("text/a.cpp", "int Some() { return 1; }\n\nint main() { return Some(); }\n")
         app = self.target("app", "app/a.cpp", "text/a.cpp")
-        self.target("tones", "tones/a.cpp", "text/a.cpp", others=[app])
+        self.target("tones", "tones/a.cpp", "text/a.cpp", flags="-DSOUNDS=2", others=[app])
         self.fails("check_tidy.py", because="tones/a.cpp:1:5: error: invalid case style for function 'none'")
+        self.assertEqual(self.output.count("error:"), 1)
         self.assertIn("1 of 1 files changed", self.output)
         self.assertIn("FAILED: clang-tidy finds no fault in tones, app.", self.output)
+
+    def test_what_needs_xlib_stands_apart(self):
+        self.put("linux/a.cpp", "#include <X11/Xlib.h>\n\nBool Some() { return None; }\n")
+        app = self.target("app", "app/a.cpp")
+        self.target("x", "linux/a.cpp", others=[app])
+        self.passes("check_tidy.py")
+        self.assertEqual(self.last_line, "2 passed, 0 failed")
 
     def test_a_target_for_windows(self):
         self.target("win32", "win32/a.cpp", compiler="x86_64-w64-mingw32-g++-posix")
