@@ -68,7 +68,7 @@ std::string AccessibilitySwitch::BusAddress() {
   const Session session = OpenSession();
   if (!session) return {};
   sd_bus_message* message = nullptr;
-  sd_bus_error error = SD_BUS_ERROR_NULL;
+  sd_bus_error error{};
   const int outcome =
       sd_bus_call_method(session.get(), kService, kPath, kService, "GetAddress", &error, &message, "");
   isMissing_ = sd_bus_error_has_name(&error, SD_BUS_ERROR_SERVICE_UNKNOWN) != 0;
