@@ -17,8 +17,12 @@ class AccessibilitySwitch {
   // The address of the bus on which programs tell of their objects; empty where there is none.
   std::string BusAddress();
 
+  // The desktop has no such bus: the package that brings it is not installed.
+  bool IsMissing() const { return isMissing_; }
+
  private:
   bool wasOff_ = false;
+  bool isMissing_ = false;
 };
 
 }  // namespace pointalk::linux

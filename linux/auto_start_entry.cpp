@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <string_view>
 #include <system_error>
 
 #include "linux/folders.h"
@@ -12,12 +13,22 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr std::string_view kGone = " (deleted)";
+
 fs::path EntryPath() { return ConfigHome() / "autostart" / "pointalk.desktop"; }
+
+// By which this program was started. An update puts another file there, and the system then says of ours
+// that it is gone.
+std::string ProgramPath() {
+  std::error_code error;
+  std::string path = fs::read_symlink("/proc/self/exe", error).string();
+  if (path.ends_with(kGone) && !fs::exists(path, error)) path.resize(path.size() - kGone.size());
+  return path;
+}
 
 // The program as the session is to start it: by its own path, quoted as a desktop entry has it.
 std::string Command() {
-  std::error_code error;
-  const std::string path = fs::read_symlink("/proc/self/exe", error).string();
+  const std::string path = ProgramPath();
   std::string command = "\"";
   for (const char c : path) {
     if (c == '"' || c == '`' || c == '$') command += "\\\\";

@@ -11,6 +11,7 @@ namespace {
 
 constexpr std::uint64_t kNoLimit = std::numeric_limits<std::uint64_t>::max();
 constexpr std::string_view kNullPath = "/org/a11y/atspi/null";
+constexpr char16_t kObjectWithin = 0xFFFC;  // stands in a text for an object, and is no character of it
 constexpr std::size_t kMostObjects = 4096;  // of a list that a program gives
 
 }  // namespace
@@ -135,7 +136,10 @@ bool BusReader::EnterVariant(const char* type) {
 
 Text BusReader::ReadText(std::size_t most) {
   const char* const text = Read<const char*>('s');
-  return text == nullptr ? Text() : FromUtf8(text, most);
+  if (text == nullptr) return {};
+  Text read = FromUtf8(text, most);
+  std::replace(read.begin(), read.end(), kObjectWithin, u' ');
+  return read;
 }
 
 std::string BusReader::ReadBytes() {
@@ -193,7 +197,7 @@ std::vector<std::uint32_t> BusReader::ReadUnsignedArray() {
       isGood_ && message_ != nullptr && sd_bus_message_read_array(message_.get(), 'u', &data, &bytes) > 0;
   if (!isGood_ || data == nullptr) return {};
   const auto* const numbers = static_cast<const std::uint32_t*>(data);
-  return {numbers, numbers + bytes / sizeof *numbers};
+  return {numbers, numbers + std::min(bytes / sizeof *numbers, kMostObjects)};
 }
 
 }  // namespace pointalk::linux

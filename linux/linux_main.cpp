@@ -5,7 +5,6 @@
 #include <QtWidgets/QMessageBox>
 #include <cstdlib>
 #include <iostream>
-#include <thread>
 #include <tuple>
 #include <utility>
 
@@ -26,6 +25,9 @@ constexpr int kWayland = 3;
 constexpr TextView kWaylandSentence =
     u"Pointalk cannot tell where the pointer is in a Wayland session: please log out, choose a session on "
     u"X11, also called Xorg, at the log-in screen, often by the button with the gear, and log in again.";
+constexpr TextView kNoObjectsSentence =
+    u"Pointalk cannot see into programs and names their windows alone. Please install the package "
+    u"at-spi2-core, and log in again.";
 constexpr std::chrono::seconds kSpeechServerLimit{6};
 constexpr std::chrono::seconds kSpokenLimit{30};
 constexpr std::chrono::seconds kReadingTime{8};
@@ -37,6 +39,7 @@ class FormEvents final : public PanelEvents {
 
   void OnTick() override {
     if (!platform_.display.IsOpen()) return OnUnload();
+    if (platform_.things.TakeMissingBus()) platform_.notices.Show(kNoObjectsSentence);
     const StillInput still(platform_.input);
     form_.Timer1_Timer();
   }
@@ -66,16 +69,18 @@ void SayWayland(SpeechClient& voice) {
 }
 
 // Without an X server, which such a session may start only when it is needed or not at all.
-int RefuseWaylandByVoice() {
+int RefuseWaylandByVoice(EndSignals& signals) {
   SpeechClient voice;
   SayWayland(voice);
   const auto end = std::chrono::steady_clock::now() + kSpokenLimit;
-  while (!voice.IsQuiet() && std::chrono::steady_clock::now() < end) std::this_thread::sleep_for(kSpokenLook);
+  bool isOver = false;
+  while (!isOver)
+    isOver = voice.IsQuiet() || std::chrono::steady_clock::now() >= end || signals.WaitFor(kSpokenLook);
   return kWayland;
 }
 
 // The sentence stays until the user closes it, or has had the time to hear and to read it.
-int RefuseWayland() {
+int RefuseWayland(EndSignals& signals) {
   const QString sentence = ToQt(kWaylandSentence);
   SpeechClient voice;
   SayWayland(voice);
@@ -88,6 +93,7 @@ int RefuseWayland() {
     if (now >= end || (now >= read && voice.IsQuiet())) box.accept();
   });
   look.start(kSpokenLook);
+  signals.Serve([&box] { box.reject(); });
   box.exec();
   return kWayland;
 }
@@ -118,7 +124,7 @@ int RunPointalk(SingleStart& start, EndSignals& signals) {
 int Main(int count, char** arguments) {
   EndSignals signals;
   if (!XDisplay().IsOpen()) {
-    if (IsWaylandSession()) return RefuseWaylandByVoice();
+    if (IsWaylandSession()) return RefuseWaylandByVoice(signals);
     std::cerr << "Pointalk needs a desktop on X11: there is no X server at DISPLAY.\n";
     return kNoDisplay;
   }
@@ -129,7 +135,7 @@ int Main(int count, char** arguments) {
   QApplication::setApplicationName("Pointalk");
   QApplication::setDesktopFileName("pointalk");
   QApplication::setQuitOnLastWindowClosed(false);
-  if (IsWaylandSession()) return RefuseWayland();
+  if (IsWaylandSession()) return RefuseWayland(signals);
   SingleStart start;
   return start.IsFirst() ? RunPointalk(start, signals) : EXIT_SUCCESS;
 }

@@ -15,7 +15,9 @@ namespace {
 
 constexpr std::int32_t kMostOfText = 1000;         // characters of a field that are read
 constexpr std::size_t kLongestDescription = 2000;  // characters: it is waited for until it has been said
+constexpr std::size_t kMostParts = 8;              // of an entry of a list that are asked for their names
 constexpr double kLargestValue = 1e12;
+constexpr std::int32_t kListBorder = 8;       // that a list may count as its own beside what its window shows
 constexpr std::int32_t kLineNumbers = 32749;  // a prime that a line number stays below
 
 // Dial, progress bar, scroll bar, slider, spin button, level bar, rating: what they show is a number.
@@ -90,6 +92,15 @@ bool Facts::Holds(const Measure& measure) const {
          measure.y - std::int64_t{counted.y} < height;
 }
 
+bool Facts::LiesIn(const XDisplay::Place& place, const Measure& measure) const {
+  const std::int64_t tolerance = std::int64_t{kListBorder} * measure.scale;
+  const std::int64_t left = std::int64_t{found.origin.x} - place.origin.x;
+  const std::int64_t top = std::int64_t{found.origin.y} - place.origin.y;
+  return width > 0 && height > 0 && left >= -tolerance && top >= -tolerance &&
+         left + std::int64_t{width} * measure.scale <= place.width + tolerance &&
+         top + std::int64_t{height} * measure.scale <= place.height + tolerance;
+}
+
 BusMessage FactsReader::Property(const BusObject& object, const char* interface, const char* name) {
   BusMessage call = bus_.Call(object, kProperties, "Get");
   if (call) sd_bus_message_append(call.get(), "ss", interface, name);
@@ -157,6 +168,25 @@ BusObject FactsReader::SelectedChild(const BusObject& object, Moment limit) {
 Text FactsReader::NameOf(const BusObject& object, Moment limit) {
   BusReader name(bus_.Ask(Property(object, kAccessible, "Name"), limit));
   return name.EnterVariant("s") ? name.ReadText() : Text();
+}
+
+// Where GTK 3 draws an entry of a list in several parts, each is a cell, and so is what holds them; a picture
+// and the holder have no name.
+Text FactsReader::NameOfEntry(const Facts& cell, Moment limit) {
+  const bool isPart = !cell.parent.IsNull() && RoleOf(cell.parent, limit) == kRoleTableCell;
+  const BusObject& entry = isPart ? cell.parent : cell.found.object;
+  std::vector<BusObject> parts =
+      BusReader(bus_.Ask(bus_.Call(entry, kAccessible, "GetChildren"), limit)).ReadObjects();
+  if (parts.size() > kMostParts) parts.resize(kMostParts);
+  std::vector<BusMessage> calls;
+  calls.reserve(parts.size());
+  for (const BusObject& part : parts) calls.push_back(Property(part, kAccessible, "Name"));
+  for (const BusMessage& answer : bus_.Ask(std::move(calls), limit)) {
+    BusReader reader(answer);
+    Text name = reader.EnterVariant("s") ? reader.ReadText() : Text();
+    if (!IsBlank(name)) return name;
+  }
+  return {};
 }
 
 // Cells of a spreadsheet have their place for a name; what stands in them is the more important.

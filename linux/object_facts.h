@@ -31,6 +31,8 @@ struct Facts {
   // There is something in it to be said.
   bool HasText() const;
   bool Holds(const Measure& measure) const;
+  // The object does not stick out of that place of the screen.
+  bool LiesIn(const XDisplay::Place& place, const Measure& measure) const;
 };
 
 class FactsReader {
@@ -44,6 +46,8 @@ class FactsReader {
   // The first of the objects in it that are selected; null where there is none.
   BusObject SelectedChild(const BusObject& object, Moment limit);
   Text NameOf(const BusObject& object, Moment limit);
+  // What a cell without a name is called by another part of its entry; empty where there is none.
+  Text NameOfEntry(const Facts& cell, Moment limit);
 
  private:
   std::optional<LineHit> ReadLine(const BusObject& object, const Measure& measure, Toolkit toolkit,

@@ -1,6 +1,7 @@
 #include "linux/object_finder.h"
 
 #include <algorithm>
+#include <string_view>
 #include <tuple>
 
 #include "linux/atspi_names.h"
@@ -11,6 +12,7 @@ namespace {
 
 constexpr std::size_t kDeepest = 40;  // objects in each other that are gone through
 constexpr int kHighestClimb = 2;
+constexpr int kHighestHolder = 4;          // of an item in a pop-up
 constexpr std::size_t kMostWalked = 2000;  // objects of an old GTK 4 window
 
 constexpr char kNameMatch[] =
@@ -36,6 +38,11 @@ bool MayStandForHolder(std::uint32_t role) {
 ObjectFinder::ObjectFinder(Bus& bus) : bus_(bus), programs_(bus), facts_(bus) {
   std::ignore = bus_.Listen(kNameMatch, &OnNameChange, this);
   std::ignore = bus_.Listen(kFocusMatch, &OnFocus, this);
+  AskForFocus();
+}
+
+// Programs send only what their desktop's registry has been asked for.
+void ObjectFinder::AskForFocus() {
   BusMessage call = bus_.Call({kRegistry, "/org/a11y/atspi/registry"}, kRegistry, "RegisterEvent");
   if (call) sd_bus_message_append(call.get(), "s", "object:state-changed:focused");
   bus_.Tell(std::move(call));
@@ -47,6 +54,8 @@ int ObjectFinder::OnNameChange(sd_bus_message* signal, void* self, sd_bus_error*
   const char* before = nullptr;
   const char* after = nullptr;
   if (sd_bus_message_read(signal, "sss", &name, &before, &after) < 0) return 0;
+  // The next one knows nobody, and is started by this.
+  if (*before != '\0' && std::string_view(name) == kRegistry) finder.AskForFocus();
   if (*after != '\0') {
     finder.programs_.Expect();
   } else {
@@ -68,18 +77,26 @@ int ObjectFinder::OnFocus(sd_bus_message* signal, void* self, sd_bus_error* /*er
 }
 
 std::optional<FoundObject> ObjectFinder::Find(const ObjectQuestion& question, Moment limit) {
-  const std::shared_ptr<Program> program = programs_.Of(question.spot.process, limit);
-  if (program == nullptr || bus_.IsSilent(program->root.program)) return std::nullopt;
-  return question.spot.kind == XWindowSpot::Kind::kPopUp ? FindInPopUp(*program, question, limit)
-                                                         : FindInWindow(*program, question, limit);
+  std::shared_ptr<Program> nearest;
+  std::optional<Frame> frame;
+  for (const std::shared_ptr<Program>& program : programs_.Of(question.spot.process, limit)) {
+    if (bus_.IsSilent(program->root.program)) continue;
+    if (question.spot.kind == XWindowSpot::Kind::kPopUp) {
+      if (auto found = FindInPopUp(*program, question, limit)) return found;
+      continue;
+    }
+    const auto its = programs_.FrameOf(*program, question, limit);
+    if (!its || (frame && frame->distance <= its->distance)) continue;
+    nearest = program;
+    frame = its;
+  }
+  return frame ? FindInWindow(*nearest, *frame, question, limit) : std::nullopt;
 }
 
-std::optional<FoundObject> ObjectFinder::FindInWindow(Program& program, const ObjectQuestion& question,
-                                                      Moment limit) {
-  const auto frame = programs_.FrameOf(program, question, limit);
-  if (!frame) return std::nullopt;
-  const Measure measure = Measure::Of(question, program.toolkit, frame->scale);
-  std::vector<BusObject> way = Descend(frame->object, program.toolkit, measure, limit);
+std::optional<FoundObject> ObjectFinder::FindInWindow(Program& program, const Frame& frame,
+                                                      const ObjectQuestion& question, Moment limit) {
+  const Measure measure = Measure::Of(question, program.toolkit, frame.scale);
+  std::vector<BusObject> way = Descend(frame.object, program.toolkit, measure, limit);
   auto facts = facts_.Read(way.back(), measure, program.toolkit, limit);
   while (facts && facts->found.role == kRolePageTabList && GoIntoSelectedPage(way, measure, limit))
     facts = facts_.Read(way.back(), measure, program.toolkit, limit);
@@ -91,28 +108,44 @@ std::optional<FoundObject> ObjectFinder::FindInWindow(Program& program, const Ob
     program.frames.erase(question.spot.window);  // it may be another one by now
     return std::nullopt;
   }
+  if (facts->found.role == kRoleTableCell && !facts->HasText())
+    facts->found.name = facts_.NameOfEntry(*facts, limit);
   FoundObject found = Climb(std::move(*facts), measure, program.toolkit, limit);
   const auto itself = std::find(way.begin(), way.end(), found.object);
   way.erase(itself == way.end() ? way.end() - 1 : itself, way.end());
-  found.isFrame = found.object == frame->object;
+  found.isFrame = found.object == frame.object;
   found.above = std::move(way);
   return found;
 }
 
-// The focus follows the pointer in menus and lists that are open. Where it has not moved yet, whatever holds
-// what has it is asked for the rest.
 std::optional<FoundObject> ObjectFinder::FindInPopUp(const Program& program, const ObjectQuestion& question,
                                                      Moment limit) {
+  const std::int32_t scale = program.frames.empty() ? 1 : program.frames.begin()->second.scale;
+  const Measure measure = Measure::Of(question, program.toolkit, scale);
+  if (auto found = FindByFocus(program, question, measure, limit)) return found;
+  if (measure.coordinates == kInWindow) return std::nullopt;
+  const BusObject own = programs_.WindowAt(program, question.spot.place, scale, limit);
+  if (own.IsNull()) return std::nullopt;
+  auto facts =
+      facts_.Read(Descend(own, program.toolkit, measure, limit).back(), measure, program.toolkit, limit);
+  if (!facts || IsTop(facts->found.role)) return std::nullopt;
+  return Climb(std::move(*facts), measure, program.toolkit, limit);
+}
+
+// The focus follows the pointer in menus and lists that are open. Where it has not moved yet, whatever holds
+// what has it is asked for the rest. It may also have stayed in a window below, as in the field that a list
+// of completions belongs to; that list covers what is found there.
+std::optional<FoundObject> ObjectFinder::FindByFocus(const Program& program, const ObjectQuestion& question,
+                                                     const Measure& measure, Moment limit) {
   const auto last = focus_.find(program.root.program);
   if (last == focus_.end()) return std::nullopt;
   const BusObject focus = last->second;  // it may move while it is asked
-  const std::int32_t scale = program.frames.empty() ? 1 : program.frames.begin()->second.scale;
-  const Measure measure = Measure::Of(question, program.toolkit, scale);
   const auto lies = [&measure](const Facts& facts) {
     return measure.coordinates == kInWindow || facts.width <= 0 || facts.Holds(measure);
   };
   auto facts = facts_.Read(focus, measure, program.toolkit, limit);
-  if (!facts || IsTop(facts->found.role)) return std::nullopt;
+  if (!facts || IsTop(facts->found.role) || !IsInPopUp(*facts, program, question, measure, limit))
+    return std::nullopt;
   if (!facts->HasText() || !lies(*facts)) {
     const BusObject& holder = facts->HasText() ? facts->parent : facts->found.object;
     const BusObject other = holder.IsNull() ? BusObject{} : ChildAt(holder, measure, limit);
@@ -121,6 +154,23 @@ std::optional<FoundObject> ObjectFinder::FindInPopUp(const Program& program, con
     if (!facts || !facts->HasText() || IsTop(facts->found.role) || !lies(*facts)) return std::nullopt;
   }
   return std::move(facts->found);
+}
+
+// An item is in a pop-up that has room for a holder of it; of a long list only what is around it fits. An
+// item that tells no place is taken at its word.
+bool ObjectFinder::IsInPopUp(const Facts& item, const Program& program, const ObjectQuestion& question,
+                             const Measure& measure, Moment limit) {
+  if (measure.coordinates == kInWindow || item.width <= 0) return true;
+  const auto fits = [&](const Facts& facts) { return facts.LiesIn(question.spot.place, measure); };
+  if (!item.HasText() && fits(item)) return true;
+  BusObject holder = item.parent;
+  for (int level = 0; level < kHighestHolder && !holder.IsNull(); ++level) {
+    const auto facts = facts_.Read(holder, measure, program.toolkit, limit);
+    if (!facts || IsTop(facts->found.role)) return false;
+    if (fits(*facts)) return true;
+    holder = facts->parent;
+  }
+  return false;
 }
 
 // From the frame to the deepest object.

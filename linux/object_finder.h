@@ -25,7 +25,7 @@ class ObjectFinder {
   std::optional<FoundObject> Find(const ObjectQuestion& question, Moment limit);
 
   // A question to that process is still out.
-  bool IsSilent(ProcessId process) { return bus_.IsSilent(programs_.NameOf(process)); }
+  bool IsSilent(ProcessId process) { return programs_.IsSilent(process); }
 
  private:
   // Through a window of an old GTK 4, level by level.
@@ -37,9 +37,15 @@ class ObjectFinder {
   static int OnNameChange(sd_bus_message* signal, void* self, sd_bus_error* error);
   static int OnFocus(sd_bus_message* signal, void* self, sd_bus_error* error);
 
-  std::optional<FoundObject> FindInWindow(Program& program, const ObjectQuestion& question, Moment limit);
+  void AskForFocus();
+  std::optional<FoundObject> FindInWindow(Program& program, const Frame& frame,
+                                          const ObjectQuestion& question, Moment limit);
   std::optional<FoundObject> FindInPopUp(const Program& program, const ObjectQuestion& question,
                                          Moment limit);
+  std::optional<FoundObject> FindByFocus(const Program& program, const ObjectQuestion& question,
+                                         const Measure& measure, Moment limit);
+  bool IsInPopUp(const Facts& item, const Program& program, const ObjectQuestion& question,
+                 const Measure& measure, Moment limit);
   std::vector<BusObject> Descend(const BusObject& frame, Toolkit toolkit, const Measure& measure,
                                  Moment limit);
   bool GoIntoSelectedPage(std::vector<BusObject>& way, const Measure& measure, Moment limit);

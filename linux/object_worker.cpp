@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <exception>
 #include <tuple>
+#include <utility>
 
 #include "linux/accessibility_switch.h"
 #include "linux/object_finder.h"
@@ -32,6 +33,7 @@ struct ObjectWorker::Shared {
   unsigned answered = 0;                   // the number of the one that the answer is for
   std::optional<FoundObject> answer;
   std::set<ProcessId> silent;
+  bool isBusMissing = false;  // and nobody has been told
   bool isUnwanted = false;
   bool isOver = false;
 
@@ -71,6 +73,10 @@ class ObjectWorker::Work {
     finder_.reset();
     switch_.TurnOn();  // each bus that is started anew begins without
     bus_ = Bus::Open(switch_.BusAddress());
+    if (switch_.IsMissing() && !std::exchange(isMissingTold_, true)) {
+      const std::lock_guard lock(shared_->mutex);
+      shared_->isBusMissing = true;
+    }
     if (bus_) finder_ = std::make_unique<ObjectFinder>(*bus_);
   }
 
@@ -128,6 +134,7 @@ class ObjectWorker::Work {
   std::unique_ptr<Bus> bus_;
   std::unique_ptr<ObjectFinder> finder_;
   Moment lastOpening_{};
+  bool isMissingTold_ = false;
 };
 
 ObjectWorker::ObjectWorker() : shared_(std::make_shared<Shared>()) {
@@ -152,6 +159,11 @@ std::optional<FoundObject> ObjectWorker::Ask(const ObjectQuestion& question) {
 bool ObjectWorker::IsSilent(ProcessId process) {
   const std::lock_guard lock(shared_->mutex);
   return shared_->silent.contains(process);
+}
+
+bool ObjectWorker::TakeMissingBus() {
+  const std::lock_guard lock(shared_->mutex);
+  return std::exchange(shared_->isBusMissing, false);
 }
 
 // A thread that does not come to its end in time is left behind.

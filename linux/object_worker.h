@@ -33,6 +33,9 @@ class ObjectWorker {
   // A question to that process is still out that nobody waits for any more.
   bool IsSilent(ProcessId process);
 
+  // True once, when the desktop turned out to have no bus for accessible objects.
+  bool TakeMissingBus();
+
   // Puts back what was asked of the desktop and ends the thread; waits for that a second at most.
   void End();
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <iterator>
 #include <limits>
 #include <sstream>
 
@@ -16,6 +17,8 @@ constexpr std::chrono::milliseconds kRefreshPause{500};
 constexpr std::chrono::seconds kTrial{1};                 // of a frame that does not fit its window
 constexpr std::chrono::milliseconds kShortestMeeting{5};  // that an answer may be expected in
 constexpr std::chrono::milliseconds kLongestMeeting{50};
+constexpr std::int64_t kParts = 4;     // one of so many parts of a window's size may be missing in its frame,
+constexpr std::int32_t kShadows = 32;  // or so much
 const BusObject kDesktop{kRegistry, kRootPath};
 const BusObject kBusItself{"org.freedesktop.DBus", "/org/freedesktop/DBus"};
 
@@ -54,6 +57,13 @@ std::int64_t SizesApart(const BusReader::Four& extents, const XDisplay::Place& w
   return Apart(extents.third, window.width, scale) + Apart(extents.fourth, window.height, scale);
 }
 
+// Shadows and borders may be counted or not, and a growing window's program may not have followed yet. A
+// scale is guessed so that it fits, and has to fit well.
+bool IsAbout(std::int32_t counted, std::int32_t real, std::int32_t scale) {
+  const std::int64_t apart = Apart(counted, real, scale);
+  return apart <= std::int64_t{kShadows} * scale || (scale == 1 && apart * kParts <= real);
+}
+
 // How far a frame is from where the window is, in pixels; without places, by the size alone.
 std::int64_t Distance(const BusReader::Four& extents, const XDisplay::Place& window, std::int32_t scale,
                       bool placed) {
@@ -65,23 +75,29 @@ std::int64_t Distance(const BusReader::Four& extents, const XDisplay::Place& win
 
 }  // namespace
 
-std::shared_ptr<Program> Programs::Of(ProcessId process, Moment limit) {
-  if (process == 0) return nullptr;
-  auto found = programs_.find(process);
-  if (found == programs_.end()) {
-    Refresh(limit);
-    found = programs_.find(process);
-  }
-  return found == programs_.end() ? nullptr : found->second;
+std::vector<std::shared_ptr<Program>> Programs::Of(ProcessId process, Moment limit) {
+  if (process == 0) return {};
+  auto known = Known(process);
+  if (!known.empty()) return known;
+  Refresh(limit);
+  return Known(process);
 }
 
-std::string Programs::NameOf(ProcessId process) const {
-  const auto found = programs_.find(process);
-  return found == programs_.end() ? std::string() : found->second->root.program;
+std::vector<std::shared_ptr<Program>> Programs::Known(ProcessId process) const {
+  std::vector<std::shared_ptr<Program>> known;
+  std::copy_if(programs_.begin(), programs_.end(), std::back_inserter(known),
+               [process](const auto& program) { return program->process == process; });
+  return known;
+}
+
+bool Programs::IsSilent(ProcessId process) const {
+  const auto known = Known(process);
+  return std::any_of(known.begin(), known.end(),
+                     [this](const auto& program) { return bus_.IsSilent(program->root.program); });
 }
 
 void Programs::Forget(const std::string& name) {
-  std::erase_if(programs_, [&name](const auto& entry) { return entry.second->root.program == name; });
+  std::erase_if(programs_, [&name](const auto& program) { return program->root.program == name; });
   met_.erase(name);
 }
 
@@ -128,7 +144,7 @@ void Programs::Meet(const std::vector<Newcomer>& newcomers, Moment limit) {
     if (bus_.IsSilent(root.program)) continue;
     met_.insert(root.program);
     const Toolkit toolkit = ToolkitOf(TextProperty(answers[2 * i]), TextProperty(answers[2 * i + 1]));
-    programs_[process] = std::make_shared<Program>(Program{root, toolkit, {}});
+    programs_.push_back(std::make_shared<Program>(Program{root, process, toolkit, {}}));
   }
 }
 
@@ -139,13 +155,35 @@ std::optional<Frame> Programs::FrameOf(Program& program, const ObjectQuestion& q
   if (const auto known = program.frames.find(question.spot.window);
       known != program.frames.end() && (known->second.fits || now - known->second.found < kTrial))
     return known->second;
-  BusReader children(bus_.Ask(bus_.Call(program.root, kAccessible, "GetChildren"), limit));
-  std::vector<BusObject> frames = children.ReadObjects();
-  std::erase_if(frames, [](const BusObject& frame) { return frame.IsNull(); });
+  const std::vector<BusObject> frames = WindowsOf(program, limit);
   if (frames.empty()) return std::nullopt;
   auto nearest = Nearest(frames, program, question, limit);
   if (nearest) program.frames[question.spot.window] = *nearest;
   return nearest;
+}
+
+std::vector<BusObject> Programs::WindowsOf(const Program& program, Moment limit) {
+  BusReader children(bus_.Ask(bus_.Call(program.root, kAccessible, "GetChildren"), limit));
+  std::vector<BusObject> windows = children.ReadObjects();
+  std::erase_if(windows, [](const BusObject& window) { return window.IsNull(); });
+  return windows;
+}
+
+BusObject Programs::WindowAt(const Program& program, const XDisplay::Place& place, std::int32_t scale,
+                             Moment limit) {
+  std::vector<BusObject> windows = WindowsOf(program, limit);
+  std::vector<BusMessage> calls;
+  for (const BusObject& window : windows) {
+    calls.push_back(bus_.Call(window, kComponent, "GetExtents"));
+    if (calls.back()) sd_bus_message_append(calls.back().get(), "u", kOnScreen);
+  }
+  const auto answers = bus_.Ask(std::move(calls), limit);
+  for (std::size_t i = 0; i < windows.size(); ++i) {
+    BusReader reader(answers[i]);
+    const BusReader::Four extents = reader.ReadFour();
+    if (reader.IsGood() && Distance(extents, place, scale, true) <= 4 * scale) return std::move(windows[i]);
+  }
+  return {};
 }
 
 std::optional<Frame> Programs::Nearest(const std::vector<BusObject>& frames, const Program& program,
@@ -166,10 +204,13 @@ std::optional<Frame> Programs::Nearest(const std::vector<BusObject>& frames, con
     if (!reader.IsGood()) continue;
     const std::int32_t scale = Scale(question.spot.place.width, extents.third);
     std::int64_t distance = 2 * Distance(extents, question.spot.place, scale, placed);
-    if (TextProperty(answers[2 * i + 1]) != question.title) ++distance;  // decides between equals
-    if (distance >= least) continue;
+    const bool hasTitle = !question.title.empty() && TextProperty(answers[2 * i + 1]) == question.title;
+    const bool isAsLarge = IsAbout(extents.third, question.spot.place.width, scale) &&
+                           IsAbout(extents.fourth, question.spot.place.height, scale);
+    if (!hasTitle) ++distance;  // decides between equals
+    if (distance >= least || (!hasTitle && !isAsLarge)) continue;
     least = distance;
-    nearest = Frame{frames[i], scale, SizesApart(extents, question.spot.place, scale) <= 2 * scale,
+    nearest = Frame{frames[i], scale, SizesApart(extents, question.spot.place, scale) <= 2 * scale, distance,
                     std::chrono::steady_clock::now()};
   }
   return nearest;

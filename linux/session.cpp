@@ -1,5 +1,6 @@
 #include "linux/session.h"
 
+#include <poll.h>
 #include <sys/signalfd.h>
 
 #include <QtCore/QSocketNotifier>
@@ -55,6 +56,11 @@ EndSignals::~EndSignals() = default;
 void EndSignals::Serve(std::function<void()> onEnd) {
   signals_->notifier = std::make_unique<QSocketNotifier>(signals_->file.Number(), QSocketNotifier::Read);
   QObject::connect(signals_->notifier.get(), &QSocketNotifier::activated, std::move(onEnd));
+}
+
+bool EndSignals::WaitFor(std::chrono::milliseconds limit) {
+  pollfd file{signals_->file.Number(), POLLIN, 0};
+  return poll(&file, 1, static_cast<int>(limit.count())) > 0;
 }
 
 }  // namespace pointalk::linux

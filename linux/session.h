@@ -1,6 +1,7 @@
 // The user's session: what it is, and that it ends.
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -20,6 +21,9 @@ class EndSignals {
 
   // Calls back on the form's thread.
   void Serve(std::function<void()> onEnd);
+
+  // Waits for one of them, that long at most; false when none came.
+  bool WaitFor(std::chrono::milliseconds limit);
 
  private:
   struct Signals;

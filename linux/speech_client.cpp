@@ -123,17 +123,18 @@ struct SpeechClient::State {
   void ListVoices();
 };
 
+// What the socket does not take waits for the thread.
 void SpeechClient::State::Send(std::string_view bytes) {
   out.append(bytes);
   SendOut();
+  if (!out.empty()) Wake();
 }
 
-// What the socket does not take waits for the thread.
 void SpeechClient::State::SendOut() {
   while (socket && !out.empty()) {
     const ssize_t sent = ::send(socket.Number(), out.data(), out.size(), MSG_DONTWAIT | MSG_NOSIGNAL);
     if (sent < 0 && errno == EINTR) continue;
-    if (sent <= 0) return Wake();
+    if (sent <= 0) return;
     out.erase(0, static_cast<std::size_t>(sent));
   }
 }

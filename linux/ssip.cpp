@@ -48,6 +48,7 @@ std::optional<SsipLine> ParseSsipLine(std::string_view line) {
 }
 
 void SsipLines::Add(std::string_view bytes) {
+  bytes_.erase(0, std::exchange(next_, 0));
   bytes_.append(bytes);
   if (bytes_.size() <= kLongestLine || bytes_.find('\n') != std::string::npos) return;
   bytes_.clear();
@@ -56,12 +57,12 @@ void SsipLines::Add(std::string_view bytes) {
 
 std::optional<SsipLine> SsipLines::Next() {
   for (;;) {
-    const auto end = bytes_.find('\n');
+    const auto end = bytes_.find('\n', next_);
     if (end == std::string::npos) return std::nullopt;
-    std::string line = bytes_.substr(0, end);
-    bytes_.erase(0, end + 1);
+    std::string_view line = std::string_view(bytes_).substr(next_, end - next_);
+    next_ = end + 1;
     if (std::exchange(isGivenUp_, false)) continue;
-    if (!line.empty() && line.back() == '\r') line.pop_back();
+    if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
     if (auto parsed = ParseSsipLine(line)) return parsed;
   }
 }

@@ -33,6 +33,7 @@ class SsipLines {
 
  private:
   std::string bytes_;
+  std::size_t next_ = 0;    // where the line after the last one begins
   bool isGivenUp_ = false;  // the line that goes on
 };
 

@@ -13,14 +13,17 @@ namespace {
 using Moment = std::chrono::steady_clock::time_point;
 
 constexpr std::chrono::seconds kOpenLimit{5};
-constexpr std::chrono::seconds kRestBeforeSleep{4};     // without a note
-constexpr std::chrono::milliseconds kRingingLook{500};  // between two looks at a note that rings on
+constexpr std::chrono::seconds kRestBeforeSleep{4};    // without a note
+constexpr std::chrono::milliseconds kDeviceLook{500};  // between two looks at the device
+constexpr std::chrono::seconds kDeadLimit{2};          // that a device may take no sound for
+constexpr std::chrono::seconds kOpenPause{1};          // between two attempts to open it
 
 constexpr int kPeriod = 256;  // frames
 constexpr int kPeriods = 2;
 constexpr int kVoices = 64;
 
 constexpr int kChannels = 16;
+constexpr int kAllChannels = -1;
 
 constexpr std::array<const char*, 3> kSoundFonts = {
     "/usr/share/sounds/sf2/default-GM.sf2",
@@ -31,6 +34,7 @@ constexpr std::array<const char*, 3> kSoundFonts = {
 using Settings = Owned<fluid_settings_t, delete_fluid_settings>;
 using Synth = Owned<fluid_synth_t, delete_fluid_synth>;
 using Driver = Owned<fluid_audio_driver_t, delete_fluid_audio_driver>;
+using Sequencer = Owned<fluid_sequencer_t, delete_fluid_sequencer>;
 
 // What the library has to say is said by what its functions give back.
 void SilenceLog() {
@@ -51,20 +55,62 @@ Settings MakeSettings() {
   return settings;
 }
 
-// The driver that the user's settings name, then those that are usual here.
+// The driver that is the library's first choice, then those that are usual here.
 Driver OpenDriver(fluid_settings_t* settings, fluid_synth_t* synth) {
-  Driver driver(new_fluid_audio_driver(settings, synth));
-  for (const char* const name : {"pulseaudio", "pipewire", "alsa"}) {
-    if (driver) break;
-    if (fluid_settings_setstr(settings, "audio.driver", name) == FLUID_OK)
+  char* first = nullptr;
+  fluid_settings_getstr_default(settings, "audio.driver", &first);
+  Driver driver;
+  for (const char* const name : {static_cast<const char*>(first), "pulseaudio", "pipewire", "alsa"}) {
+    if (name != nullptr && fluid_settings_setstr(settings, "audio.driver", name) == FLUID_OK)
       driver.reset(new_fluid_audio_driver(settings, synth));
+    if (driver) break;
   }
   return driver;
+}
+
+// Counts the milliseconds of sound that were taken. It plays nothing; no other call of the library tells
+// that.
+Sequencer CountTime(fluid_synth_t* synth) {
+  Sequencer counter(synth == nullptr ? nullptr : new_fluid_sequencer2(0));
+  if (counter) fluid_sequencer_register_fluidsynth(counter.get(), synth);
+  return counter;
 }
 
 }  // namespace
 
 struct Synthesizer::Sound {
+  // A driver says nothing when its sound server ends or its device is unplugged; it takes no more sound.
+  class Pulse {
+   public:
+    explicit Pulse(fluid_synth_t* synth) : counter_(CountTime(synth)) {}
+
+    // The device has just been opened.
+    void Begin() {
+      last_ = Count();
+      hasBegun_ = false;
+      changed_ = std::chrono::steady_clock::now();
+    }
+
+    // It took sound, and takes none any more.
+    bool HasStopped() {
+      const Moment now = std::chrono::steady_clock::now();
+      if (const unsigned count = Count(); count != last_) {
+        last_ = count;
+        hasBegun_ = true;
+        changed_ = now;
+      }
+      return hasBegun_ && now - changed_ > kDeadLimit;
+    }
+
+   private:
+    unsigned Count() const { return counter_ ? fluid_sequencer_get_tick(counter_.get()) : 0; }
+
+    Sequencer counter_;
+    unsigned last_ = 0;
+    bool hasBegun_ = false;
+    Moment changed_{};
+  };
+
   Settings settings = MakeSettings();
   Synth synth{settings ? new_fluid_synth(settings.get()) : nullptr};
   bool hasFont = false;
@@ -78,8 +124,18 @@ struct Synthesizer::Sound {
   bool mustWake = false;    // a note came while it slept
   Moment lastNote{};
 
+  // The thread's own.
+  Pulse pulse{synth.get()};
+  Driver driver;
+  Moment lastAttempt{};
+  bool isStale = false;  // there are notes that no device took
+
   void LoadFont();
   void Run();
+  bool MayStayOpen();
+  void Open(std::unique_lock<std::mutex>& lock);
+  void LetGo(std::unique_lock<std::mutex>& lock);
+  void Wait(std::unique_lock<std::mutex>& lock);
 };
 
 void Synthesizer::Sound::LoadFont() {
@@ -89,40 +145,67 @@ void Synthesizer::Sound::LoadFont() {
   }
 }
 
-// Opens the device when it is wanted, lets it go when no note came for a while, and opens it again for the
-// next.
-void Synthesizer::Sound::Run() {
-  Driver driver;
-  std::unique_lock lock(mutex);
-  while (!isUnwanted) {
-    const bool rests = std::chrono::steady_clock::now() - lastNote > kRestBeforeSleep &&
-                       fluid_synth_get_active_voice_count(synth.get()) == 0;
-    if (driver && (!isWanted || (rests && !mustWake))) {
-      isAwake = false;
-      lock.unlock();
-      driver.reset();
-      lock.lock();
-    } else if (!driver && isWanted && (!isTried || mustWake)) {
-      mustWake = false;
-      lock.unlock();
-      Driver made = OpenDriver(settings.get(), synth.get());
-      lock.lock();
-      driver = std::move(made);
-      isAwake = driver != nullptr;
-      isTried = true;
-      lastNote = std::chrono::steady_clock::now();
-      changed.notify_all();
-    } else if (driver) {
-      mustWake = false;
-      const Moment next =
-          std::max(lastNote + kRestBeforeSleep, std::chrono::steady_clock::now() + kRingingLook);
-      changed.wait_until(lock, next);
-    } else {
-      changed.wait(lock);
-    }
-  }
+bool Synthesizer::Sound::MayStayOpen() {
+  const bool rests = std::chrono::steady_clock::now() - lastNote > kRestBeforeSleep &&
+                     fluid_synth_get_active_voice_count(synth.get()) == 0;
+  return isWanted && (!rests || mustWake);
+}
+
+void Synthesizer::Sound::LetGo(std::unique_lock<std::mutex>& lock) {
   isAwake = false;
   lock.unlock();
+  driver.reset();
+  lock.lock();
+}
+
+// Notes that no device took would all sound at once.
+void Synthesizer::Sound::Open(std::unique_lock<std::mutex>& lock) {
+  mustWake = false;
+  lock.unlock();
+  if (isStale) fluid_synth_all_sounds_off(synth.get(), kAllChannels);
+  Driver made = OpenDriver(settings.get(), synth.get());
+  lock.lock();
+  driver = std::move(made);
+  pulse.Begin();
+  isAwake = driver != nullptr;
+  isStale = !isAwake;
+  isTried = true;
+  lastNote = lastAttempt = std::chrono::steady_clock::now();
+  changed.notify_all();
+}
+
+void Synthesizer::Sound::Wait(std::unique_lock<std::mutex>& lock) {
+  if (driver) {
+    mustWake = false;
+    changed.wait_for(lock, kDeviceLook);
+  } else if (isWanted && mustWake) {
+    changed.wait_until(lock, lastAttempt + kOpenPause);
+  } else {
+    changed.wait(lock);
+  }
+}
+
+// Opens the device when it is wanted, lets it go when no note came for a while or nobody takes the sound, and
+// opens it again for the next.
+void Synthesizer::Sound::Run() {
+  std::unique_lock lock(mutex);
+  while (!isUnwanted) {
+    const bool isDue = std::chrono::steady_clock::now() - lastAttempt >= kOpenPause;
+    if (driver && pulse.HasStopped()) {
+      isStale = true;
+      LetGo(lock);
+    } else if (driver && !MayStayOpen()) {
+      LetGo(lock);
+    } else if (driver && !isTried) {  // wanted again before it was let go
+      isTried = true;
+      changed.notify_all();
+    } else if (!driver && isWanted && (!isTried || (mustWake && isDue))) {
+      Open(lock);
+    } else {
+      Wait(lock);
+    }
+  }
+  LetGo(lock);
 }
 
 Synthesizer::Synthesizer() : sound_(std::make_shared<Sound>()) {

@@ -18,7 +18,9 @@ constexpr WindowHandle kTitleBars = WindowHandle{2} << 32;
 constexpr WindowHandle kOwnObjects = WindowHandle{3} << 32;
 constexpr WindowHandle kObjects = WindowHandle{4} << 32;
 
-constexpr std::size_t kMostKept = 4096;  // things, and objects with handles
+// Each text of a thing may be long, and only things that were found lately are asked about.
+constexpr std::size_t kMostThings = 256;
+constexpr std::size_t kMostHandles = 4096;
 
 std::optional<Text> UnlessEmpty(Text text) {
   if (text.empty()) return std::nullopt;
@@ -31,6 +33,8 @@ constexpr TextView kScrollBarName = u"Position";
 }  // namespace
 
 const Thing& Things::At(Point screen) {
+  if (things_.size() >= kMostThings) things_.clear();
+  if (handles_.size() >= kMostHandles) handles_.clear();
   Thing found = Look(screen);
   found.pointer = {screen.x - found.origin.x, screen.y - found.origin.y};
   const Thing& thing = Keep(std::move(found));
@@ -142,17 +146,12 @@ Thing Things::OfObject(const XWindowSpot& spot, FoundObject found) {
 
 WindowHandle Things::HandleOf(const BusObject& object) {
   if (const auto known = handles_.find(object); known != handles_.end()) return known->second;
-  if (handles_.size() >= kMostKept) {
-    handles_.clear();
-    things_.clear();
-  }
   const WindowHandle handle = kObjects + ++lastHandle_;
   handles_[object] = handle;
   return handle;
 }
 
 const Thing& Things::Keep(Thing thing) {
-  if (things_.size() >= kMostKept) things_.clear();
   if (thing.frame != 0 && thing.handle != thing.frame && !things_.contains(thing.frame)) {
     Thing frame;
     frame.handle = frame.frame = thing.frame;

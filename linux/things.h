@@ -51,6 +51,8 @@ class Things {
 
   bool IsSilent(ProcessId process) { return worker_.IsSilent(process); }
 
+  bool TakeMissingBus() { return worker_.TakeMissingBus(); }
+
   // At the end of the program.
   void End() { worker_.End(); }
 

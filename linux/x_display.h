@@ -51,10 +51,13 @@ class XDisplay {
     std::int32_t height = 0;
     bool isShown = false;
     bool overridesRedirect = false;
+    bool isInputOnly = false;  // nothing is seen of it
 
     bool Holds(Point screen) const;
   };
   std::optional<Place> PlaceOf(XWindowId window);
+  // Whether the pointer would be in it there, by the window's shapes; other windows are not looked at.
+  bool TakesPointer(XWindowId window, Point screen);
 
   bool Has(XWindowId window, const char* property);
   std::optional<std::uint32_t> Number(XWindowId window, const char* property);
@@ -75,6 +78,7 @@ class XDisplay {
 
   static void NoteLoss(_XDisplay* display, void* self);
 
+  bool ShapeHolds(XWindowId window, int kind, Point inWindow);
   XAtom AtomOf(const char* name);
   Property Read(XWindowId window, const char* name, long units);
 

@@ -11,20 +11,24 @@ constexpr std::size_t kMostTried = 64;  // parts of a frame that are looked at
 
 }  // namespace
 
-// A tool tip is looked through: it lies where the pointer rests, over the thing that it tells of.
+// The server gives the topmost window. Under one that is looked through, the next is looked for by the rules
+// of the server: the window that a compositing manager draws the whole screen in lies above all, and no
+// pointer is ever in it.
 XWindowId XWindows::TopAt(Point screen) {
   const XWindowId top = display_.ChildAt(display_.Root(), screen);
-  if (top == 0 || !IsToolTip(top)) return top;
+  if (top == 0 || !IsLookedThrough(top)) return top;
   std::vector<XWindowId> all = display_.ChildrenOf(display_.Root());
-  std::reverse(all.begin(), all.end());
-  for (const XWindowId window : all) {
-    const auto place = display_.PlaceOf(window);
-    if (place && place->isShown && place->Holds(screen) && !IsToolTip(window)) return window;
-  }
-  return 0;
+  const auto below = std::find_if(all.rbegin(), all.rend(), [this, screen](XWindowId window) {
+    return display_.TakesPointer(window, screen) && !IsLookedThrough(window);
+  });
+  return below == all.rend() ? 0 : *below;
 }
 
-bool XWindows::IsToolTip(XWindowId window) {
+// A tool tip lies where the pointer rests, over the thing that it tells of. Of some windows nothing is seen:
+// they catch the pointer at the edges of the screen, and what is seen there lies below.
+bool XWindows::IsLookedThrough(XWindowId window) {
+  const auto place = display_.PlaceOf(window);
+  if (place && place->isInputOnly) return true;
   const auto types = display_.AtomNames(window, "_NET_WM_WINDOW_TYPE");
   return std::find(types.begin(), types.end(), "_NET_WM_WINDOW_TYPE_TOOLTIP") != types.end();
 }

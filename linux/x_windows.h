@@ -29,7 +29,7 @@ class XWindows {
 
  private:
   XWindowId TopAt(Point screen);
-  bool IsToolTip(XWindowId window);
+  bool IsLookedThrough(XWindowId window);
   bool IsClient(XWindowId window) { return display_.Has(window, "WM_STATE"); }
   XWindowId ClientWithin(XWindowId frame);
   XWindowSpot Spot(XWindowSpot::Kind kind, XWindowId window);

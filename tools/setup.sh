@@ -9,8 +9,8 @@
 #
 # What pointalk is built of, and what it needs on a desktop; xdotool tells whether there is one.
 POINTALK_desktop=(
-  cmake ninja-build g++ pkg-config nlohmann-json3-dev qt6-base-dev libx11-dev libxi-dev libsystemd-dev libfluidsynth-dev
-  at-spi2-core speech-dispatcher speech-dispatcher-espeak-ng timgm6mb-soundfont xdg-utils xdotool
+  cmake ninja-build g++ pkg-config nlohmann-json3-dev qt6-base-dev libx11-dev libxext-dev libxi-dev libsystemd-dev
+  libfluidsynth-dev at-spi2-core speech-dispatcher speech-dispatcher-espeak-ng timgm6mb-soundfont xdg-utils xdotool
 )
 # The same for Pointalk.exe under Wine.
 POINTALK_wine=(
@@ -27,7 +27,8 @@ POINTALK_tour=(
 POINTALK_package=(
   cmake ninja-build nsis python3 git
   g++-mingw-w64-x86-64-posix g++-mingw-w64-x86-64-win32 g++-mingw-w64-i686-posix g++-mingw-w64-i686-win32
-  g++ pkg-config nlohmann-json3-dev qt6-base-dev libx11-dev libxi-dev libsystemd-dev libfluidsynth-dev dpkg-dev
+  g++ pkg-config nlohmann-json3-dev qt6-base-dev libx11-dev libxext-dev libxi-dev libsystemd-dev
+  libfluidsynth-dev dpkg-dev
 )
 POINTALK_test=(
   "${POINTALK_tour[@]}" "${POINTALK_package[@]}" libglib2.0-bin gcc lintian appstream desktop-file-utils man-db

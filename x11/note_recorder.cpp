@@ -2,12 +2,19 @@
 //
 // POINTALK_NOTES names the file; each line is a time of the monotonic clock in seconds, the function, and its
 // numbers. With POINTALK_NO_SOUND set there is no sound device, with POINTALK_SOUND the one that the system
-// has; with POINTALK_NO_FONT set there is no sound font.
+// has; with POINTALK_SOUND_SERVER one that takes sound as long as there is a file of that name. With
+// POINTALK_NO_FONT set there is no sound font.
 #include <dlfcn.h>
 
+#include <unistd.h>
+
+#include <array>
+#include <atomic>
 #include <chrono>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <thread>
 
 namespace {
 
@@ -22,9 +29,41 @@ void WriteDown(const char* function, int channel, int first, int second) {
 
 bool HasDevice() { return std::getenv("POINTALK_SOUND") != nullptr; }
 
+const char* Server() { return std::getenv("POINTALK_SOUND_SERVER"); }
+bool HasServer() { return Server() != nullptr && ::access(Server(), F_OK) == 0; }
+
 template <typename Function> Function Next(const char* name) {
   return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
 }
+
+// Takes the sound as a driver does, whose thread ends without a word when its server has ended.
+class ServedDevice {
+ public:
+  explicit ServedDevice(void* synth) : thread_([this, synth] { Take(synth); }) {}
+  ~ServedDevice() {
+    isUnwanted_ = true;
+    thread_.join();
+  }
+  ServedDevice(const ServedDevice&) = delete;
+  ServedDevice& operator=(const ServedDevice&) = delete;
+
+ private:
+  static constexpr int kFrames = 441;
+  static constexpr std::chrono::milliseconds kLength{10};
+
+  void Take(void* synth) {
+    const auto write = reinterpret_cast<int (*)(void*, int, void*, int, int, void*, int, int)>(
+        dlsym(RTLD_NEXT, "fluid_synth_write_s16"));
+    std::array<std::int16_t, 2 * kFrames> frames{};
+    while (!isUnwanted_ && HasServer()) {
+      write(synth, kFrames, frames.data(), 0, 2, frames.data(), 1, 2);
+      std::this_thread::sleep_for(kLength);
+    }
+  }
+
+  std::atomic<bool> isUnwanted_ = false;
+  std::thread thread_;
+};
 
 }  // namespace
 
@@ -56,13 +95,16 @@ int fluid_is_soundfont(const char* path) {
 // Where no sound is ever asked for, no note comes to its end by itself.
 int fluid_synth_get_active_voice_count(void* synth) {
   static const auto next = Next<int (*)(void*)>("fluid_synth_get_active_voice_count");
-  return HasDevice() ? next(synth) : 0;
+  return HasDevice() || Server() != nullptr ? next(synth) : 0;
 }
 
 void* new_fluid_audio_driver(void* settings, void* synth) {
   static const auto next = Next<void* (*)(void*, void*)>("new_fluid_audio_driver");
   if (std::getenv("POINTALK_NO_SOUND") != nullptr) return nullptr;
-  void* const driver = HasDevice() ? next(settings, synth) : synth;  // anything but null
+  if (Server() != nullptr && !HasServer()) return nullptr;
+  void* driver = synth;  // anything but null
+  if (HasDevice()) driver = next(settings, synth);
+  if (Server() != nullptr) driver = new ServedDevice(synth);
   if (driver != nullptr) WriteDown("open", 0, 0, 0);
   return driver;
 }
@@ -72,5 +114,6 @@ void delete_fluid_audio_driver(void* driver) {
   if (driver == nullptr) return;
   WriteDown("close", 0, 0, 0);
   if (HasDevice()) next(driver);
+  if (Server() != nullptr) delete static_cast<ServedDevice*>(driver);
 }
 }

@@ -7,12 +7,13 @@ from session import BUILD
 
 PUSH_BUTTON, FRAME, PANEL, TEXT, LABEL, SLIDER, PASSWORD, STATIC = 43, 23, 39, 61, 29, 51, 40, 116
 PAGE_TAB, PAGE_TAB_LIST, COMBO_BOX, MENU, MENU_ITEM, TABLE_CELL = 37, 38, 11, 33, 35, 56
+LIST, LIST_ITEM, POPUP_MENU, WINDOW = 31, 32, 41, 69
 MULTI_LINE = 17
 
 
 class AccessibleTarget:
-    def __init__(self, desktop, toolkit="test 1.0"):
-        self.program = desktop.start(BUILD / "pointalk_accessible_target", toolkit, stdin=subprocess.PIPE,
+    def __init__(self, desktop, *toolkits):
+        self.program = desktop.start(BUILD / "pointalk_accessible_target", *toolkits, stdin=subprocess.PIPE,
                                      stdout=subprocess.PIPE)
         assert self.program.stdout.readline() == b"ready\n"
 
@@ -21,10 +22,18 @@ class AccessibleTarget:
         self.program.stdin.flush()
         assert self.program.stdout.readline() == b"ok\n"
 
-    def show_window(self, name, rectangle, title=""):
+    def show_window(self, name, rectangle, title="", program=0, **more):
         """A window with a frame that other objects are put into."""
-        self.tell(id=name, rectangle=rectangle, role=FRAME, name=title)
-        self.tell(window=name, rectangle=rectangle, title=title)
+        self.tell(id=name, rectangle=rectangle, role=FRAME, name=title, program=program)
+        self.tell(window=name, rectangle=rectangle, title=title, **more)
+
+    def show_other(self, kind, rectangle):
+        """A window above the others that is none like them."""
+        self.tell(window=kind, kind=kind, rectangle=rectangle)
+
+    def show_pop_up(self, rectangle):
+        """As menus and lists have it while they are open."""
+        self.show_other("pop-up", rectangle)
 
     def put(self, known_as, rectangle, role=PUSH_BUTTON, parent="frame", **more):
         """An object; what it may have is told in accessible_target/objects.h."""

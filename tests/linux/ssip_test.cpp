@@ -54,6 +54,18 @@ TEST(SsipTest, BytesAreCutIntoLines) {
   EXPECT_FALSE(lines.Next());
 }
 
+// Taken off the beginning one by one, so many lines took minutes.
+TEST(SsipTest, ALongListComesInAtOnce) {
+  constexpr int kLines = 300'000;
+  std::string list;
+  for (int i = 0; i < kLines; ++i) list += "249-English (America)+Variant\ten-us\tVariant\r\n";
+  SsipLines lines;
+  lines.Add(list);
+  int count = 0;
+  while (lines.Next()) ++count;
+  EXPECT_EQ(count, kLines);
+}
+
 TEST(SsipTest, ALineWithoutAnEndIsGivenUp) {
   SsipLines lines;
   for (int i = 0; i < 100; ++i) lines.Add(std::string(1000, '2'));

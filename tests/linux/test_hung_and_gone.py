@@ -3,6 +3,7 @@
 import os
 import pathlib
 import signal
+import time
 
 from accessible import AccessibleTarget
 from desktop import LIMIT
@@ -57,6 +58,36 @@ def test_a_voice_that_dies_comes_back(session):
 def test_a_program_that_ends_is_forgotten(session):
     start_target_again(session)
     session.wait_for_name(place(0, 3), "Toggle me button")
+
+
+def names_in_open_list(session):
+    """What is said over the entries of the target's combo box while it is open."""
+    session.wait_for_name(place(0, 8), "Red")
+    x, y = place(0, 8)
+    before = len(session.desktop.said())
+    session.desktop.output("xdotool", "click", "1")
+    for down in range(-30, 90, 10):
+        session.desktop.move(x, y + down)
+        time.sleep(0.15)
+    session.desktop.output("xdotool", "key", "Escape")
+    return session.desktop.said()[before:]
+
+
+def test_open_lists_are_read_after_the_registry_of_the_bus_has_ended(own):
+    """A program that comes then sends what the new registry was asked for."""
+    address = own.desktop.output("gdbus", "call", "--session", "--dest", "org.a11y.Bus", "--object-path", "/org/a11y/bus",
+                                 "--method", "org.a11y.Bus.GetAddress").decode().split("'")[1]
+
+    def registry():
+        answer = own.desktop.output("gdbus", "call", "--address", address, "--dest", "org.freedesktop.DBus", "--object-path", "/",
+                                    "--method", "org.freedesktop.DBus.GetConnectionUnixProcessID", "org.a11y.atspi.Registry")
+        return int(answer.split()[1].strip(b",)")) if answer else None
+    before = registry()
+    os.kill(before, signal.SIGKILL)
+    own.desktop.wait_until(lambda: registry() != before)
+    start_target_again(own)
+    own.desktop.wait_until(lambda: {"Green", "Blue"} <= set(names_in_open_list(own)))
+    assert registry() != before
 
 
 def processes_of_bus(desktop):

@@ -1,13 +1,14 @@
 """What is chosen on the panel: the formats of the tones, settings that last, the crash report, the start with the session."""
 
+import shutil
 import stat
 
 import pytest
 
 import panel as keys
-from desktop import Desktop
+from desktop import LIMIT, Desktop
 from panel import Panel
-from session import PROGRAM, Session, place, wait_for_name, wait_for_tones
+from session import PROGRAM, RECORDER, Session, place, wait_for_name, wait_for_tones
 
 LOWER, HIGHER = 14, 13  # channels
 # By format: the channels and notes of two places.
@@ -51,6 +52,11 @@ class OnePanel:
 
     def tones_since(self, before):
         return {note[:2] for note in self.desktop.notes()[before:] if note[0] in (LOWER, HIGHER)}
+
+    def stop_auto_start(self, entry):
+        self.panel.choose(keys.PROGRAM_MENU, keys.MAKE_NOT_AUTO_START)
+        self.panel.answer("Pointalk", "Return")
+        self.desktop.wait_until(lambda: not entry.exists())
 
     def sounds(self, melody_format):
         """Each place has its notes and no other."""
@@ -159,6 +165,21 @@ def test_it_starts_with_the_session_as_long_as_that_is_wanted(one):
     one.panel.answer("Pointalk", "Return")
     one.desktop.wait_until(entry.exists)
     assert f'\nExec="{PROGRAM}"\n' in entry.read_text(encoding="utf-8")
-    one.panel.choose(keys.PROGRAM_MENU, keys.MAKE_NOT_AUTO_START)
+    one.stop_auto_start(entry)
+
+
+def test_it_starts_with_the_session_by_its_own_path_after_an_update(one):
+    """The file that it was started from is another one then, or gone."""
+    entry = one.desktop.config.parent / "autostart" / "pointalk.desktop"
+    one.session.pointalk.terminate()
+    assert one.session.pointalk.wait(LIMIT) == 0
+    copy = one.desktop.folder / "installed" / "pointalk"
+    copy.parent.mkdir()
+    shutil.copy(PROGRAM, copy)
+    one.session.pointalk = one.desktop.start_pointalk(copy, RECORDER, PATH=str(one.programs))
+    copy.unlink()
+    one.panel.choose(keys.PROGRAM_MENU, keys.MAKE_AUTO_START)
     one.panel.answer("Pointalk", "Return")
-    one.desktop.wait_until(lambda: not entry.exists())
+    one.desktop.wait_until(entry.exists)
+    assert f'\nExec="{copy}"\n' in entry.read_text(encoding="utf-8")
+    one.stop_auto_start(entry)

@@ -37,3 +37,32 @@ def test_a_window_that_was_met_while_it_grew(tmp_path):
         wait_for_name(desktop, (160, 100), "Small button", (500, 70))
         target.tell(id="frame", rectangle=[0, 0, 800, 600], role=FRAME, name="Grown")
         wait_for_name(desktop, (80, 50), "Small button", (250, 35))
+
+
+def test_a_process_with_two_connections(tmp_path):
+    with Desktop(tmp_path / "desktop") as desktop:
+        desktop.start_voice()
+        target = AccessibleTarget(desktop, "test 1.0", "Qt")
+        for program, name in enumerate(("First", "Second")):
+            left = 400 * program
+            target.show_window(name, [left, 0, left + 300, 200], name, program)
+            target.put("button", [left + 10, 10, left + 110, 60], parent=name, name=name, program=program)
+        start_pointalk_over(desktop)
+        wait_for_name(desktop, (50, 35), "First button", (450, 150))
+        wait_for_name(desktop, (450, 35), "Second button", (50, 150))
+
+
+def test_a_window_that_has_the_number_of_another_programs_process(tmp_path):
+    """As from another machine, or from where processes are counted anew."""
+    with Desktop(tmp_path / "desktop") as desktop:
+        desktop.start_voice()
+        known = AccessibleTarget(desktop)
+        known.show_window("frame", [0, 0, 300, 200], "Known")
+        known.put("button", [10, 10, 110, 60], name="Known")
+        other = AccessibleTarget(desktop)
+        other.tell(window="frame", rectangle=[100, 300, 850, 900], title="Other", process=known.program.pid)
+        start_pointalk_over(desktop)
+        wait_for_name(desktop, (50, 35), "Known button", (1200, 1000))
+        before = len(desktop.said())
+        wait_for_name(desktop, (500, 600), "Other", (1200, 1000))
+        assert "Known" not in desktop.said()[before:]

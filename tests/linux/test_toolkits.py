@@ -49,6 +49,26 @@ def test_a_cell_of_a_spreadsheet_is_what_stands_in_it_and_then_its_place(target)
     wait_for_name(target.desktop, (60, 195), "Builder", OTHER)
 
 
+@pytest.mark.parametrize("x", [30, 90, 150])
+def test_an_entry_of_a_list_of_gtk_3_has_the_name_of_one_of_its_parts(target, x):
+    target.put("entry", [10, 270, 190, 290], TABLE_CELL)
+    target.put("picture", [10, 270, 60, 290], TABLE_CELL, parent="entry")
+    target.put("named", [60, 270, 120, 290], TABLE_CELL, parent="entry", name="Assistant")
+    wait_for_name(target.desktop, (x, 280), "Assistant", OTHER)
+
+
+def test_a_cell_without_any_name_says_what_it_is(target):
+    target.put("check", [200, 270, 240, 290], TABLE_CELL)
+    wait_for_name(target.desktop, (220, 280), "It is eigh table cell", OTHER)
+
+
+def test_the_place_of_an_object_in_a_text_is_no_character(target):
+    target.put("heading", [10, 220, 110, 240], 83, name="Read\ufffcmore")
+    target.put("paragraph", [10, 245, 210, 265], 73, text="See \ufffc there")
+    wait_for_name(target.desktop, (60, 230), "Read more", OTHER)
+    wait_for_name(target.desktop, (12, 250), "See   there", OTHER)
+
+
 def test_a_walk_through_a_slow_window_of_an_old_gtk_4_goes_on(tmp_path):
     with Desktop(tmp_path / "desktop") as desktop:
         desktop.start_voice()

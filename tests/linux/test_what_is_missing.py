@@ -2,6 +2,8 @@
 
 import shutil
 import signal
+import subprocess
+import time
 
 import pytest
 
@@ -56,6 +58,18 @@ def test_a_wayland_session_without_an_x_server_is_refused_aloud(bare):
     assert "Wayland" in bare.said()[0]
 
 
+@pytest.mark.parametrize("session", [{"XDG_SESSION_TYPE": "wayland"}, {"DISPLAY": "", "WAYLAND_DISPLAY": "wayland-0"}])
+def test_what_a_wayland_session_is_told_can_be_ended(bare, session):
+    """Of two, the one that is left alone goes on with its sentence."""
+    bare.start_voice("--spoken", "600")
+    left, ended = bare.start(PROGRAM, **session), bare.start(PROGRAM, **session)
+    bare.wait_until(lambda: len(bare.said()) == 2)
+    ended.terminate()
+    bare.wait_until(lambda: ended.poll() is not None or left.poll() is not None)
+    assert ended.poll() == 3
+    assert left.poll() is None
+
+
 def test_without_a_sound_device_it_asks(bare):
     bare.start_voice()
     bare.start(PROGRAM, LD_PRELOAD=str(RECORDER), POINTALK_NO_SOUND="1")
@@ -71,6 +85,46 @@ def test_without_a_sound_font_its_package_is_named(bare):
     start(bare, POINTALK_NO_FONT="1")
     bare.wait_until(lambda: any("Do you want to run without midi" in text for text in bare.said()))
     assert "install the package timgm6mb-soundfont" in shown(bare)
+
+
+def test_a_sound_server_that_ends_and_comes_back_sounds_again(bare):
+    server = bare.folder / "sound server"
+    server.touch()
+    bare.start_voice()
+    start(bare, POINTALK_SOUND_SERVER=str(server))
+    wait_for_tones(bare)
+
+    def devices():
+        """What was opened and closed of the sound device, in order."""
+        words = [line.split()[1] for line in bare.notes_log.read_text(encoding="ascii").splitlines()]
+        return [word for word in words if word in ("open", "close")]
+
+    def move():
+        for point in ((640, 300), (100, 600)):
+            bare.move(*point)
+            time.sleep(0.2)
+    server.unlink()
+    bare.wait_until(lambda: move() or devices()[-1] == "close")
+    move()
+    assert devices()[-1] == "close"
+    server.touch()
+    bare.wait_until(lambda: move() or devices()[-1] == "open")
+    wait_for_tones(bare)
+
+
+BUS_WITHOUT_SERVICES = """<busconfig><type>session</type><listen>unix:tmpdir=/tmp</listen><policy context="default">
+<allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/><allow own="*"/></policy></busconfig>"""
+
+
+def test_without_a_bus_for_objects_its_package_is_named(bare, tmp_path):
+    settings = tmp_path / "bus.conf"
+    settings.write_text(BUS_WITHOUT_SERVICES, encoding="ascii")
+    bus = bare.start("dbus-daemon", f"--config-file={settings}", "--nofork", "--print-address=1", stdout=subprocess.PIPE)
+    bare.start_voice()
+    start(bare, DBUS_SESSION_BUS_ADDRESS=bus.stdout.readline().decode().strip())
+    bare.wait_until(lambda: "install the package at-spi2-core" in shown(bare))
+    wait_for_tones(bare)
+    assert shown(bare).count("at-spi2-core") == 1
 
 
 def test_without_a_voice_the_tones_sound(bare):

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstdlib>
+#include <deque>
 #include <string>
 #include <thread>
 #include <utility>
@@ -198,8 +199,14 @@ std::string AddressOfBus() {
 
 }  // namespace
 
+void TellFocus(sd_bus* bus, const std::string& id) {
+  sd_bus_emit_signal(bus, Objects::PathOf(id).c_str(), "org.a11y.atspi.Event.Object", "StateChanged", "siiv",
+                     "focused", 1, 0, "i", 0);
+}
+
 sd_bus* TellOf(Objects& objects, const std::string& toolkit) {
-  static Program program{objects, toolkit};
+  static std::deque<Program> programs;
+  Program& program = programs.emplace_back(Program{objects, toolkit});
   sd_bus* bus = nullptr;
   const char* name = nullptr;
   const std::string address = AddressOfBus();

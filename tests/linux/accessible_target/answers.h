@@ -11,4 +11,7 @@ namespace pointalk::target {
 // may be followed by its version; null where there is none.
 sd_bus* TellOf(Objects& objects, const std::string& toolkit);
 
+// Tells everybody on it that an object has the focus now.
+void TellFocus(sd_bus* bus, const std::string& id);
+
 }  // namespace pointalk::target

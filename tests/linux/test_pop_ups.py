@@ -1,0 +1,108 @@
+"""Menus and lists that are open, which are windows of their own over others."""
+
+import time
+
+import pytest
+
+from accessible import LIST, LIST_ITEM, MENU_ITEM, POPUP_MENU, TABLE_CELL, TEXT, WINDOW, AccessibleTarget
+from desktop import Desktop
+from session import start_pointalk_over, wait_for_name
+
+OTHER = (700, 40)
+IN_LIST = (60, 120)
+
+
+@pytest.fixture(scope="module", name="desktop")
+def make_desktop(tmp_path_factory):
+    with Desktop(tmp_path_factory.mktemp("desktop")) as desktop:
+        desktop.start_voice()
+        start_pointalk_over(desktop)
+        yield desktop
+
+
+@pytest.fixture(name="target")
+def make_target(desktop):
+    """A field, and a button that lies below it."""
+    target = AccessibleTarget(desktop)
+    target.show_window("frame", [0, 0, 800, 600], "Pop-ups")
+    target.put("other", [650, 20, 750, 60], name="Other")
+    target.put("field", [10, 20, 200, 50], TEXT, text="typed")
+    target.put("covered", [20, 100, 180, 140], name="Covered")
+    target.desktop = desktop
+    wait_for_name(desktop, IN_LIST, "Covered button", OTHER)
+    yield target
+    target.program.kill()
+    target.program.wait()
+
+
+def said_over(target, point):
+    """What is said there, once another thing has been named after it."""
+    target.desktop.move(*OTHER)
+    before = len(target.desktop.said())
+    target.desktop.move(*point)
+    time.sleep(0.3)
+    wait_for_name(target.desktop, OTHER, "Other button", (700, 500))
+    return target.desktop.said()[before:]
+
+
+def test_what_a_list_of_completions_covers_is_not_named(target):
+    target.tell(focus="field")
+    target.show_pop_up([10, 50, 210, 250])
+    assert "Covered button" not in said_over(target, IN_LIST)
+
+
+def test_a_text_that_a_list_of_completions_covers_is_not_read(target):
+    target.put("field", [10, 20, 600, 500], TEXT, text="typed", states=[17])
+    target.tell(focus="field")
+    target.show_pop_up([10, 30, 210, 250])
+    assert "typed" not in said_over(target, (20, 35))
+
+
+def test_a_list_of_completions_that_is_told_of_is_read(target):
+    target.tell(focus="field")
+    target.show_pop_up([10, 50, 210, 250])
+    target.put("list_window", [10, 50, 210, 250], WINDOW, parent="root")
+    target.put("list", [11, 51, 209, 249], LIST, parent="list_window")
+    target.put("cell", [11, 100, 209, 140], TABLE_CELL, parent="list", name="Completed")
+    wait_for_name(target.desktop, IN_LIST, "Completed", OTHER)
+
+
+@pytest.mark.parametrize("holder, item", [(POPUP_MENU, MENU_ITEM), (LIST, LIST_ITEM)])
+def test_an_item_that_has_the_focus_is_named(target, holder, item):
+    target.show_pop_up([10, 50, 210, 250])
+    target.put("holder", [10, 50, 210, 250], holder, parent="covered")
+    target.put("item", [10, 110, 210, 130], item, parent="holder", name="Chosen")
+    target.put("next", [10, 140, 210, 160], item, parent="holder", name="Next")
+    target.tell(focus="item")
+    chosen = "Chosen menu" if item == MENU_ITEM else "Chosen"
+    following = "Next menu" if item == MENU_ITEM else "Next"
+    wait_for_name(target.desktop, IN_LIST, chosen, OTHER)
+    # The focus may come later than the pointer.
+    wait_for_name(target.desktop, (60, 150), following, OTHER)
+
+
+def test_an_item_of_a_list_that_is_longer_than_what_is_shown_of_it(target):
+    target.show_pop_up([10, 50, 210, 250])
+    target.put("shown", [10, 50, 210, 250], 68, parent="covered")
+    target.put("holder", [10, -400, 210, 900], LIST, parent="shown")
+    target.put("item", [10, 110, 210, 130], LIST_ITEM, parent="holder", name="Far down")
+    target.tell(focus="item")
+    wait_for_name(target.desktop, IN_LIST, "Far down", OTHER)
+
+
+def test_under_a_tool_tip_is_what_it_tells_of(target):
+    target.show_other("tool tip", [40, 110, 240, 150])
+    wait_for_name(target.desktop, IN_LIST, "Covered button", OTHER)
+
+
+def test_under_a_tool_tip_windows_that_are_clicked_through_do_not_count(target):
+    """As the one that a compositing manager draws the whole screen in."""
+    target.show_other("tool tip", [40, 110, 240, 150])
+    target.show_other("clicked through", [0, 0, 1280, 1024])
+    wait_for_name(target.desktop, IN_LIST, "Covered button", OTHER)
+
+
+def test_under_a_window_that_shows_nothing_is_what_is_seen(target):
+    """As window managers lay one along the edges of the screen."""
+    target.show_other("input only", [40, 110, 240, 150])
+    wait_for_name(target.desktop, IN_LIST, "Covered button", OTHER)
