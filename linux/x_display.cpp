@@ -2,7 +2,6 @@
 
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
-#include <X11/extensions/shape.h>
 
 #include <algorithm>
 
@@ -88,26 +87,6 @@ std::optional<XDisplay::Place> XDisplay::PlaceOf(XWindowId window) {
   if (!XTranslateCoordinates(display_.get(), window, root_, 0, 0, &place.origin.x, &place.origin.y, &unused))
     return std::nullopt;
   return place;
-}
-
-bool XDisplay::TakesPointer(XWindowId window, Point screen) {
-  const auto place = PlaceOf(window);
-  if (!place || !place->isShown || !place->Holds(screen)) return false;
-  const Point inWindow{screen.x - place->origin.x, screen.y - place->origin.y};
-  return ShapeHolds(window, ShapeBounding, inWindow) && ShapeHolds(window, ShapeInput, inWindow);
-}
-
-// A server that knows no shapes leaves the count as it was.
-bool XDisplay::ShapeHolds(XWindowId window, int kind, Point inWindow) {
-  int count = -1;
-  int order = 0;
-  XRectangle* const shape = XShapeGetRectangles(display_.get(), window, kind, &count, &order);
-  const XData owner(shape);
-  if (count < 0) return true;
-  return std::any_of(shape, shape + count, [inWindow](const XRectangle& part) {
-    return inWindow.x >= part.x && inWindow.y >= part.y && inWindow.x < part.x + part.width &&
-           inWindow.y < part.y + part.height;
-  });
 }
 
 XAtom XDisplay::AtomOf(const char* name) {

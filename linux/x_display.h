@@ -56,8 +56,6 @@ class XDisplay {
     bool Holds(Point screen) const;
   };
   std::optional<Place> PlaceOf(XWindowId window);
-  // Whether the pointer would be in it there, by the window's shapes; other windows are not looked at.
-  bool TakesPointer(XWindowId window, Point screen);
 
   bool Has(XWindowId window, const char* property);
   std::optional<std::uint32_t> Number(XWindowId window, const char* property);
@@ -78,7 +76,6 @@ class XDisplay {
 
   static void NoteLoss(_XDisplay* display, void* self);
 
-  bool ShapeHolds(XWindowId window, int kind, Point inWindow);
   XAtom AtomOf(const char* name);
   Property Read(XWindowId window, const char* name, long units);
 

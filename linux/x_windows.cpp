@@ -11,15 +11,16 @@ constexpr std::size_t kMostTried = 64;  // parts of a frame that are looked at
 
 }  // namespace
 
-// The server gives the topmost window. Under one that is looked through, the next is looked for by the rules
-// of the server: the window that a compositing manager draws the whole screen in lies above all, and no
-// pointer is ever in it.
+// The server gives the topmost window, by the windows' shapes. Which one lies under a window that is looked
+// through it does not tell. That is the next window of a program: the one that a compositing manager draws
+// the whole screen in lies above all, and is none.
 XWindowId XWindows::TopAt(Point screen) {
   const XWindowId top = display_.ChildAt(display_.Root(), screen);
   if (top == 0 || !IsLookedThrough(top)) return top;
   std::vector<XWindowId> all = display_.ChildrenOf(display_.Root());
   const auto below = std::find_if(all.rbegin(), all.rend(), [this, screen](XWindowId window) {
-    return display_.TakesPointer(window, screen) && !IsLookedThrough(window);
+    const auto place = display_.PlaceOf(window);
+    return place && place->isShown && place->Holds(screen) && !IsLookedThrough(window) && IsOfProgram(window);
   });
   return below == all.rend() ? 0 : *below;
 }
@@ -31,6 +32,10 @@ bool XWindows::IsLookedThrough(XWindowId window) {
   if (place && place->isInputOnly) return true;
   const auto types = display_.AtomNames(window, "_NET_WM_WINDOW_TYPE");
   return std::find(types.begin(), types.end(), "_NET_WM_WINDOW_TYPE_TOOLTIP") != types.end();
+}
+
+bool XWindows::IsOfProgram(XWindowId window) {
+  return IsClient(window) || display_.Has(window, "_NET_WM_PID") || ClientWithin(window) != 0;
 }
 
 XWindowSpot XWindows::At(Point screen) {

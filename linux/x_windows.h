@@ -30,6 +30,7 @@ class XWindows {
  private:
   XWindowId TopAt(Point screen);
   bool IsLookedThrough(XWindowId window);
+  bool IsOfProgram(XWindowId window);
   bool IsClient(XWindowId window) { return display_.Has(window, "WM_STATE"); }
   XWindowId ClientWithin(XWindowId frame);
   XWindowSpot Spot(XWindowSpot::Kind kind, XWindowId window);

@@ -9,7 +9,7 @@
 #
 # What pointalk is built of, and what it needs on a desktop; xdotool tells whether there is one.
 POINTALK_desktop=(
-  cmake ninja-build g++ pkg-config nlohmann-json3-dev qt6-base-dev libx11-dev libxext-dev libxi-dev libsystemd-dev
+  cmake ninja-build g++ pkg-config nlohmann-json3-dev qt6-base-dev libx11-dev libxi-dev libsystemd-dev
   libfluidsynth-dev at-spi2-core speech-dispatcher speech-dispatcher-espeak-ng timgm6mb-soundfont xdg-utils xdotool
 )
 # The same for Pointalk.exe under Wine.
@@ -27,11 +27,11 @@ POINTALK_tour=(
 POINTALK_package=(
   cmake ninja-build nsis python3 git
   g++-mingw-w64-x86-64-posix g++-mingw-w64-x86-64-win32 g++-mingw-w64-i686-posix g++-mingw-w64-i686-win32
-  g++ pkg-config nlohmann-json3-dev qt6-base-dev libx11-dev libxext-dev libxi-dev libsystemd-dev
+  g++ pkg-config nlohmann-json3-dev qt6-base-dev libx11-dev libxi-dev libsystemd-dev
   libfluidsynth-dev dpkg-dev
 )
 POINTALK_test=(
-  "${POINTALK_tour[@]}" "${POINTALK_package[@]}" libglib2.0-bin gcc lintian appstream desktop-file-utils man-db
+  "${POINTALK_tour[@]}" "${POINTALK_package[@]}" libglib2.0-bin libxext-dev gcc lintian appstream desktop-file-utils man-db
   build-essential libgtest-dev libgmock-dev googletest libbenchmark-dev
   clang "libclang-rt-dev|clang" "clang-format-14|clang-format" "clang-tidy-14|clang-tidy"
   python3-pytest python3-pytest-xdist python3-jsonschema python3-yaml flake8 shellcheck 7zip librsvg2-bin icoutils

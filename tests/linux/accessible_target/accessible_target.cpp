@@ -12,7 +12,8 @@
 //
 // objects.h says what an object may have; the frame of a window is an object that has "root" for its parent.
 // A window may have the number of another "process". Of some "kind" it is none like others: a "pop-up", a
-// "tool tip", one that is "clicked through", or one for "input only".
+// "tool tip", an "overlay" as compositing managers have, which no pointer is ever in, or one for "input
+// only".
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
@@ -55,12 +56,12 @@ void ShowWindow(Display* display, const nlohmann::json& words) {
   const long process = words.value("process", long{getpid()});
   const std::array<long, 2> normal{NormalState, None};
   const Atom toolTip = XInternAtom(display, "_NET_WM_WINDOW_TYPE_TOOLTIP", False);
-  put("_NET_WM_PID", XA_CARDINAL, 32, &process, 1);
+  if (kind != "overlay") put("_NET_WM_PID", XA_CARDINAL, 32, &process, 1);
   put("_NET_WM_NAME", XInternAtom(display, "UTF8_STRING", False), 8, title.data(), title.size());
   if (kind.empty())
     put("WM_STATE", XInternAtom(display, "WM_STATE", False), 32, normal.data(), normal.size());
   if (kind == "tool tip") put("_NET_WM_WINDOW_TYPE", XA_ATOM, 32, &toolTip, 1);
-  if (kind == "clicked through")
+  if (kind == "overlay")
     XShapeCombineRectangles(display, window, ShapeInput, 0, 0, nullptr, 0, ShapeSet, Unsorted);
   XMapRaised(display, window);
   XSync(display, False);
