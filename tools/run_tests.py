@@ -116,6 +116,7 @@ DESKTOP = [
     gtest("contract-linux", LINUX / "pointalk_contract_linux", sys.executable, ROOT / "tests" / "linux" / "on_desktop.py"),
     python_tests("linux", "-n", DESKTOPS, "--dist", "loadfile", ROOT / "tests" / "linux",
                  environment={"POINTALK_LINUX_BUILD": str(LINUX)}),
+    check("deb", LINUX / "pointalk", lacks=lacks_program("lintian")),
 ]
 # These go on beside the sanitized build, which is the longest, and its tests.
 CHECKS = [
@@ -142,7 +143,6 @@ LAST = [
     check("tests_built", CLANG, WINDOWS),
     check("exe", WINDOWS / "Pointalk.exe", WINDOWS_32 / "Pointalk.exe"),
     check("packages", WINDOWS / "Pointalk.exe", WINDOWS_32 / "Pointalk.exe"),
-    check("deb", LINUX / "pointalk", lacks=lacks_program("lintian")),
 ]
 # What the 64-bit program passes, over the 32-bit one, and each of both over programs of the other width.
 OVER_THE_OTHER = ("test_exe_names", "test_exe_controls", "test_exe_lists", "test_exe_texts", "test_one_pointalk")
@@ -249,8 +249,11 @@ def run_all(tally, wanted):
             return tally.give_up(wanted(WHOLE_PROGRAM + COMPANIONS))
         return side_by_side((tally.run, wanted(WHOLE_PROGRAM)), (tally.run, wanted(COMPANIONS)))
 
-    for step in CHECKS + NATIVE + [step for step in COMPANIONS + DESKTOP if not step.counts]:
-        step.yields = True  # what waits for a sound or a window goes first
+    # What waits for a sound or a window goes first, next what such steps are built by, and last what only computes.
+    for step in COMPANIONS + DESKTOP:
+        step.niceness = 0 if step.counts else 5
+    for step in CHECKS + NATIVE:
+        step.niceness = 19
 
     def for_linux():
         if not tally.run(wanted(DESKTOP[:1])):

@@ -32,7 +32,7 @@ class Step:
         self.environment = environment or {}  # a name with an empty value is taken out
         self.folder = folder
         self.lacks = lacks
-        self.yields = False  # to the other steps that run
+        self.niceness = 0  # of its processes: how far it yields to other steps
         self.running = None
         self.log = LOGS / f"{name}.log"
 
@@ -67,13 +67,12 @@ class Step:
         environment = {name: value for name, value in environment.items() if value or name not in self.environment}
         self.report().unlink(missing_ok=True)  # an earlier run's
         with open(self.log, "wb") as log:
-            process = subprocess.Popen(["nice", "-n", "19"] * self.yields + self.command, cwd=self.folder, env=environment,
+            process = subprocess.Popen(["nice", "-n", str(self.niceness), *self.command], cwd=self.folder, env=environment,
                                        stdin=subprocess.DEVNULL, stdout=log, stderr=subprocess.STDOUT, start_new_session=True)
             self.running = process
-            if self.yields:
-                # Linux shares the machine among sessions, whatever the niceness of the processes in one.
-                with contextlib.suppress(OSError):
-                    pathlib.Path(f"/proc/{process.pid}/autogroup").write_text("19", "ascii")
+            # Linux shares the machine among sessions, whatever the niceness of the processes in one.
+            with contextlib.suppress(OSError):
+                pathlib.Path(f"/proc/{process.pid}/autogroup").write_text(str(self.niceness), "ascii")
             try:
                 return process.wait(self.seconds)
             finally:

@@ -1,4 +1,4 @@
-"""Proves that tools/run_tests.py, run_fuzzers.py and check_exe.py see what goes wrong."""
+"""Proves that tools/run_tests.py and run_fuzzers.py see what goes wrong."""
 
 import contextlib
 import io
@@ -174,62 +174,6 @@ class Fuzzers(Folder):
         self.assertEqual(self.fuzz(), (1, "1 passed, 1 failed"))
         self.program("bad_fuzz", "echo stat::number_of_executed_units: 5; exit 77")
         self.assertEqual(self.fuzz(), (1, "1 passed, 2 failed"))
-
-
-class Exe(Folder):
-    def setUp(self):
-        super().setUp()
-        self.exe = self.folder / "program.exe"
-
-    def link(self, source, *options, machine="x86_64"):
-        subprocess.run([f"{machine}-w64-mingw32-g++-posix", "-x", "c++", "-", "-o", self.exe, *options], input=source,
-                       text=True, check=True, timeout=60)
-
-    def check(self):
-        run = subprocess.run([sys.executable, TOOLS / "check_exe.py", self.exe], stdin=subprocess.DEVNULL,
-                             stdout=subprocess.PIPE, text=True, timeout=60)
-        return run.stdout
-
-    def test_a_bare_program(self):
-        self.link("int main() {}\n", "-static")
-        output = self.check()
-        self.assertIn("opens a console", output)
-        for lack in ("per-monitor DPI awareness", "common controls", "asInvoker", "a version", "an icon"):
-            self.assertIn(f"lacks {lack}", output)
-        self.assertIn("ok: No DLL but the system's.", output)
-        self.assertIn("ok: At most 1 MB.", output)
-        self.assertIn("ok: Its protection.", output)
-
-    def test_a_library_beside_it(self):
-        self.link("#include <thread>\nint main() { std::thread([] {}).join(); }\n")
-        self.assertIn("needs libstdc++-6.dll", self.check())
-
-    def test_a_large_program(self):
-        self.link("int table[400000] = {1};\nint main() { return table[1]; }\n", "-static")
-        self.assertIn("FAILED: At most 1 MB.", self.check())
-
-    def test_a_program_without_protection(self):
-        self.link("int main() {}\n", "-static", "-Wl,--disable-dynamicbase,--disable-nxcompat,--disable-high-entropy-va")
-        output = self.check()
-        for lack in ("DYNAMIC_BASE", "NX_COMPAT", "HIGH_ENTROPY_VA"):
-            self.assertIn(f"lacks {lack}", output)
-
-    def test_calls_that_injected_code_makes(self):
-        self.link("#include <thread>\nint main() { std::thread([] {}).join(); }\n", "-static")
-        self.assertIn("imports SuspendThread", self.check())
-
-    def test_a_program_of_32_bits_with_large_addresses(self):
-        self.link("int main() {}\n", "-static", "-Wl,--large-address-aware", machine="i686")
-        self.assertIn("is large address aware", self.check())
-
-    def test_a_program_that_is_another_in_each_build(self):
-        self.link(f'#include <cstdio>\nint main() {{ std::puts("{TOOLS.parent}/main.cpp"); }}\n', "-static")
-        output = self.check()
-        self.assertIn("tells when it was built", output)
-        self.assertIn("tells where it was built", output)
-
-    def test_no_program(self):
-        self.assertTrue(self.check().endswith("0 passed, 8 failed\n"))
 
 
 if __name__ == "__main__":
