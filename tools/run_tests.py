@@ -140,7 +140,7 @@ NATIVE = [
 ]
 # What looks at several builds.
 LAST = [
-    check("tests_built", CLANG, WINDOWS),
+    check("tests_built", CLANG, LINUX, WINDOWS),
     check("exe", WINDOWS / "Pointalk.exe", WINDOWS_32 / "Pointalk.exe"),
     check("packages", WINDOWS / "Pointalk.exe", WINDOWS_32 / "Pointalk.exe"),
 ]
