@@ -21,15 +21,15 @@ inline std::int64_t CounterFrequency() {
   return frequency.QuadPart;
 }
 
-// A moment that is waited for no longer than.
+// A moment that is waited for no longer than. `now` is what the counter tells.
 class Deadline {
  public:
-  explicit Deadline(DWORD milliseconds)
-      : end_(CounterNow() + CounterFrequency() * std::int64_t{milliseconds} / 1000) {}
+  explicit Deadline(DWORD milliseconds, std::int64_t now = CounterNow())
+      : end_(now + CounterFrequency() * std::int64_t{milliseconds} / 1000) {}
 
   // Milliseconds until then, a part of one counted as a whole; 0 once it is over.
-  DWORD Left() const {
-    const std::int64_t left = end_ - CounterNow();
+  DWORD Left(std::int64_t now = CounterNow()) const {
+    const std::int64_t left = end_ - now;
     if (left <= 0) return 0;
     return static_cast<DWORD>((left * 1000 + CounterFrequency() - 1) / CounterFrequency());
   }
