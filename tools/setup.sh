@@ -47,9 +47,8 @@ POINTALK_wine32=(wine32:i386)
 pointalk_missing() {
   local group entry name
   local -a alternatives
-  local -n packages
   for group in "$@"; do
-    packages=POINTALK_$group
+    local -n packages=POINTALK_$group
     for entry in "${packages[@]}"; do
       IFS='|' read -r -a alternatives <<<"$entry"
       for name in "${alternatives[@]}"; do
