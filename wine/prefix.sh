@@ -75,13 +75,18 @@ sapi5='{96749377-3391-11D2-9EE3-00C04F797396}'
 sapi4='{EEE78591-FE22-11D0-8BEF-0060081841DE}'
 automation='{FF48DBA4-60EF-4201-AA87-54103EEF594E}'
 
-# Wine's own class of that identifier, whose objects answer few calls, goes as well when there is to be none.
+# Wine's own class of that identifier, whose objects answer few calls, goes as well when there is to be none. A file that is
+# imported takes keys away as programs of reg's own width see them, which on a system with both widths is 32 bits.
+forget_class() {
+  key="HKLM\\Software\\Classes\\CLSID\\$1"
+  in_prefix timeout 60 wine reg query "$key" "/reg:$bits" >/dev/null 2>&1 || return 0
+  wine_for 60 reg delete "$key" /f "/reg:$bits"
+}
+
 class_keys() {
-  printf '[-HKEY_LOCAL_MACHINE\\Software\\Classes\\CLSID\\%s]\n\n' "$1"
-  [ "$2" = present ] || return 0
   printf '[HKEY_LOCAL_MACHINE\\Software\\Classes\\CLSID\\%s]\n@="Pointalk"\n\n' "$1"
   printf '[HKEY_LOCAL_MACHINE\\Software\\Classes\\CLSID\\%s\\InprocServer32]\n' "$1"
-  printf '@="C:\\\\windows\\\\system32\\\\%s"\n"ThreadingModel"="%s"\n\n' "$3" "$4"
+  printf '@="C:\\\\windows\\\\system32\\\\%s"\n"ThreadingModel"="%s"\n\n' "$2" "$3"
 }
 
 # Copies a library to where programs of its width look for it.
@@ -105,13 +110,16 @@ set_engines() {
   *) usage ;;
   esac
   bring "$2"
-  { class_keys "$sapi5" "$five" pointalk_voice.dll Apartment
-    class_keys "$sapi4" "$four" pointalk_voice.dll Apartment; } | import "$bits"
+  forget_class "$sapi5"
+  forget_class "$sapi4"
+  { [ "$five" = absent ] || class_keys "$sapi5" pointalk_voice.dll Apartment
+    [ "$four" = absent ] || class_keys "$sapi4" pointalk_voice.dll Apartment; } | import "$bits"
 }
 
 set_automation() {
   bring "$1"
-  class_keys "$automation" present pointalk_automation.dll Both | import "$bits"
+  forget_class "$automation"
+  class_keys "$automation" pointalk_automation.dll Both | import "$bits"
 }
 
 # The machine that a library for Windows is for, at the place that its first header names.
