@@ -147,8 +147,7 @@ class WinePrograms(Listening):
 
     def test_the_task_manager_lists_windows(self):
         view = self.child("taskmgr", "SysListView32")
-        label = self.probe.ask("label", view["hwnd"], 0)["text"]
-        self.assertTrue(label)
+        label = wait_until(lambda: self.probe.ask("label", view["hwnd"], 0)["text"], SOON, "the list is filled")
         since = now()
         self.hand.move(*self.item(view, 0))
         begins = "Task Manager, " + re.match(r"\w+", label)[0]  # points and brackets are said otherwise than written

@@ -9,7 +9,7 @@ import tempfile
 import time
 import unittest
 
-from harness import BUILD, Desktop, now
+from harness import BUILD, Desktop, command_for, now
 from panel_case import SOON, DesktopCase, check_whole, values
 
 # In the normal run there are fewer kills than where this is set.
@@ -28,7 +28,7 @@ class Saver(unittest.TestCase):
             folder = pathlib.Path(scratch)
             shutil.copy(BUILD / "tests" / "program" / "saver.exe", folder)
             for _ in range(KILLS_OF_SAVER):
-                with subprocess.Popen(["wine", str(folder / "saver.exe")], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                with subprocess.Popen(command_for(folder / "saver.exe"), stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
                                       stderr=subprocess.DEVNULL, env=desktop.environment) as saver:
                     self.assertEqual(saver.stdout.readline().strip(), b"ready")
                     time.sleep(chance.uniform(0, 0.02))

@@ -2,7 +2,7 @@
 
 import unittest
 
-from harness import Desktop, Panel, wait_until
+from harness import Desktop, Panel, command_for, wait_until
 from listening import GREETING, QUICK, SETTINGS, SOON
 
 NAME, TITLE, CLASS, VALUE = "Kelpfin", "Quillback", "Harbourmaster", "Sandtrap"
@@ -24,9 +24,9 @@ class Tracing(unittest.TestCase):
     def trace(self, *switches):
         """A run with these switches that names the window, waits for the hung one and is ended by its menu; what it wrote."""
         with self.desktop.pointalk(SETTINGS) as pointalk, self.desktop.probe() as probe:
-            program = str(pointalk.folder / "Pointalk.exe")
+            program = pointalk.folder / "Pointalk.exe"
             self.hand.move(1000, 600)
-            pointalk.start(command=["wine", program, *switches], **QUICK)
+            pointalk.start(command=command_for(program, *switches), **QUICK)
             pointalk.wait_running()
             self.visit(pointalk, PLACE, lambda: any(VALUE in text for text in pointalk.heard.words()))
             if switches:

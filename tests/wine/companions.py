@@ -13,6 +13,8 @@ import time
 import unittest
 import wave
 
+from harness import KILLED_AT_ITS_END, command_for
+
 SOURCE = pathlib.Path(__file__).resolve().parent.parent.parent
 BUILD = pathlib.Path(os.environ["POINTALK_WIN_BUILD"])
 PREFIX = pathlib.Path(os.environ["WINEPREFIX"])
@@ -25,9 +27,6 @@ SAPI4 = "{EEE78591-FE22-11D0-8BEF-0060081841DE}"
 SAPI4_INTERFACE = "{EEE78590-FE22-11D0-8BEF-0060081841DE}"
 UNKNOWN = "{00000000-0000-0000-C000-000000000046}"
 DISPATCH = "{00020400-0000-0000-C000-000000000046}"
-
-# The status of a program that took over a second to leave on a busy machine: the Wine server kills it then.
-KILLED_AT_ITS_END = -9
 
 ASYNCHRONOUS = 1
 PURGE = 2
@@ -81,7 +80,7 @@ class CompanionTest(unittest.TestCase):
         }
 
     def start(self, program, *arguments):
-        process = subprocess.Popen(["wine", str(program), *arguments], stdin=subprocess.DEVNULL,
+        process = subprocess.Popen(command_for(program, *arguments), stdin=subprocess.DEVNULL,
                                    stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
                                    env={**os.environ, **self.environment})
         self.addCleanup(process.stdout.close)

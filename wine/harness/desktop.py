@@ -6,13 +6,12 @@ import os
 import pathlib
 import select
 import shutil
-import struct
 import subprocess
 import tempfile
 
 from .hand import Hand
 from .pointalk import Pointalk
-from .programs import KILLED_AT_ITS_END, Probe, Target
+from .programs import KILLED_AT_ITS_END, Probe, Target, bits_of, command_for
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 # Where the programs for Windows were built.
@@ -20,7 +19,6 @@ BUILD = pathlib.Path(os.environ.get("POINTALK_WIN_BUILD", ROOT / "build" / "ming
 # Where the stand-in for other people's programs was built, which may be of the other width.
 TARGET_BUILD = pathlib.Path(os.environ.get("POINTALK_TARGET_BUILD", BUILD))
 PREFIX_TOOL = ROOT / "wine" / "prefix.sh"
-MACHINE_OF_32_BITS = 0x014C
 REGEDIT_ATTEMPTS = 3
 OVERRIDES = "mscoree,mshtml,winedbg.exe,winemenubuilder.exe=;winmm=n,b"
 
@@ -108,10 +106,10 @@ class Desktop:
         words = [word for layout in layouts for word in ("--layout", layout)]
         if unaware:
             words += ["--awareness", "unaware"]
-        return Target(["wine", TARGET_BUILD / "wine" / "target" / "target.exe", *words], self.environment)
+        return Target(command_for(TARGET_BUILD / "wine" / "target" / "target.exe", *words), self.environment)
 
     def probe(self):
-        return Probe(["wine", BUILD / "wine" / "probe" / "probe.exe"], self.environment)
+        return Probe(command_for(BUILD / "wine" / "probe" / "probe.exe"), self.environment)
 
     def hand(self):
         return Hand(self.environment)
@@ -136,9 +134,7 @@ class Desktop:
 
     def bits(self):
         """How wide the programs of the build are."""
-        program = (BUILD / "Pointalk.exe").read_bytes()
-        header, = struct.unpack_from("<I", program, 60)
-        return 32 if struct.unpack_from("<H", program, header + 4) == (MACHINE_OF_32_BITS,) else 64
+        return bits_of(BUILD / "Pointalk.exe")
 
     def import_keys(self, text):
         """Takes registry keys over, as regedit's files hold them."""

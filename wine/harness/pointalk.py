@@ -5,6 +5,7 @@ import shutil
 import subprocess
 
 from .heard import Heard, now
+from .programs import command_for
 from .waiting import wait_until
 
 
@@ -29,7 +30,7 @@ class Run:
 
     def launch(self, directory=None, command=None, **environment):
         """The same beside what was started before; returns the process, which is the caller's."""
-        return subprocess.Popen(command or ["wine", str(self.folder / "Pointalk.exe")], cwd=directory or self.folder,
+        return subprocess.Popen(command or command_for(self.folder / "Pointalk.exe"), cwd=directory or self.folder,
                                 stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
                                 env={**self._environment, **environment})
 

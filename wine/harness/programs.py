@@ -2,10 +2,33 @@
 
 import contextlib
 import json
+import pathlib
 import queue
+import struct
 import subprocess
 import tempfile
 import threading
+
+
+MACHINE_OF_32_BITS = 0x014C
+# The loader of Debian's Wine for programs of 64 bits. Where there is one for 32 bits as well, `wine` is that one: it has another
+# program start those of 64 bits, and whoever started it could stop or kill only that.
+LOADER_OF_64_BITS = pathlib.Path("/usr/lib/wine/wine64")
+
+
+def bits_of(program):
+    """How wide a program for Windows is."""
+    with open(program, "rb") as file:
+        file.seek(60)
+        header, = struct.unpack("<I", file.read(4))
+        file.seek(header + 4)
+        return 32 if struct.unpack("<H", file.read(2)) == (MACHINE_OF_32_BITS,) else 64
+
+
+def command_for(program, *arguments):
+    """The command whose process is the program itself."""
+    direct = bits_of(program) == 64 and LOADER_OF_64_BITS.exists()
+    return [str(part) for part in (LOADER_OF_64_BITS if direct else "wine", program, *arguments)]
 
 
 # The status of a program that took over a second to leave on a busy machine: the Wine server kills it then.
