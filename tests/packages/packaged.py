@@ -12,7 +12,7 @@ import yaml
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "tools"))
 
-from harness import BUILD, KILLED_AT_ITS_END, Desktop, Panel, Run, wait_until  # noqa: E402
+from harness import BUILD, KILLED_AT_ITS_END, Desktop, Panel, Run, command_for, wait_until  # noqa: E402
 from make_packages import describe_packages, make_packages, version  # noqa: E402
 
 __all__ = ["APP_PATHS", "BUILD", "DONE_BEFORE", "KILLED_AT_ITS_END", "PackageCase", "ROOT", "RUN", "SOON", "UNINSTALL",
@@ -56,7 +56,7 @@ class PackageCase(unittest.TestCase):
     def clear(self):
         """Ends what a failed test left running, and removes what is installed with what removals keep."""
         if self.probe.ask("windows")["windows"]:
-            self.wine("taskkill", "/f", "/im", "Pointalk.exe")
+            self.end_pointalk()
         wait_until(lambda: not self.probe.ask("windows")["windows"], SOON,
                    lambda: f"an empty desktop: {self.probe.ask('windows')['windows']}")
         if self.registry(UNINSTALL):
@@ -71,8 +71,18 @@ class PackageCase(unittest.TestCase):
 
     def wine(self, *command, seconds=300):
         """The exit status of a program of Windows."""
-        return subprocess.run(["wine", *map(str, command)], env=self.desktop.environment, timeout=seconds, check=False,
+        return self.status("wine", *command, seconds=seconds)
+
+    def status(self, *command, seconds=300):
+        """The exit status of a command on the desktop."""
+        return subprocess.run([str(part) for part in command], env=self.desktop.environment, timeout=seconds, check=False,
                               stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode
+
+    def end_pointalk(self):
+        """By the taskkill of its own width, for that of 32 bits sees no programs of 64."""
+        of_64_bits = command_for(self.desktop.drive() / "windows" / "system32" / "taskkill.exe")
+        taskkill = of_64_bits if self.desktop.bits() == 64 else ["wine", "taskkill"]
+        self.status(*taskkill, "/f", "/im", "Pointalk.exe")
 
     def begin(self, *command):
         """Starts a program of Windows that will ask, and what that starts is heard; it ends with the test at the latest."""

@@ -192,7 +192,7 @@ class Boxes(PackageCase):
         setup = self.begin_to_install("Return")
         self.answer("Pointalk Setup", BUSY, "Return")  # in vain
         self.panel.box("Pointalk Setup")
-        self.wine("taskkill", "/f", "/im", "Pointalk.exe")
+        self.end_pointalk()
         self.answer("Pointalk Setup", BUSY, "Return")
         self.answer("Pointalk Setup", INSTALLED, "n")
         self.assertEqual(setup.wait(SOON), 0)
