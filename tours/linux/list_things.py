@@ -13,11 +13,17 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
 MOST_CHILDREN, MOST_CHARACTERS = 30, 2000
+PUSH_BUTTON = 43  # the number of its role
 FRAMES = 3  # the depth to which things count that do not say that they are showing
 
 
 def rect_of(extents):
     return [extents.x, extents.y, extents.x + extents.width, extents.y + extents.height]
+
+
+def role_of(thing):
+    """The name of its role; that of a push button is another one in later releases of the library."""
+    return "push button" if int(thing.get_role()) == PUSH_BUTTON else thing.get_role_name()
 
 
 def words_of(thing):
@@ -37,7 +43,7 @@ def collect(thing, program, depth, found):
     component = thing.get_component_iface()
     if component:
         rect = rect_of(component.get_extents(Atspi.CoordType.SCREEN))
-        found.append({"program": program, "role": thing.get_role_name(), "name": thing.get_name(), "rect": rect,
+        found.append({"program": program, "role": role_of(thing), "name": thing.get_name(), "rect": rect,
                       "depth": depth, "words": words_of(thing)})
     for number in range(min(thing.get_child_count(), MOST_CHILDREN)):
         child = thing.get_child_at_index(number)
