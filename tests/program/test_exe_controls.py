@@ -1,6 +1,7 @@
 """Buttons, labels, boxes, trees, scroll bars, parts of a menu bar, and the task bar with its clock."""
 
 import contextlib
+import itertools
 
 from harness import now, wait_until
 from listening import EARCON, QUICK, SOON, Listening, note_on
@@ -102,10 +103,16 @@ class Controls(Listening):
                 self.target.ask("title", "clock", time)
                 self.visit((x + step % 2, y), said)
         self.rest()
-        again = now()
-        self.hand.move(x + 5, y)  # the same minute
-        self.rest()
-        self.assertEqual(self.heard.words(again), [])
+        looks = itertools.count()
+
+        def is_silent():
+            """In the same minute. On a very busy machine the clock may be late, and is then told anew."""
+            again = now()
+            self.hand.move(x + 5 + next(looks) % 2, y)
+            self.rest()
+            return not self.heard.words(again)
+
+        wait_until(is_silent, SOON, lambda: f"the same minute is told once; heard {self.heard.words(since)}")
         self.visit(self.target.centre("tasks"), "Running Applications, client area")
         self.visit((880, 752), "It is eigh Siss- Tray")
         self.assertEqual([words for words in self.heard.words(since) if words.startswith("Tasck")], self.heard.words(since)[:1])

@@ -129,10 +129,11 @@ class CompanionTest(unittest.TestCase):
         return answers
 
     def start_midi(self, *arguments):
-        """The client beside the library, as Pointalk.exe is."""
+        """The client beside the library, as Pointalk.exe is. One may run already, whose code is read from these files."""
         client = self.folder / "midi_probe.exe"
-        shutil.copy(BUILD / "tests" / "wine" / "midi_probe.exe", client)
-        shutil.copy(BUILD / "wine" / "winmm.dll", self.folder)
+        if not client.exists():
+            shutil.copy(BUILD / "wine" / "winmm.dll", self.folder)
+            shutil.copy(BUILD / "tests" / "wine" / "midi_probe.exe", client)
         return self.start(client, *arguments)
 
     def midi(self, *arguments):
