@@ -28,6 +28,7 @@ BUILD_SECONDS = 6000  # ten times what the longest build takes
 PREFIX = BUILD / "test-prefix"  # the untouched one that every desktop has a copy of
 DESKTOPS = 3  # tests of the whole program that run at once: they mostly wait
 TIDY = "clang-tidy-14"
+IDLE = 0.75  # of the time of all cores, from which on the machine has no other work
 HEARTBEAT = 20  # seconds without a line after which one says what runs
 
 
@@ -238,6 +239,18 @@ class Tally:
             raise
 
 
+def share_of_idle_time(seconds=1):
+    """How much of the time of all cores nobody uses, from 0 to 1, as Linux counts it."""
+    def times():
+        with open("/proc/stat", encoding="ascii") as file:
+            return [int(word) for word in file.readline().split()[1:9]]
+
+    before = times()
+    time.sleep(seconds)
+    passed = [now - then for now, then in zip(times(), before)]
+    return (passed[3] + passed[4]) / max(sum(passed), 1)  # idle, and waiting for a disk
+
+
 def run_all(tally, wanted):
     def side_by_side(*lanes):
         with concurrent.futures.ThreadPoolExecutor(len(lanes)) as pool, tally.ending(ALL):
@@ -249,12 +262,13 @@ def run_all(tally, wanted):
             return tally.give_up(wanted(WHOLE_PROGRAM + COMPANIONS))
         return side_by_side((tally.run, wanted(WHOLE_PROGRAM)), (tally.run, wanted(COMPANIONS)))
 
-    # What waits for a sound or a window goes first, next what such steps are built by, and last what only computes; beside a
-    # machine's other work that still has its share.
+    # What waits for a sound or a window goes first, next what such steps are built by, and last what only computes. It would
+    # hardly go on at the lowest priority where the machine has other work.
+    lower, lowest = (5, 19) if share_of_idle_time() > IDLE else (2, 5)
     for step in COMPANIONS + DESKTOP:
-        step.niceness = 0 if step.counts else 2
+        step.niceness = 0 if step.counts else lower
     for step in CHECKS + NATIVE:
-        step.niceness = 5
+        step.niceness = lowest
 
     def for_linux():
         if not tally.run(wanted(DESKTOP[:1])):
