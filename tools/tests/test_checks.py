@@ -29,7 +29,7 @@ class CheckCase(unittest.TestCase):
 
     def run_tool(self, tool, *arguments, environment=None):
         run = subprocess.run([sys.executable, TOOLS / tool, *arguments], stdin=subprocess.DEVNULL,
-                             stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, timeout=60,
+                             stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, timeout=600,
                              env={**os.environ, "REBASELINE": "", **(environment or {})})
         self.output = run.stdout
         self.last_line = run.stdout.splitlines()[-1] if run.stdout else ""

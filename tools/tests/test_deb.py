@@ -21,13 +21,13 @@ class Package(unittest.TestCase):
         self.program = self.folder / "program"
 
     def make(self):
-        subprocess.run(["gcc", "-x", "c", "-", "-o", self.program], check=True, timeout=60,
+        subprocess.run(["gcc", "-x", "c", "-", "-o", self.program], check=True, timeout=600,
                        input="int main(void) { return 0; }\n", text=True)
         return make_deb(self.folder / "made", self.program, "1.2.3", SECONDS)
 
     def tell(self, *command):
         return subprocess.run(["dpkg-deb", *command], check=True, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, text=True,
-                              timeout=60, env={"PATH": "/usr/bin:/bin", "TZ": "UTC"}).stdout
+                              timeout=600, env={"PATH": "/usr/bin:/bin", "TZ": "UTC"}).stdout
 
     def field(self, package, name):
         return self.tell("--field", package, name).strip()
@@ -69,7 +69,7 @@ class Package(unittest.TestCase):
     def test_the_sums_are_those_of_the_files(self):
         package, tree = self.make(), self.folder / "tree"
         self.tell("--raw-extract", package, tree)
-        subprocess.run(["md5sum", "--check", "--strict", "--quiet", "DEBIAN/md5sums"], cwd=tree, check=True, timeout=60)
+        subprocess.run(["md5sum", "--check", "--strict", "--quiet", "DEBIAN/md5sums"], cwd=tree, check=True, timeout=600)
         self.assertEqual(len((tree / "DEBIAN/md5sums").read_text().splitlines()), 8)
 
     def test_what_is_no_program_is_refused(self):

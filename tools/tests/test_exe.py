@@ -22,11 +22,11 @@ class Exe(unittest.TestCase):
 
     def link(self, source, *options, machine="x86_64"):
         subprocess.run([f"{machine}-w64-mingw32-g++-posix", "-x", "c++", "-", "-o", self.exe, *options], input=source,
-                       text=True, check=True, timeout=60)
+                       text=True, check=True, timeout=600)
 
     def check(self):
         run = subprocess.run([sys.executable, TOOLS / "check_exe.py", self.exe], stdin=subprocess.DEVNULL,
-                             stdout=subprocess.PIPE, text=True, timeout=60)
+                             stdout=subprocess.PIPE, text=True, timeout=600)
         return run.stdout
 
     def test_a_bare_program(self):

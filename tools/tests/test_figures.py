@@ -27,7 +27,7 @@ class Figures(unittest.TestCase):
             folder = pathlib.Path(name)
             (folder / "report.json").write_text(json.dumps({"benchmarks": benchmarks}))
             run = subprocess.run([sys.executable, TOOL, folder / "report.json", folder / "plots"], stdin=subprocess.DEVNULL,
-                                 stdout=subprocess.PIPE, text=True, timeout=60, check=True)
+                                 stdout=subprocess.PIPE, text=True, timeout=600, check=True)
             drawn = {path.name: xml.etree.ElementTree.parse(path) for path in (folder / "plots").iterdir()}
         self.assertIn("| Resting | 1 | 2.0 |", run.stdout)
         self.assertIn("| Moving | 20 | 4.0 |", run.stdout)

@@ -25,7 +25,7 @@ class Manifests(unittest.TestCase):
         exes = []
         for target in ("x86_64", "i686"):
             exes.append(cls.made / f"{target}.exe")
-            subprocess.run([f"{target}-w64-mingw32-gcc-posix", "-s", "-x", "c", "-", "-o", exes[-1]], check=True, timeout=60,
+            subprocess.run([f"{target}-w64-mingw32-gcc-posix", "-s", "-x", "c", "-", "-o", exes[-1]], check=True, timeout=600,
                            input="int main(void) { return 0; }\n", text=True)
         subprocess.run([sys.executable, TOOLS / "make_packages.py", cls.made / "packages", *exes], check=True, timeout=120,
                        stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
@@ -35,7 +35,7 @@ class Manifests(unittest.TestCase):
         self.packages = pathlib.Path(shutil.copytree(self.made / "packages", pathlib.Path(folder) / "packages"))
 
     def check(self):
-        run = subprocess.run([sys.executable, TOOLS / "check_manifests.py", self.packages], stdin=subprocess.DEVNULL, timeout=60,
+        run = subprocess.run([sys.executable, TOOLS / "check_manifests.py", self.packages], stdin=subprocess.DEVNULL, timeout=600,
                              stdout=subprocess.PIPE, text=True, check=False)
         return run.returncode, run.stdout
 

@@ -18,11 +18,11 @@ class Packages(unittest.TestCase):
         self.exe = self.folder / "program.exe"
 
     def link(self, target):
-        subprocess.run([f"{target}-w64-mingw32-gcc-posix", "-s", "-x", "c", "-", "-o", self.exe], check=True, timeout=60,
+        subprocess.run([f"{target}-w64-mingw32-gcc-posix", "-s", "-x", "c", "-", "-o", self.exe], check=True, timeout=600,
                        input="int main(void) { return 0; }\n", text=True)
 
     def make(self, **environment):
-        return subprocess.run([sys.executable, TOOLS / "make_packages.py", self.folder / "packages", self.exe], timeout=60,
+        return subprocess.run([sys.executable, TOOLS / "make_packages.py", self.folder / "packages", self.exe], timeout=600,
                               stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
                               env={"PATH": "/usr/bin:/bin", **environment})
 
@@ -51,7 +51,7 @@ class Packages(unittest.TestCase):
         self.assertFalse((self.folder / "packages").exists())
 
     def test_the_check_needs_its_programs(self):
-        run = subprocess.run([sys.executable, TOOLS / "check_packages.py", self.exe], stdin=subprocess.DEVNULL, timeout=60,
+        run = subprocess.run([sys.executable, TOOLS / "check_packages.py", self.exe], stdin=subprocess.DEVNULL, timeout=600,
                              stdout=subprocess.PIPE, text=True, check=False)
         self.assertEqual((run.returncode, run.stdout.splitlines()[-1]), (1, "0 passed, 7 failed"))
 

@@ -163,7 +163,7 @@ class TallyOfSteps(Folder):
 class Fuzzers(Folder):
     def fuzz(self):
         run = subprocess.run([sys.executable, TOOLS / "run_fuzzers.py", self.folder, "1"], stdin=subprocess.DEVNULL,
-                             stdout=subprocess.PIPE, text=True, timeout=60)
+                             stdout=subprocess.PIPE, text=True, timeout=600)
         return run.returncode, run.stdout.splitlines()[-1]
 
     def test_outcomes(self):

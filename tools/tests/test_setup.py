@@ -26,7 +26,7 @@ class Missing(unittest.TestCase):
         script = (f". '{TOOLS}/setup.sh'; POINTALK_some=(first second 'older|newer'); POINTALK_more=(third second); "
                   f"pointalk_missing {' '.join(groups)}")
         run = subprocess.run(["bash", "-uc", script], env={**os.environ, "PATH": f"{self.folder}:{os.environ['PATH']}"},
-                             stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, text=True, check=True, timeout=60)
+                             stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, text=True, check=True, timeout=600)
         return run.stdout.split()
 
     def test_of_a_group(self):
