@@ -40,7 +40,7 @@ def fuzz(program, seconds):
     """What went wrong, and how many inputs were tried."""
     corpus = found(program)
     seeds = [SEEDS / program.name] if (SEEDS / program.name).is_dir() else []
-    command = [program, f"-max_total_time={seconds}", "-timeout=10", "-rss_limit_mb=1024", "-print_final_stats=1",
+    command = [program, f"-max_total_time={seconds}", "-timeout=100", "-rss_limit_mb=1024", "-print_final_stats=1",
                f"-artifact_prefix={corpus}-", corpus, *seeds]
     try:
         run = subprocess.run(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,

@@ -264,7 +264,7 @@ def run_all(tally, wanted):
 
     # What waits for a sound or a window goes first, next what such steps are built by, and last what only computes. It would
     # hardly go on at the lowest priority where the machine has other work.
-    lower, lowest = (5, 19) if share_of_idle_time() > IDLE else (2, 5)
+    lower, lowest = (5, 10) if share_of_idle_time() > IDLE else (2, 5)
     for step in COMPANIONS + DESKTOP:
         step.niceness = 0 if step.counts else lower
     for step in CHECKS + NATIVE:
