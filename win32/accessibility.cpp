@@ -38,9 +38,7 @@ bool PumpWhilePointedAt(DWORD thread, HANDLE event, const Deadline& deadline) {
 
 }  // namespace
 
-// A description begins with this question; those to controls come after it.
 std::optional<AccessibleFacts> WinAccessibility::ObjectAt(Point screen) {
-  answerTime_.BeginDescription();
   ForgetReturned();
   if (!MayAsk(screen) || !HaveWorker()) return std::nullopt;
   const Deadline deadline(kQuestionLimit);

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "platform/accessibility.h"
-#include "win32/answer_time.h"
 #include "win32/object_worker.h"
 #include "win32/unresponsive_threads.h"
 
@@ -15,8 +14,8 @@ namespace pointalk::win32 {
 
 class WinAccessibility final : public Accessibility {
  public:
-  WinAccessibility(UnresponsiveThreads& unresponsiveThreads, AnswerTime& answerTime)
-      : unresponsiveThreads_(unresponsiveThreads), answerTime_(answerTime) {}
+  explicit WinAccessibility(UnresponsiveThreads& unresponsiveThreads)
+      : unresponsiveThreads_(unresponsiveThreads) {}
 
   std::optional<AccessibleFacts> ObjectAt(Point screen) override;
   bool QueryPending(WindowHandle window) override;
@@ -36,7 +35,6 @@ class WinAccessibility final : public Accessibility {
   void ForgetReturned();
 
   UnresponsiveThreads& unresponsiveThreads_;
-  AnswerTime& answerTime_;
   std::unique_ptr<ObjectWorker> worker_;  // idle between questions; null while there is none
   std::vector<Abandoned> abandoned_;
 };

@@ -37,12 +37,12 @@ struct WinPlatform {
   VoiceThread voice;
   WinPanel panel{voice};
   WinInput input{panel.Window()};
-  WinWindowTree windows;
+  WinWindowTree windows{answerTime};
   WinControlMessages messages{unresponsiveThreads, answerTime};
   WinRemoteMemory memory{unresponsiveThreads, panel.Window()};
   WinAnsi ansi;
   WinMenus menus;
-  WinAccessibility accessibility{unresponsiveThreads, answerTime};
+  WinAccessibility accessibility{unresponsiveThreads};
   WinMidiOut midi;
   WinSapi5Voice sapi5{voice};
   WinSapi4Control sapi4{voice};

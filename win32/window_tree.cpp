@@ -14,7 +14,9 @@ constexpr int kLongestCaption = 1024 * 1024;  // characters
 
 }  // namespace
 
+// Each description begins with this question, also one that asks no object.
 WindowHandle WinWindowTree::WindowAt(Point screen) {
+  answerTime_.BeginDescription();
   return FromWindow(WindowFromPhysicalPoint({screen.x, screen.y}));
 }
 

@@ -2,12 +2,15 @@
 #pragma once
 
 #include "platform/window_tree.h"
+#include "win32/answer_time.h"
 #include "win32/window_scale.h"
 
 namespace pointalk::win32 {
 
 class WinWindowTree final : public WindowTree {
  public:
+  explicit WinWindowTree(AnswerTime& answerTime) : answerTime_(answerTime) {}
+
   WindowHandle WindowAt(Point screen) override;
   std::optional<Text> ClassOf(WindowHandle window, int limit) override;
   WindowHandle ParentOf(WindowHandle window) override;
@@ -18,6 +21,7 @@ class WinWindowTree final : public WindowTree {
   Text CaptionOf(WindowHandle window, int capacity) override;
 
  private:
+  AnswerTime& answerTime_;
   WindowScale scale_;
 };
 

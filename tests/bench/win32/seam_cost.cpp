@@ -99,8 +99,7 @@ void MeasureFiles() {
 void MeasureObjects(Point place) {
   constexpr int kTurns = 200;
   pointalk::win32::UnresponsiveThreads unresponsiveThreads;
-  pointalk::win32::AnswerTime answerTime;
-  pointalk::win32::WinAccessibility accessibility(unresponsiveThreads, answerTime);
+  pointalk::win32::WinAccessibility accessibility(unresponsiveThreads);
   pointalk::win32::AutomationQuestion automation;
   std::vector<std::int64_t> direct, limited;
   for (int turn = 0; turn < kTurns; ++turn) {

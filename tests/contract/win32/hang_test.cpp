@@ -160,7 +160,7 @@ TEST_F(HangTest, AProgramThatIsSlowToAnswerEverythingIsAskedNoMoreForThisDescrip
     return answers < 200 && threads.AllAnswer();
   };
   EXPECT_TRUE(world_.RunUntil(refused, kPatience));
-  std::ignore = accessibility_.ObjectAt(kHungPlace);  // the next description
+  std::ignore = windows_.WindowAt(kHungPlace);  // the next description
   EXPECT_TRUE(Length(hung_) || !threads.AllAnswer());
 }
 
