@@ -40,19 +40,26 @@ make_prefix() {
   mkdir -p "$prefix"
   wine_for 180 wineboot -i
   in_prefix wineserver -w
-  import 64 <<'REG'
+  desktop_keys | import 64
+  in_prefix wineserver -k || true
+  in_prefix wineserver -w
+  echo "$version" >"$mark"
+}
+
+desktop_keys() {
+  cat <<'REG'
 [HKEY_CURRENT_USER\Software\Wine\Explorer]
 "Desktop"="Default"
 
 [HKEY_CURRENT_USER\Software\Wine\Explorer\Desktops]
 "Default"="1024x768"
+
 REG
-  for service in Eventlog NDIS nsiproxy PlugPlay winebus winehid wineusb; do
+  for service in Eventlog NDIS nsiproxy PlugPlay; do
     printf '[HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Services\\%s]\n"Start"=dword:00000004\n\n' "$service"
-  done | import 64
-  in_prefix wineserver -k || true
-  in_prefix wineserver -w
-  echo "$version" >"$mark"
+  done
+  # The drivers of these devices begin with every desktop, whatever their services say, and go on asking for joysticks.
+  printf '%s\n' '[-HKEY_LOCAL_MACHINE\System\CurrentControlSet\Enum\ROOT]'
 }
 
 # Into the registry as programs of that width, 64 or 32 bits, see it.
