@@ -138,9 +138,14 @@ bits_of() {
 # What the system brings along is shared with the ready prefix by hard links, where one file system has both: nobody writes
 # there, and it is nearly all of a prefix.
 copy_prefix() {
-  cp -al "$1" "$2" 2>/dev/null || { rm -rf "$2"; cp -a --reflink=auto "$1" "$2"; }
-  find "$2" -type f -links +1 ! -path '*/drive_c/windows/sys*' ! -path '*/drive_c/windows/winsxs/*' \
-    -exec sh -c 'for file; do cp -a "$file" "$file.own" && mv -f "$file.own" "$file"; done' sh {} +
+  if cp -al "$1" "$2" 2>/dev/null; then
+    own=$(realpath "$2")
+    (cd "$1" && find . -type f ! -path '*/drive_c/windows/sys*' ! -path '*/drive_c/windows/winsxs/*' \
+      -exec cp -a --parents --remove-destination -t "$own" {} +)
+  else
+    rm -rf "$2"
+    cp -a --reflink=auto "$1" "$2"
+  fi
 }
 
 case ${1:-} in
