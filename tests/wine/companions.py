@@ -35,6 +35,7 @@ PURGE = 2
 WAITS = ("await", "leaves", "until")  # the commands of the voice's client that wait
 ENDLESS = "Endless."
 HOUR = 3600
+HELPER_LIMIT = 40  # seconds for its end, fewer than it waits for a client
 
 
 def poll(ready, seconds, what):

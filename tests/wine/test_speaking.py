@@ -5,7 +5,8 @@ import pathlib
 import shutil
 import unittest
 
-from companions import ASYNCHRONOUS, ENDLESS, HOUR, PURGE, CompanionTest, awaited, create, helper_folders, loudest, poll, speak
+from companions import (ASYNCHRONOUS, ENDLESS, HELPER_LIMIT, HOUR, PURGE, CompanionTest, awaited, create, helper_folders,
+                        loudest, poll, speak)
 
 SENTENCE = "This sentence takes a little while to say."
 SAID = ("sapi5 speak", "sounding", "spoken", "cut", "silent", "sapi5 speak over")
@@ -208,7 +209,7 @@ class Ends(CompanionTest):
         self.assertEqual(len(folders), 1)
         process.kill()
         process.wait(60)
-        poll(lambda: not (folders & helper_folders()), 60, "end of the helper")
+        poll(lambda: not (folders & helper_folders()), HELPER_LIMIT, "end of the helper")
 
     def test_leaving_com_with_the_voice_speaking_is_no_crash(self):
         self.voice(create("v"), speak(SENTENCE, 1), awaited("sounding"), ("leave",), awaited("spoken"))
@@ -217,7 +218,7 @@ class Ends(CompanionTest):
     def test_nothing_is_left_after_a_normal_end(self):
         before = helper_folders()
         self.voice(create("v"), speak("Bye"))
-        poll(lambda: helper_folders() <= before, 60, "end of the helper")
+        poll(lambda: helper_folders() <= before, HELPER_LIMIT, "end of the helper")
 
 
 def alive(process_id):
