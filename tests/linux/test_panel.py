@@ -83,10 +83,9 @@ def test_the_voice_is_set_up_as_the_settings_say(one):
 
 def test_an_open_menu_of_the_panel_is_read(one):
     one.panel.bring_up()
-    closed = set(one.panel.windows())
-    one.panel.press("alt+f")
-    one.desktop.wait_until(lambda: set(one.panel.windows()) - closed)
-    menu, = set(one.panel.windows()) - closed
+    closed = set(one.desktop.windows_of_pointalk())
+    one.desktop.open_menu(lambda: one.panel.press("alt+f"))
+    menu, = set(one.desktop.windows_of_pointalk()) - closed
     geometry = one.desktop.output("xdotool", "getwindowgeometry", "--shell", menu.decode()).decode()
     shown = dict(line.split("=") for line in geometry.split())
     left, top, height = (int(shown[name]) for name in ("X", "Y", "HEIGHT"))
