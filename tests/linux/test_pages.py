@@ -3,27 +3,24 @@
 import pytest
 
 from accessible import PAGE_TAB, PAGE_TAB_LIST, PANEL, AccessibleTarget
-from desktop import Desktop
 from session import start_pointalk_over, wait_for_name
 
 ON_PAGE, BESIDE, TAB = (60, 120), (300, 200), (60, 35)
 
 
 @pytest.fixture(scope="module", name="target")
-def make_target(tmp_path_factory):
-    with Desktop(tmp_path_factory.mktemp("desktop")) as desktop:
-        desktop.start_voice()
-        target = AccessibleTarget(desktop)
-        target.desktop = desktop
-        target.show_window("frame", [0, 0, 400, 300], "Pages")
-        target.put("tabs", [10, 20, 390, 290], PAGE_TAB_LIST, selected="first")
-        target.put("first", [10, 20, 110, 50], PAGE_TAB, parent="tabs", name="First")
-        target.put("second", [120, 20, 220, 50], PAGE_TAB, parent="tabs", name="Second")
-        target.put("page", [10, 50, 390, 250], PANEL, parent="first")
-        target.put("ok", [20, 100, 100, 140], parent="page", name="Fine")
-        target.put("hidden", [20, 100, 100, 140], parent="second", name="Hidden")
-        start_pointalk_over(desktop)
-        yield target
+def make_target(desktop):
+    target = AccessibleTarget(desktop)
+    target.desktop = desktop
+    target.show_window("frame", [0, 0, 400, 300], "Pages")
+    target.put("tabs", [10, 20, 390, 290], PAGE_TAB_LIST, selected="first")
+    target.put("first", [10, 20, 110, 50], PAGE_TAB, parent="tabs", name="First")
+    target.put("second", [120, 20, 220, 50], PAGE_TAB, parent="tabs", name="Second")
+    target.put("page", [10, 50, 390, 250], PANEL, parent="first")
+    target.put("ok", [20, 100, 100, 140], parent="page", name="Fine")
+    target.put("hidden", [20, 100, 100, 140], parent="second", name="Hidden")
+    start_pointalk_over(desktop)
+    return target
 
 
 def test_what_is_on_the_selected_page_is_found(target):

@@ -5,25 +5,22 @@ import time
 import pytest
 
 from accessible import LIST, LIST_ITEM, MENU_ITEM, POPUP_MENU, TABLE_CELL, TEXT, WINDOW, AccessibleTarget
-from desktop import Desktop
 from session import start_pointalk_over, wait_for_name
 
 OTHER = (700, 40)
 IN_LIST = (60, 120)
 
 
-@pytest.fixture(scope="module", name="desktop")
-def make_desktop(tmp_path_factory):
-    with Desktop(tmp_path_factory.mktemp("desktop")) as desktop:
-        desktop.start_voice()
-        start_pointalk_over(desktop)
-        yield desktop
+@pytest.fixture(scope="module", name="running")
+def make_running(desktop):
+    start_pointalk_over(desktop)
+    return desktop
 
 
 @pytest.fixture(name="target")
-def make_target(desktop):
+def make_target(running):
     """A field, and a button that lies below it."""
-    target = AccessibleTarget(desktop)
+    target = AccessibleTarget(running)
     target.show_window("frame", [0, 0, 800, 600], "Pop-ups")
     target.put("other", [650, 20, 750, 60], name="Other")
     target.put("field", [10, 20, 200, 50], TEXT, text="typed")
