@@ -55,6 +55,9 @@ Kind KindOfSpoken(std::int32_t spokenRole);
 // Kinds of objects that only hold others: they are not worth a word where they have no text.
 bool IsHolder(std::uint32_t atspiRole);
 
+// An entry of a menu, or a menu within one.
+bool IsMenuEntry(std::uint32_t atspiRole);
+
 // The text of a role by the seam's number; empty where there is none.
 TextView SpokenRoleText(std::int32_t spokenRole);
 
