@@ -165,6 +165,12 @@ BusObject FactsReader::SelectedChild(const BusObject& object, Moment limit) {
   return BusReader(bus_.Ask(std::move(call), limit)).ReadObject();
 }
 
+bool FactsReader::MissesTab(const Facts& facts, const Measure& measure, Moment limit) {
+  if (measure.coordinates == kInWindow || facts.width <= 0 || facts.Holds(measure)) return false;
+  return facts.found.role == kRolePageTab ||
+         (!facts.parent.IsNull() && RoleOf(facts.parent, limit) == kRolePageTab);
+}
+
 Text FactsReader::NameOf(const BusObject& object, Moment limit) {
   BusReader name(bus_.Ask(Property(object, kAccessible, "Name"), limit));
   return name.EnterVariant("s") ? name.ReadText() : Text();

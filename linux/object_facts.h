@@ -46,6 +46,8 @@ class FactsReader {
   // The first of the objects in it that are selected; null where there is none.
   BusObject SelectedChild(const BusObject& object, Moment limit);
   Text NameOf(const BusObject& object, Moment limit);
+  // It is a tab, or what belongs to one, and lies elsewhere.
+  bool MissesTab(const Facts& facts, const Measure& measure, Moment limit);
   // What a cell without a name is called by another part of its entry; empty where there is none.
   Text NameOfEntry(const Facts& cell, Moment limit);
 

@@ -100,7 +100,8 @@ std::optional<FoundObject> ObjectFinder::FindInWindow(Program& program, const Fr
   auto facts = facts_.Read(way.back(), measure, program.toolkit, limit);
   while (facts && facts->found.role == kRolePageTabList && GoIntoSelectedPage(way, measure, limit))
     facts = facts_.Read(way.back(), measure, program.toolkit, limit);
-  while (!facts && way.size() > 1) {  // it was told of, but is not there
+  // It was told of, but is not there. A tab of GTK 3 tells of its page wherever the point is.
+  while (way.size() > 1 && (!facts || facts_.MissesTab(*facts, measure, limit))) {
     way.pop_back();
     facts = facts_.Read(way.back(), measure, program.toolkit, limit);
   }

@@ -17,6 +17,7 @@ enum AtspiRole : std::uint32_t {
   kRoleLabel = 29,
   kRoleListItem = 32,
   kRoleMenu = 33,
+  kRolePageTab = 37,
   kRolePageTabList = 38,
   kRolePassword = 40,
   kRolePushButton = 43,

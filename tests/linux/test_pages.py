@@ -38,6 +38,16 @@ def test_tabs_are_themselves_and_what_lies_beside_them_is_theirs(target):
     wait_for_name(target.desktop, (300, 35), "It is eigh page tab list", ON_PAGE)
 
 
+def test_a_tab_that_tells_of_its_page_wherever_the_point_is(target):
+    target.put("third", [230, 20, 290, 50], PAGE_TAB, parent="tabs", name="Third", **{"child at": "third page"})
+    target.put("third page", [10, 50, 390, 250], parent="third", name="Below")
+    wait_for_name(target.desktop, (260, 35), "Third", ON_PAGE)
+    target.put("tabs", [10, 20, 390, 290], PAGE_TAB_LIST, selected="third")
+    wait_for_name(target.desktop, ON_PAGE, "Below button", TAB)
+    wait_for_name(target.desktop, (300, 35), "It is eigh page tab list", ON_PAGE)
+    target.put("tabs", [10, 20, 390, 290], PAGE_TAB_LIST, selected="first")
+
+
 @pytest.mark.parametrize("selected", ["tabs", "frame", "nobody", "first"])
 def test_a_selected_page_that_leads_nowhere_or_round_in_a_circle(target, selected):
     target.put("odd", [200, 100, 390, 240], PAGE_TAB_LIST, parent="page", selected=selected)
