@@ -54,7 +54,7 @@ class FactsReader {
  private:
   std::optional<LineHit> ReadLine(const BusObject& object, const Measure& measure, Toolkit toolkit,
                                   Moment limit);
-  void AddText(FoundObject& cell, Moment limit);
+  void AddText(FoundObject& object, Moment limit);
   std::int32_t CharacterCount(const BusObject& object, Moment limit);
   std::int32_t OffsetAt(const BusObject& object, const Measure& measure, Moment limit);
   std::optional<Text> ReadBeginning(const BusObject& object, Moment limit);

@@ -14,6 +14,7 @@ enum AtspiRole : std::uint32_t {
   kRoleInvalid = 0,
   kRoleComboBox = 11,
   kRoleFrame = 23,
+  kRoleIcon = 26,
   kRoleLabel = 29,
   kRoleListItem = 32,
   kRoleMenu = 33,

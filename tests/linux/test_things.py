@@ -61,6 +61,7 @@ KINDS = [
     (88, {"name": "Topaz"}, "Topaz", "link."), (35, {"name": "Violet"}, "Violet menu", "menu item."),
     (37, {"name": "Wheat"}, "Wheat", "page tab."), (50, {}, "It is eigh separator", "separator."),
     (27, {}, "It is eigh image", "graphic."), (48, {}, "scroll bar", "scroll bar."),
+    (26, {"text": "Almond"}, "Almond", "graphic."),
 ]
 LEFT, WIDTH, HEIGHT = 760, 160, 40
 NOWHERE = (1200, 1000)
