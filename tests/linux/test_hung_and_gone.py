@@ -13,6 +13,17 @@ def test_a_stopped_program_does_not_stop_the_tones(session):
     session.survives_a_stopped_target()
 
 
+def test_a_program_that_is_late_once_is_not_called_a_window(session):
+    target = AccessibleTarget(session.desktop)
+    target.show_window("frame", [800, 200, 1000, 300])
+    target.put("late", [800, 200, 1000, 300], name="Late", lies={"Name": "late"})
+    said = session.said_after(lambda: None)
+    wait_for_name(session.desktop, (900, 250), "Late button", place(0, 0))
+    assert "It is eigh window" not in said()
+    target.program.kill()
+    target.program.wait(LIMIT)
+
+
 def test_a_voice_that_hangs_does_not_keep_the_tones_from_sounding(session):
     """What is said in answer to Control is waited for, and no longer than a server may need to take it."""
     target = AccessibleTarget(session.desktop)
