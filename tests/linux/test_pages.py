@@ -39,8 +39,8 @@ def test_tabs_are_themselves_and_what_lies_beside_them_is_theirs(target):
 
 
 def test_a_tab_that_tells_of_its_page_wherever_the_point_is(target):
-    target.put("third", [230, 20, 290, 50], PAGE_TAB, parent="tabs", name="Third", **{"child at": "third page"})
-    target.put("third page", [10, 50, 390, 250], parent="third", name="Below")
+    target.put("third", [230, 20, 290, 50], PAGE_TAB, parent="tabs", name="Third", **{"child at": "third_page"})
+    target.put("third_page", [10, 50, 390, 250], parent="third", name="Below")
     wait_for_name(target.desktop, (260, 35), "Third", ON_PAGE)
     target.put("tabs", [10, 20, 390, 290], PAGE_TAB_LIST, selected="third")
     wait_for_name(target.desktop, ON_PAGE, "Below button", TAB)
