@@ -6,7 +6,7 @@ import stat
 import pytest
 
 import panel as keys
-from desktop import LIMIT, Desktop
+from desktop import LIMIT
 from panel import Panel
 from session import PROGRAM, RECORDER, Session, place, wait_for_name, wait_for_tones
 
@@ -68,10 +68,8 @@ class OnePanel:
 
 
 @pytest.fixture(scope="module", name="one")
-def make_one(tmp_path_factory):
-    with Desktop(tmp_path_factory.mktemp("desktop")) as desktop:
-        desktop.start_voice()
-        yield OnePanel(desktop)
+def make_one(desktop):
+    return OnePanel(desktop)
 
 
 def test_the_voice_is_set_up_as_the_settings_say(one):
