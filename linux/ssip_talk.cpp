@@ -57,12 +57,20 @@ std::string SsipTalk::Speak(std::string_view line, Moment now) {
 
 void SsipTalk::Take(const SsipLine& line) {
   if (line.code >= kFirstEvent) return TakeEvent(line);
-  // The text that follows has an answer of its own.
-  if (line.code == kReceivingData || due_.empty()) return;
+  if (line.code == kReceivingData) return;  // the text that follows has an answer of its own
+  if (line.code == kMessageQueued) DropUntilText();
+  if (due_.empty()) return;
   if (line.isLast) return TakeAnswer(line);
   const Due& first = due_.front();
   if (line.code == kMessageQueued && first.what == What::kText && first.cut == cut_)
     sounding_.insert(line.text);
+}
+
+// A server that leaves other commands unanswered is followed all the same.
+void SsipTalk::DropUntilText() {
+  const auto text =
+      std::find_if(due_.begin(), due_.end(), [](const Due& due) { return due.what == What::kText; });
+  if (text != due_.end()) due_.erase(due_.begin(), text);
 }
 
 // The number of the text, the number of the client, and then the event's name.

@@ -69,6 +69,7 @@ class SsipTalk {
   };
 
   std::string Set(What what, const std::string& words);
+  void DropUntilText();
   void TakeEvent(const SsipLine& line);
   void TakeAnswer(const SsipLine& line);
 

@@ -55,6 +55,18 @@ TEST(SsipTalkTest, ARefusedSettingIsNoAnswerToTheTextAfterIt) {
   EXPECT_FALSE(talk.IsSounding());
 }
 
+TEST(SsipTalkTest, AServerThatAnswersTextsOnlyIsFollowed) {
+  SsipTalk talk;
+  talk.Command("SET SELF NOTIFICATION END on");
+  talk.Want({30, {}, {}, {}});
+  talk.SetUp();
+  talk.Speak("one", kNow);
+  TakeText(talk, "21");
+  EXPECT_EQ(talk.TextsDue(), 0U);
+  EXPECT_TRUE(talk.IsSounding());
+  EXPECT_EQ(talk.Settings().rate, 30);
+}
+
 TEST(SsipTalkTest, ARefusedTextIsOneAlone) {
   SsipTalk talk;
   talk.Speak("one", kNow);
