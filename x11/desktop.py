@@ -149,18 +149,29 @@ class Desktop(contextlib.ExitStack):
         return self.output("xdotool", "search", "--onlyvisible", "--class", "^pointalk$").split()
 
     def open_menu(self, press):
-        """Calls press, which opens a menu of Pointalk's panel, until one is open: a window that has just come up may not know
-        yet that it has the keyboard."""
+        """Has a menu of Pointalk's panel opened by press."""
         before = len(self.windows_of_pointalk())
+        self.press_until(press, lambda: len(self.windows_of_pointalk()) > before)
 
-        def is_open():
+    def active_window(self):
+        """The name of the window that has the keyboard."""
+        return self.output("xdotool", "getactivewindow", "getwindowname").decode().strip()
+
+    def answer_box(self, title, press):
+        """Has the box of that title, which comes, closed by press."""
+        self.wait_until(lambda: self.active_window() == title)
+        self.press_until(press, lambda: self.active_window() != title)
+
+    def press_until(self, press, condition):
+        """Calls press until the condition holds: a window that has just come up may not know yet that it has the keyboard."""
+        def holds():
             press()
             with contextlib.suppress(TimeoutError):
-                self.wait_until(lambda: len(self.windows_of_pointalk()) > before, KEY_LIMIT)
+                self.wait_until(condition, KEY_LIMIT)
                 return True
             return False
 
-        self.wait_until(is_open)
+        self.wait_until(holds)
 
     def heard(self):
         """Everything that the recording speech-dispatcher has written down."""

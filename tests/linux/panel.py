@@ -18,8 +18,7 @@ class Panel:
 
     def wait_for(self, title):
         """Until the window of that title has the keyboard."""
-        question = ("xdotool", "getactivewindow", "getwindowname")
-        self.desktop.wait_until(lambda: self.desktop.output(*question).decode().strip() == title)
+        self.desktop.wait_until(lambda: self.desktop.active_window() == title)
 
     def bring_up(self):
         """By another start, as a listener does who cannot see where it is. Opens a menu and closes it again, which shows that the
@@ -37,17 +36,17 @@ class Panel:
 
     def choose(self, menu, entry):
         self.bring_up()
-        self.press(f"alt+{menu}", *["Down"] * entry, "Return")
+        self.desktop.open_menu(lambda: self.press(f"alt+{menu}"))
+        self.press(*["Down"] * entry, "Return")
 
-    def answer(self, title, *keys):
-        """Presses keys in the box of that title, which has come."""
-        self.wait_for(title)
-        self.press(*keys)
+    def answer(self, title, key):
+        self.desktop.answer_box(title, lambda: self.press(key))
 
     def ask_number(self, entry, title, number):
         """Answers the question of an entry of the menu of tones."""
         self.choose(MIDI, entry)
-        self.answer(title, *str(number), "Return")
+        self.wait_for(title)
+        self.press(*str(number), "Return")
         self.wait_for(CAPTION)
 
     def wait_until_saved(self, **settings):
