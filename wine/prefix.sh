@@ -40,19 +40,26 @@ make_prefix() {
   mkdir -p "$prefix"
   wine_for 180 wineboot -i
   in_prefix wineserver -w
-  import 64 <<'REG'
+  desktop_keys | import 64
+  in_prefix wineserver -k || true
+  in_prefix wineserver -w
+  echo "$version" >"$mark"
+}
+
+desktop_keys() {
+  cat <<'REG'
 [HKEY_CURRENT_USER\Software\Wine\Explorer]
 "Desktop"="Default"
 
 [HKEY_CURRENT_USER\Software\Wine\Explorer\Desktops]
 "Default"="1024x768"
+
 REG
-  for service in Eventlog NDIS nsiproxy PlugPlay winebus winehid wineusb; do
+  for service in Eventlog NDIS nsiproxy PlugPlay; do
     printf '[HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Services\\%s]\n"Start"=dword:00000004\n\n' "$service"
-  done | import 64
-  in_prefix wineserver -k || true
-  in_prefix wineserver -w
-  echo "$version" >"$mark"
+  done
+  # The drivers of these devices begin with every desktop, whatever their services say, and go on asking for joysticks.
+  printf '%s\n' '[-HKEY_LOCAL_MACHINE\System\CurrentControlSet\Enum\ROOT]'
 }
 
 # Into the registry as programs of that width, 64 or 32 bits, see it.
@@ -131,9 +138,14 @@ bits_of() {
 # What the system brings along is shared with the ready prefix by hard links, where one file system has both: nobody writes
 # there, and it is nearly all of a prefix.
 copy_prefix() {
-  cp -al "$1" "$2" 2>/dev/null || { rm -rf "$2"; cp -a --reflink=auto "$1" "$2"; }
-  find "$2" -type f -links +1 ! -path '*/drive_c/windows/sys*' ! -path '*/drive_c/windows/winsxs/*' \
-    -exec sh -c 'for file; do cp -a "$file" "$file.own" && mv -f "$file.own" "$file"; done' sh {} +
+  if cp -al "$1" "$2" 2>/dev/null; then
+    own=$(realpath "$2")
+    (cd "$1" && find . -type f ! -path '*/drive_c/windows/sys*' ! -path '*/drive_c/windows/winsxs/*' \
+      -exec cp -a --parents --remove-destination -t "$own" {} +)
+  else
+    rm -rf "$2"
+    cp -a --reflink=auto "$1" "$2"
+  fi
 }
 
 case ${1:-} in

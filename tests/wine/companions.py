@@ -3,6 +3,7 @@
 The environment names the build (POINTALK_WIN_BUILD), the prefix (WINEPREFIX, with both engines registered) and the
 display; every test has files of its own."""
 
+import contextlib
 import json
 import os
 import pathlib
@@ -34,6 +35,7 @@ PURGE = 2
 WAITS = ("await", "leaves", "until")  # the commands of the voice's client that wait
 ENDLESS = "Endless."
 HOUR = 3600
+HELPER_LIMIT = 40  # seconds for its end, fewer than it waits for a client
 
 
 def poll(ready, seconds, what):
@@ -184,9 +186,13 @@ ctl.!default {{ type null }}
 
 
 def helper_folders():
-    """The folders of the Linux halves that still work."""
+    """The folders of the Linux halves, and of what they started, that still work; one may be gone by its name."""
     places = ("Temp", "AppData/Local/Temp")  # of Wine 8, of Wine 10
-    return [folder for place in places for folder in PREFIX.glob(f"drive_c/users/*/{place}/pointalk-*")]
+    folders = [str(folder) for place in places for folder in PREFIX.glob(f"drive_c/users/*/{place}/pointalk-*")]
+    for link in pathlib.Path("/proc").glob("[0-9]*/cwd"):
+        with contextlib.suppress(OSError):  # it has ended, or is somebody else's
+            folders.append(os.readlink(link).removesuffix(" (deleted)"))
+    return {folder for folder in folders if "/pointalk-" in folder.partition(f"{PREFIX}/drive_c/users/")[2]}
 
 
 def loudest(recording):

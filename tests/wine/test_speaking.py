@@ -5,7 +5,8 @@ import pathlib
 import shutil
 import unittest
 
-from companions import ASYNCHRONOUS, ENDLESS, HOUR, PURGE, CompanionTest, awaited, create, helper_folders, loudest, poll, speak
+from companions import (ASYNCHRONOUS, ENDLESS, HELPER_LIMIT, HOUR, PURGE, CompanionTest, awaited, create, helper_folders,
+                        loudest, poll, speak)
 
 SENTENCE = "This sentence takes a little while to say."
 SAID = ("sapi5 speak", "sounding", "spoken", "cut", "silent", "sapi5 speak over")
@@ -200,24 +201,24 @@ class WithoutSpeech(CompanionTest):
 
 class Ends(CompanionTest):
     def test_nothing_stays_behind_when_the_client_is_killed_while_speaking(self):
-        before = set(helper_folders())
+        before = helper_folders()
         self.sound_for(HOUR, ENDLESS)
         process = self.start_voice([create("v"), speak(ENDLESS, 0)])
         poll(lambda: self.heard("sounding"), 60, "speech")
-        folders = set(helper_folders()) - before
+        folders = helper_folders() - before
         self.assertEqual(len(folders), 1)
         process.kill()
         process.wait(60)
-        poll(lambda: not (folders & set(helper_folders())), 60, "end of the helper")
+        poll(lambda: not (folders & helper_folders()), HELPER_LIMIT, "end of the helper")
 
     def test_leaving_com_with_the_voice_speaking_is_no_crash(self):
         self.voice(create("v"), speak(SENTENCE, 1), awaited("sounding"), ("leave",), awaited("spoken"))
         self.assertEqual(self.order(*SAID), [("sapi5 speak", 1), ("sounding", 1), ("spoken", 1)])
 
     def test_nothing_is_left_after_a_normal_end(self):
-        before = set(helper_folders())
+        before = helper_folders()
         self.voice(create("v"), speak("Bye"))
-        poll(lambda: set(helper_folders()) <= before, 60, "end of the helper")
+        poll(lambda: helper_folders() <= before, HELPER_LIMIT, "end of the helper")
 
 
 def alive(process_id):

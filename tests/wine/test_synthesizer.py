@@ -6,7 +6,7 @@ import time
 import unittest
 from unittest import mock
 
-from companions import CompanionTest, awaited, create, helper_folders, loudest, poll, speak
+from companions import HELPER_LIMIT, CompanionTest, awaited, create, helper_folders, loudest, poll, speak
 
 A_SECOND = 44_100 * 2 * 2  # bytes of a recording
 
@@ -93,12 +93,12 @@ class Sounding(CompanionTest):
     def playing(self, *messages):
         """Plays them to FluidSynth, whose sound lands in the file that is given."""
         recording, over = self.record_loudspeaker(), self.folder / "over"
-        before = set(helper_folders())
+        before = helper_folders()
         process = self.start_midi("open", *messages, f"until={over}", "close")
         yield recording
         over.touch()
         self.assertEqual({answer.result for answer in self.answers(process, 60)}, {"0"})
-        poll(lambda: set(helper_folders()) <= before, 60, "end of FluidSynth")
+        poll(lambda: helper_folders() <= before, HELPER_LIMIT, "end of FluidSynth")
 
     def test_a_note_is_heard(self):
         with self.playing("short=4fcd", "short=513b9d") as recording:
@@ -116,7 +116,7 @@ class Sounding(CompanionTest):
 
 class Ends(CompanionTest):
     def test_nothing_stays_behind_whenever_the_client_ends(self):
-        before = set(helper_folders())
+        before = helper_folders()
         for pause in ("sleep=300", "sleep=1500"):
             self.midi("open", pause)
-        poll(lambda: set(helper_folders()) <= before, 60, "end of the helpers")
+        poll(lambda: helper_folders() <= before, HELPER_LIMIT, "end of the helpers")

@@ -53,11 +53,12 @@ class Desktop:
     def __exit__(self, *_):
         self.close()
 
+    # Without -noreset the server begins anew when its last client goes, and turns away one that comes meanwhile.
     def _start_server(self):
         reading, writing = os.pipe()
         self._server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(writing), "-screen", "0", self._screen + "x24", "-nolisten", "tcp"], pass_fds=(writing,),
-            stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+            ["Xvfb", "-displayfd", str(writing), "-screen", "0", self._screen + "x24", "-nolisten", "tcp", "-noreset"],
+            pass_fds=(writing,), stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         os.close(writing)
         with open(reading, encoding="ascii") as answer:
             told, _, _ = select.select([answer], [], [], 100)

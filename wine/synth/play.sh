@@ -7,7 +7,7 @@
 exec >/dev/null 2>&1
 folder=$PWD
 mkfifo commands || exit
-(sleep 60; : >commands) &  # should nobody ever open it, the end of the file is read
+(trap 'kill $!; exit' TERM; sleep 60 & wait $!; : >commands) &  # should nobody ever open it, the end of the file is read
 guard=$!
 exec <commands
 kill $guard
