@@ -1,6 +1,6 @@
 # pointalk, the program for a Linux desktop, with the desktop's own libraries. Where one of them is missing it is left out,
 # but for the rules of its protocols, which need none.
-set(rules linux/roles.cpp linux/ssip.cpp linux/utf8.cpp)
+set(rules linux/roles.cpp linux/ssip.cpp linux/ssip_talk.cpp linux/utf8.cpp)
 list(TRANSFORM rules PREPEND ${PROJECT_SOURCE_DIR}/)
 pointalk_library(pointalk_linux_rules SOURCES ${rules} LIBRARIES pointalk_text)
 

@@ -150,7 +150,7 @@ std::optional<Facts> FactsReader::Read(const BusObject& object, const Measure& m
     if (!facts.found.line && toolkit == Toolkit::kQt) facts.found.value = ReadBeginning(object, limit);
   } else if (hasText && IsField(kind)) {
     facts.found.value = ReadBeginning(object, limit);
-  } else if (hasText && kind == kRoleTableCell) {
+  } else if (hasText && (kind == kRoleTableCell || (kind == kRoleIcon && IsBlank(facts.found.name)))) {
     AddText(facts.found, limit);
   } else if (Has(interfaces, kValueInterface) &&
              std::find(std::begin(kWithNumbers), std::end(kWithNumbers), kind) != std::end(kWithNumbers)) {
@@ -163,6 +163,12 @@ BusObject FactsReader::SelectedChild(const BusObject& object, Moment limit) {
   BusMessage call = bus_.Call(object, kSelection, "GetSelectedChild");
   if (call) sd_bus_message_append(call.get(), "i", 0);
   return BusReader(bus_.Ask(std::move(call), limit)).ReadObject();
+}
+
+bool FactsReader::MissesTab(const Facts& facts, const Measure& measure, Moment limit) {
+  if (measure.coordinates == kInWindow || facts.width <= 0 || facts.Holds(measure)) return false;
+  return facts.found.role == kRolePageTab ||
+         (!facts.parent.IsNull() && RoleOf(facts.parent, limit) == kRolePageTab);
 }
 
 Text FactsReader::NameOf(const BusObject& object, Moment limit) {
@@ -189,11 +195,12 @@ Text FactsReader::NameOfEntry(const Facts& cell, Moment limit) {
   return {};
 }
 
-// Cells of a spreadsheet have their place for a name; what stands in them is the more important.
-void FactsReader::AddText(FoundObject& cell, Moment limit) {
-  const auto text = ReadBeginning(cell.object, limit);
-  if (!text || IsBlank(*text) || *text == cell.name) return;
-  cell.name = IsBlank(cell.name) ? *text : *text + u", " + cell.name;
+// Cells of a spreadsheet have their place for a name; what stands in them is the more important. Icons of GTK
+// 3 have no name but their text.
+void FactsReader::AddText(FoundObject& object, Moment limit) {
+  const auto text = ReadBeginning(object.object, limit);
+  if (!text || IsBlank(*text) || *text == object.name) return;
+  object.name = IsBlank(object.name) ? *text : *text + u", " + object.name;
 }
 
 std::uint32_t FactsReader::RoleOf(const BusObject& object, Moment limit) {

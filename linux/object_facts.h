@@ -46,13 +46,15 @@ class FactsReader {
   // The first of the objects in it that are selected; null where there is none.
   BusObject SelectedChild(const BusObject& object, Moment limit);
   Text NameOf(const BusObject& object, Moment limit);
+  // It is a tab, or what belongs to one, and lies elsewhere.
+  bool MissesTab(const Facts& facts, const Measure& measure, Moment limit);
   // What a cell without a name is called by another part of its entry; empty where there is none.
   Text NameOfEntry(const Facts& cell, Moment limit);
 
  private:
   std::optional<LineHit> ReadLine(const BusObject& object, const Measure& measure, Toolkit toolkit,
                                   Moment limit);
-  void AddText(FoundObject& cell, Moment limit);
+  void AddText(FoundObject& object, Moment limit);
   std::int32_t CharacterCount(const BusObject& object, Moment limit);
   std::int32_t OffsetAt(const BusObject& object, const Measure& measure, Moment limit);
   std::optional<Text> ReadBeginning(const BusObject& object, Moment limit);

@@ -100,7 +100,8 @@ std::optional<FoundObject> ObjectFinder::FindInWindow(Program& program, const Fr
   auto facts = facts_.Read(way.back(), measure, program.toolkit, limit);
   while (facts && facts->found.role == kRolePageTabList && GoIntoSelectedPage(way, measure, limit))
     facts = facts_.Read(way.back(), measure, program.toolkit, limit);
-  while (!facts && way.size() > 1) {  // it was told of, but is not there
+  // It was told of, but is not there. A tab of GTK 3 tells of its page wherever the point is.
+  while (way.size() > 1 && (!facts || facts_.MissesTab(*facts, measure, limit))) {
     way.pop_back();
     facts = facts_.Read(way.back(), measure, program.toolkit, limit);
   }
@@ -156,13 +157,14 @@ std::optional<FoundObject> ObjectFinder::FindByFocus(const Program& program, con
   return std::move(facts->found);
 }
 
-// An item is in a pop-up that has room for a holder of it; of a long list only what is around it fits. An
-// item that tells no place is taken at its word.
+// An item is in a pop-up that has room for a holder of it; of a long list only what is around it fits. What
+// holds an entry of a menu may be the menu's title, which lies beside the pop-up. An item that tells no place
+// is taken at its word.
 bool ObjectFinder::IsInPopUp(const Facts& item, const Program& program, const ObjectQuestion& question,
                              const Measure& measure, Moment limit) {
   if (measure.coordinates == kInWindow || item.width <= 0) return true;
   const auto fits = [&](const Facts& facts) { return facts.LiesIn(question.spot.place, measure); };
-  if (!item.HasText() && fits(item)) return true;
+  if ((!item.HasText() || IsMenuEntry(item.found.role)) && fits(item)) return true;
   BusObject holder = item.parent;
   for (int level = 0; level < kHighestHolder && !holder.IsNull(); ++level) {
     const auto facts = facts_.Read(holder, measure, program.toolkit, limit);

@@ -31,7 +31,7 @@ struct ObjectWorker::Shared {
   Moment limit;                            // of the question
   unsigned asked = 0;                      // counts the questions
   unsigned answered = 0;                   // the number of the one that the answer is for
-  std::optional<FoundObject> answer;
+  Answer answer;
   std::set<ProcessId> silent;
   bool isBusMissing = false;  // and nobody has been told
   bool isUnwanted = false;
@@ -93,16 +93,17 @@ class ObjectWorker::Work {
     const Moment limit = shared_->limit;
     shared_->question.reset();
     lock.unlock();
-    std::optional<FoundObject> found;
+    Answer answer;
     try {
-      if (HaveBus()) found = finder_->Find(question, limit);
+      if (HaveBus()) answer.found = finder_->Find(question, limit);
     } catch (const std::exception&) {  // a text too long for our memory
-      found.reset();
+      answer.found.reset();
     }
+    answer.isInTime = answer.found || std::chrono::steady_clock::now() < limit;
     const bool isSilent = finder_ && finder_->IsSilent(question.spot.process);
     lock.lock();
     if (isSilent) shared_->silent.insert(question.spot.process);
-    shared_->answer = std::move(found);
+    shared_->answer = std::move(answer);
     shared_->answered = number;
     shared_->changed.notify_all();
   }
@@ -143,17 +144,17 @@ ObjectWorker::ObjectWorker() : shared_(std::make_shared<Shared>()) {
 
 ObjectWorker::~ObjectWorker() { End(); }
 
-std::optional<FoundObject> ObjectWorker::Ask(const ObjectQuestion& question) {
+ObjectWorker::Answer ObjectWorker::Ask(const ObjectQuestion& question) {
   std::unique_lock lock(shared_->mutex);
   const bool isBusy = shared_->answered != shared_->asked;  // with a bus that is not there
-  if (isBusy || shared_->silent.contains(question.spot.process)) return std::nullopt;
+  if (isBusy || shared_->silent.contains(question.spot.process)) return {};
   shared_->question = question;
   shared_->limit = std::chrono::steady_clock::now() + kLimit;
   const unsigned number = ++shared_->asked;
   shared_->Wake();
   const bool isBack = shared_->changed.wait_until(lock, shared_->limit + kHandOver,
                                                   [&] { return shared_->answered == number; });
-  return isBack ? std::exchange(shared_->answer, std::nullopt) : std::nullopt;
+  return isBack ? std::exchange(shared_->answer, Answer()) : Answer();
 }
 
 bool ObjectWorker::IsSilent(ProcessId process) {

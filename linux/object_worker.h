@@ -26,9 +26,14 @@ class ObjectWorker {
   ObjectWorker(const ObjectWorker&) = delete;
   ObjectWorker& operator=(const ObjectWorker&) = delete;
 
-  // Waits for the answer, a quarter of a second at most. No value where there is no object, or where its
-  // program did not answer; such a one is not asked again until it shows that it answers.
-  std::optional<FoundObject> Ask(const ObjectQuestion& question);
+  struct Answer {
+    std::optional<FoundObject> found;
+    bool isInTime = false;  // or that there is no object is not known
+  };
+
+  // Waits for the answer, a quarter of a second at most. A program that did not answer is not asked again
+  // until it shows that it does.
+  Answer Ask(const ObjectQuestion& question);
 
   // A question to that process is still out that nobody waits for any more.
   bool IsSilent(ProcessId process);

@@ -285,6 +285,8 @@ constexpr Kind kOwnKinds[] = {
     {u"Entry", 52},
 };
 
+// With a check mark, a menu within, plain, of a group, to be torn off.
+constexpr std::uint32_t kMenuEntries[] = {8, 33, 35, 45, 59};
 constexpr std::uint32_t kHolders[] = {0, 18, 20, 23, 30, 39, 46, 49, 68, 69, 75, 85, 99};
 
 }  // namespace
@@ -302,6 +304,10 @@ Kind KindOfSpoken(std::int32_t spokenRole) {
 
 bool IsHolder(std::uint32_t atspiRole) {
   return std::find(std::begin(kHolders), std::end(kHolders), atspiRole) != std::end(kHolders);
+}
+
+bool IsMenuEntry(std::uint32_t atspiRole) {
+  return std::find(std::begin(kMenuEntries), std::end(kMenuEntries), atspiRole) != std::end(kMenuEntries);
 }
 
 TextView SpokenRoleText(std::int32_t spokenRole) {

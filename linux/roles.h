@@ -14,9 +14,11 @@ enum AtspiRole : std::uint32_t {
   kRoleInvalid = 0,
   kRoleComboBox = 11,
   kRoleFrame = 23,
+  kRoleIcon = 26,
   kRoleLabel = 29,
   kRoleListItem = 32,
   kRoleMenu = 33,
+  kRolePageTab = 37,
   kRolePageTabList = 38,
   kRolePassword = 40,
   kRolePushButton = 43,
@@ -54,6 +56,9 @@ Kind KindOfSpoken(std::int32_t spokenRole);
 
 // Kinds of objects that only hold others: they are not worth a word where they have no text.
 bool IsHolder(std::uint32_t atspiRole);
+
+// An entry of a menu, or a menu within one.
+bool IsMenuEntry(std::uint32_t atspiRole);
 
 // The text of a role by the seam's number; empty where there is none.
 TextView SpokenRoleText(std::int32_t spokenRole);

@@ -10,8 +10,6 @@
 #include <array>
 #include <cerrno>
 #include <cstdlib>
-#include <deque>
-#include <set>
 #include <tuple>
 #include <utility>
 
@@ -28,13 +26,10 @@ constexpr std::chrono::seconds kKeptLimit{5};     // after which words are not w
 constexpr std::chrono::seconds kListLimit{20};
 constexpr std::chrono::seconds kTakenLimit{5};  // after which a server that has not taken a text is hung
 
-// Answers and events of SSIP.
-constexpr int kMessageQueued = 225;
+// Answers of SSIP.
 constexpr int kVoiceListed = 249;
 constexpr int kFirstError = 300;
 constexpr int kFirstEvent = 700;
-constexpr int kEnded = 702;
-constexpr int kCancelled = 703;
 
 std::string UserName() {
   const passwd* const user = getpwuid(getuid());
@@ -42,15 +37,7 @@ std::string UserName() {
 }
 
 std::string Greeting(const char* connection) {
-  return "SET SELF CLIENT_NAME " + UserName() + ":pointalk:" + connection + "\r\n";
-}
-
-std::string SettingsCommands(const VoiceSettings& settings) {
-  std::string commands = "SET SELF RATE " + std::to_string(settings.rate) + "\r\n";
-  if (settings.volume) commands += "SET SELF VOLUME " + std::to_string(*settings.volume) + "\r\n";
-  if (!settings.type.empty()) commands += "SET SELF VOICE_TYPE " + settings.type + "\r\n";
-  if (!settings.name.empty()) commands += "SET SELF SYNTHESIS_VOICE " + settings.name + "\r\n";
-  return commands;
+  return "SET SELF CLIENT_NAME " + UserName() + ":pointalk:" + connection;
 }
 
 std::string UserLanguage() {
@@ -89,32 +76,22 @@ struct SpeechClient::State {
   std::string kept;  // a line that waits until words can go out
   Moment keptAt;
   bool isCutOff = false;  // nothing was said since the last cut
-  unsigned cut = 0;       // counts the cuts
-
-  // A text that the server has not taken yet.
-  struct Unanswered {
-    unsigned cut = 0;  // that it came after
-    Moment sent;
-  };
-  std::deque<Unanswered> unanswered;
-  std::set<std::string> sounding;  // numbers of the texts that it has taken since the last cut
-  std::string eventText;           // the number that the event being read is about
+  SsipTalk talk;
   SsipLines lines;
 
-  VoiceSettings settings;
   std::vector<std::string> voices;
 
   void Wake() { std::ignore = eventfd_write(wake.Number(), 1); }  // it cannot be full
   bool IsHung() const {
-    return !unanswered.empty() && std::chrono::steady_clock::now() - unanswered.front().sent > kTakenLimit;
+    const auto oldest = talk.OldestTextDue();
+    return oldest && std::chrono::steady_clock::now() - *oldest > kTakenLimit;
   }
-  bool CanSpeak() const { return socket && out.empty() && unanswered.size() < kMostUnanswered; }
+  bool CanSpeak() const { return socket && out.empty() && talk.TextsDue() < kMostUnanswered; }
 
   void Send(std::string_view bytes);
   void SendOut();
   void SpeakNow(const std::string& line);
   void SpeakKept();
-  void Take(const SsipLine& line);
   void Lose();
 
   void Run();
@@ -140,9 +117,8 @@ void SpeechClient::State::SendOut() {
 }
 
 void SpeechClient::State::SpeakNow(const std::string& line) {
-  unanswered.push_back({cut, std::chrono::steady_clock::now()});
   isCutOff = false;
-  Send(SpeakCommand(line));
+  Send(talk.Speak(line, std::chrono::steady_clock::now()));
 }
 
 void SpeechClient::State::SpeakKept() {
@@ -152,27 +128,10 @@ void SpeechClient::State::SpeakKept() {
   SpeakNow(line);
 }
 
-void SpeechClient::State::Take(const SsipLine& line) {
-  if (line.code >= kFirstEvent) {
-    // The number of the text, the number of the client, and then the event's name.
-    if (!line.isLast && eventText.empty()) eventText = line.text;
-    if (!line.isLast) return;
-    if (line.code == kEnded || line.code == kCancelled) sounding.erase(eventText);
-    eventText.clear();
-  } else if (line.code >= kFirstError) {
-    if (line.isLast) unanswered.clear();  // which of them it is about is not told
-  } else if (line.code == kMessageQueued && !line.isLast && !unanswered.empty()) {
-    if (unanswered.front().cut == cut) sounding.insert(line.text);
-    unanswered.pop_front();
-  }
-}
-
 void SpeechClient::State::Lose() {
   socket.Close();
   out.clear();
-  unanswered.clear();
-  sounding.clear();
-  eventText.clear();
+  talk.Begin();
   lines = SsipLines();
 }
 
@@ -185,8 +144,10 @@ bool SpeechClient::State::Connect(std::unique_lock<std::mutex>& lock) {
   if (made) {
     Lose();
     socket = std::move(*made);
-    Send(Greeting("main") + "SET SELF NOTIFICATION END on\r\nSET SELF NOTIFICATION CANCEL on\r\n" +
-         SettingsCommands(settings));
+    Send(talk.Command(Greeting("main")));
+    Send(talk.Command("SET SELF NOTIFICATION END on"));
+    Send(talk.Command("SET SELF NOTIFICATION CANCEL on"));
+    Send(talk.SetUp());
     SpeakKept();
   } else {
     kept.clear();
@@ -224,7 +185,7 @@ void SpeechClient::State::Wait(std::unique_lock<std::mutex>& lock) {
     Lose();
     isTried = false;  // once more, at once
   }
-  while (const auto line = lines.Next()) Take(*line);
+  while (const auto line = lines.Next()) talk.Take(*line);
   SendOut();
   SpeakKept();
   changed.notify_all();
@@ -234,7 +195,7 @@ void SpeechClient::State::Wait(std::unique_lock<std::mutex>& lock) {
 void SpeechClient::State::ListVoices() {
   const auto connection = ConnectToSpeechDispatcher();
   if (!connection) return;
-  const std::string question = Greeting("voices") + "LIST SYNTHESIS_VOICES\r\n";
+  const std::string question = Greeting("voices") + "\r\nLIST SYNTHESIS_VOICES\r\n";
   if (::send(connection->Number(), question.data(), question.size(), MSG_NOSIGNAL) < 0) return;
   const std::string language = UserLanguage();
   const Moment end = std::chrono::steady_clock::now() + kListLimit;
@@ -284,11 +245,10 @@ bool SpeechClient::WaitForServer(std::chrono::milliseconds limit) {
 void SpeechClient::Silence() {
   const std::lock_guard lock(state_->mutex);
   state_->kept.clear();
-  state_->sounding.clear();
-  ++state_->cut;
+  state_->talk.Cut();
   if (!state_->socket || state_->isCutOff) return;
   state_->isCutOff = true;
-  state_->Send("CANCEL SELF\r\n");
+  state_->Send(state_->talk.Command("CANCEL SELF"));
 }
 
 void SpeechClient::Say(const std::string& line) {
@@ -302,27 +262,28 @@ void SpeechClient::Say(const std::string& line) {
 bool SpeechClient::IsQuiet() {
   const std::lock_guard lock(state_->mutex);
   if (state_->IsHung()) return true;
-  return state_->kept.empty() && state_->unanswered.empty() && state_->sounding.empty();
+  return state_->kept.empty() && state_->talk.TextsDue() == 0 && !state_->talk.IsSounding();
 }
 
 // A voice that was chosen by its name is only left by connecting anew.
 void SpeechClient::Use(const VoiceSettings& settings) {
   const std::lock_guard lock(state_->mutex);
-  if (settings == state_->settings) return;
-  const bool leavesVoice = settings.name.empty() && !state_->settings.name.empty();
-  const bool leavesType = settings.type.empty() && !state_->settings.type.empty();
-  state_->settings = settings;
+  const VoiceSettings before = state_->talk.Settings();
+  if (settings == before) return;
+  const bool leavesVoice = settings.name.empty() && !before.name.empty();
+  const bool leavesType = settings.type.empty() && !before.type.empty();
+  state_->talk.Want(settings);
   if (leavesVoice || leavesType) {
     state_->mustConnectAgain = true;
     state_->Wake();
   } else if (state_->socket) {
-    state_->Send(SettingsCommands(settings));
+    state_->Send(state_->talk.SetUp());
   }
 }
 
 VoiceSettings SpeechClient::Settings() {
   const std::lock_guard lock(state_->mutex);
-  return state_->settings;
+  return state_->talk.Settings();
 }
 
 std::vector<std::string> SpeechClient::Voices() {

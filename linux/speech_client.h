@@ -8,26 +8,15 @@
 #include <functional>
 #include <memory>
 #include <mutex>
-#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "linux/owned.h"
-#include "linux/ssip.h"
+#include "linux/ssip_talk.h"
 #include "text/text.h"
 
 namespace pointalk::linux {
-
-// How the voice is to sound; what is not set is as the server has it.
-struct VoiceSettings {
-  int rate = 0;  // -100 to 100, as volume
-  std::optional<int> volume;
-  std::string type;  // one of SSIP's kinds of voices, or empty
-  std::string name;  // a voice of the synthesizer, or empty
-
-  friend bool operator==(const VoiceSettings&, const VoiceSettings&) = default;
-};
 
 // Words go out on the caller's thread, which costs a tenth of a millisecond; a thread of its own connects,
 // takes the answers, and connects again where the server went away. Words that cannot go out at once are
@@ -53,6 +42,7 @@ class SpeechClient {
   bool IsQuiet();
 
   void Use(const VoiceSettings& settings);
+  // Those that are in use; one that the server refused is as it was before.
   VoiceSettings Settings();
 
   // The voices of the user's language, without their variants; none before they were asked for.

@@ -69,8 +69,12 @@ Thing Things::Look(Point screen) {
     }
     return thing;
   }
-  auto found = worker_.Ask({screen, spot, display_.TitleOf(spot.window)});
-  return found ? OfObject(spot, std::move(*found)) : OfWindow(spot);
+  auto answer = worker_.Ask({screen, spot, display_.TitleOf(spot.window)});
+  if (answer.found) return OfObject(spot, std::move(*answer.found));
+  Thing thing = OfWindow(spot);
+  // There may be something else in it: that it is a window is only said with its name.
+  if (!answer.isInTime && !thing.facts.name) thing.className.clear();
+  return thing;
 }
 
 Thing Things::OfDesktop() { return {}; }

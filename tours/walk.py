@@ -67,22 +67,34 @@ class Walk:
 
     def to_and_fro(self, what, first, second, times):
         """Jumps between two places, each with what is said there, without a rest. The pauses differ, so that the moves come
-        early and late between two ticks."""
+        early and late between two ticks. On a busy machine Wine may tell a program once more of a place that the pointer has
+        left, which is named just before the pointer comes there again, and not then; it comes from the other one once more."""
         self.stops.append((now(), *first[0], what))
         for turn in range(times):
-            place, words = second if turn % 2 else first
+            (place, words), (other, _) = (second, first) if turn % 2 else (first, second)
+
+            def come_again(there=other, back=place):
+                self.hand.move(*there)
+                time.sleep(2 * TICK)
+                self.hand.move(*back)
+
             since = now()
             self.hand.move(*place)
-            if not self.hears(what, words, since=since, came=since):
+            if not self.hears(what, words, since=since, came=since, ask_again=come_again):
                 break
             time.sleep(turn * 7 % 30 / 1000)
         self.settle()
 
-    def hears(self, what, *words, since, came=None):
+    def hears(self, what, *words, since, came=None, ask_again=None):
         """Whether all the words were said; words in quotation marks are a whole utterance. came: when the pointer came onto
-        what they name."""
-        wait = self._in_turns if came else lambda question: question(LIMIT)
-        found = [wait(lambda limit, word=word: self._line_with(word, since, limit)) for word in words]
+        what they name; ask_again has it named anew, which a nudge does unless another way is given."""
+        def line_with(word):
+            def said(limit):
+                return self._line_with(word, since, limit)
+
+            return self._in_turns(said, ask_again or self.nudge) if came else said(LIMIT)
+
+        found = [line_with(word) for word in words]
         lines = [line for line in found if line]
         if came and lines and min(line["t"] for line in lines) >= came:
             self.namings.append((came, min(lines, key=lambda line: line["t"])))
@@ -91,13 +103,13 @@ class Walk:
                 self.missed.append(f"{what}: \"{word}\"; instead {self.heard.words(since)}")
         return len(lines) == len(words)
 
-    def _in_turns(self, question):
+    def _in_turns(self, question, ask_again):
         """What question gives, which waits as long as it is told. What another program has not answered in time, as on a very
         busy machine, it is asked again only when the pointer moves."""
         answer = question(LIMIT / TURNS)
         for _ in range(1, TURNS):
             if not answer:
-                self.nudge()
+                ask_again()
                 self.nudges.append((now(), *self.hand.position(), "once more"))
                 answer = question(LIMIT / TURNS)
         return answer
@@ -121,7 +133,7 @@ class Walk:
                 return wait_until(struck, limit, earcon)
             return False
 
-        if not self._in_turns(strikes):
+        if not self._in_turns(strikes, self.nudge):
             self.missed.append(f"{what}: the sound of {earcon}; instead nothing")
 
     def _hears_tones(self, what):

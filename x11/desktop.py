@@ -22,6 +22,7 @@ import time
 
 HERE = pathlib.Path(__file__).resolve().parent
 LIMIT = 60  # seconds, which only end a wait for ever
+KEY_LIMIT = 2  # seconds after which a key that a new window has not taken is pressed again
 LIBC = ctypes.CDLL(None)
 PR_SET_PDEATHSIG = 1
 
@@ -142,6 +143,24 @@ class Desktop(contextlib.ExitStack):
 
         self.wait_until(look)
         return [int(number) for number in found]
+
+    def windows_of_pointalk(self):
+        """Their numbers, those of open menus among them."""
+        return self.output("xdotool", "search", "--onlyvisible", "--class", "^pointalk$").split()
+
+    def open_menu(self, press):
+        """Calls press, which opens a menu of Pointalk's panel, until one is open: a window that has just come up may not know
+        yet that it has the keyboard."""
+        before = len(self.windows_of_pointalk())
+
+        def is_open():
+            press()
+            with contextlib.suppress(TimeoutError):
+                self.wait_until(lambda: len(self.windows_of_pointalk()) > before, KEY_LIMIT)
+                return True
+            return False
+
+        self.wait_until(is_open)
 
     def heard(self):
         """Everything that the recording speech-dispatcher has written down."""

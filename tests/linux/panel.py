@@ -1,7 +1,5 @@
 """pointalk's panel and its boxes by the keyboard alone, as a listener has them."""
 
-import time
-
 from desktop import LIMIT
 from session import PROGRAM
 
@@ -23,28 +21,16 @@ class Panel:
         question = ("xdotool", "getactivewindow", "getwindowname")
         self.desktop.wait_until(lambda: self.desktop.output(*question).decode().strip() == title)
 
-    def windows(self):
-        return self.desktop.output("xdotool", "search", "--onlyvisible", "--class", "^pointalk$").split()
-
     def bring_up(self):
-        """By another start, as a listener does who cannot see where it is. Opens a menu and closes it again, for a window that
-        has just come up may not know yet that it has the keyboard."""
+        """By another start, as a listener does who cannot see where it is. Opens a menu and closes it again, which shows that the
+        panel takes keys."""
         self.desktop.move(*AWAY)
         assert self.desktop.start(PROGRAM).wait(LIMIT) == 0
         self.wait_for(CAPTION)
-        before = len(self.windows())
-
-        def is_open():
-            self.press("alt+f")
-            end = time.monotonic() + 2
-            while time.monotonic() < end:
-                if len(self.windows()) > before:
-                    return True
-                time.sleep(0.02)
-            return False
-        self.desktop.wait_until(is_open)
+        before = len(self.desktop.windows_of_pointalk())
+        self.desktop.open_menu(lambda: self.press("alt+f"))
         self.press("Escape", "Escape")
-        self.desktop.wait_until(lambda: len(self.windows()) == before)
+        self.desktop.wait_until(lambda: len(self.desktop.windows_of_pointalk()) == before)
 
     def press(self, *keys):
         self.desktop.output("xdotool", "key", "--delay", "20", *keys)

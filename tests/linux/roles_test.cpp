@@ -60,6 +60,11 @@ TEST(RolesTest, OnlyHoldersAreSilentWithoutAText) {
   for (const std::uint32_t role : {7U, 11U, 43U, 50U, 51U, 48U}) EXPECT_FALSE(IsHolder(role)) << role;
 }
 
+TEST(RolesTest, AMenuHasEntriesAndMenusInIt) {
+  for (const std::uint32_t role : {8U, 33U, 35U, 45U, 59U}) EXPECT_TRUE(IsMenuEntry(role)) << role;
+  for (const std::uint32_t role : {32U, 34U, 41U, 61U}) EXPECT_FALSE(IsMenuEntry(role)) << role;
+}
+
 TEST(RolesTest, OurOwnObjectsHaveClassesToo) {
   EXPECT_EQ(KindOfSpoken(43).className, u"PushButton");
   EXPECT_EQ(KindOfSpoken(12).className, u"MenuItem");

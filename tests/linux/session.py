@@ -2,15 +2,19 @@
 
 import os
 import pathlib
+import signal
+import sys
 import time
 
 from desktop import LIMIT
 
-BUILD = pathlib.Path(os.environ.get("POINTALK_LINUX_BUILD",
-                                    pathlib.Path(__file__).resolve().parents[2] / "build" / "linux-release"))
+HERE = pathlib.Path(__file__).resolve().parent
+BUILD = pathlib.Path(os.environ.get("POINTALK_LINUX_BUILD", HERE.parents[1] / "build" / "linux-release"))
 PROGRAM = BUILD / "pointalk"
-TARGET = BUILD / "pointalk_qt_target"
 RECORDER = BUILD / "libpointalk_note_recorder.so"
+# Programs to point at, which have the same things at the same places: the window's title, and the command.
+QT_TARGET = ("Qt Target", BUILD / "pointalk_qt_target")
+GTK_TARGET = ("GTK Target", sys.executable, HERE / "gtk_target.py")
 
 MENU_HEIGHT = 30
 ROW = 40
@@ -42,16 +46,37 @@ def wait_for_name(desktop, point, words, elsewhere):
     desktop.wait_until(named)
 
 
-class Session:
-    """A desktop with the target and pointalk on it."""
+def wait_for_kind(desktop, point, words, elsewhere):
+    """Points there from elsewhere and presses Control until the thing is said to be of that kind."""
+    def identified():
+        before = len(desktop.said())
+        desktop.output("xdotool", "mousemove", *map(str, elsewhere), "sleep", "0.1", "mousemove", *map(str, point), "sleep", "0.1",
+                       "keydown", "ctrl", "sleep", "0.1", "keyup", "ctrl")
+        time.sleep(0.1)
+        return f"It is a {words}" in desktop.said()[before:]
+    desktop.wait_until(identified)
 
-    def __init__(self, desktop, **env):
+
+class Session:
+    """A desktop with a target and pointalk on it."""
+
+    def __init__(self, desktop, target=QT_TARGET, **env):
         self.desktop = desktop
         self.env = env
+        self.title, *self.command = target
         self.pointalk = start_pointalk_over(desktop, **env)
-        self.target = desktop.start(TARGET)
-        desktop.windows("Qt Target")
+        self.start_target()
         self.wait_for_name(place(0, 0), "Push me button")
+
+    def start_target(self):
+        self.target = self.desktop.start(*self.command)
+        self.desktop.windows(self.title)
+
+    def start_target_again(self):
+        self.target.kill()
+        self.target.wait(LIMIT)
+        self.desktop.move(*place(0, 1))
+        self.start_target()
 
     def wait_for_name(self, point, words):
         wait_for_name(self.desktop, point, words, place(0, 5) if words != "A label" else place(0, 0))
@@ -66,6 +91,58 @@ class Session:
         before = len(self.desktop.said())
         action()
         return lambda: self.desktop.said()[before:]
+
+    def said_in_open_list(self):
+        """What is said over the entries of the combo box, and above and below them, while it is open."""
+        self.wait_for_name(place(0, 8), "Red")
+        x, y = place(0, 8)
+        return self.said_while_open((x, y), [(x, y + down) for down in range(-30, 90, 10)])
+
+    def said_in_open_menu(self):
+        """What is said from the menu bar down to below the entries of the menu."""
+        return self.said_while_open((20, 15), [(40, y) for y in range(25, 100, 10)])
+
+    def said_while_open(self, opened_at, points):
+        said = self.said_after(lambda: self.desktop.output("xdotool", "mousemove", *map(str, opened_at), "click", "1"))
+        for point in points:
+            self.desktop.move(*point)
+            time.sleep(0.15)
+        self.desktop.output("xdotool", "key", "Escape")
+        return set(said())
+
+    def survives_a_stopped_target(self):
+        os.kill(self.target.pid, signal.SIGSTOP)
+        try:
+            self.tones_go_on()
+        finally:
+            os.kill(self.target.pid, signal.SIGCONT)
+        self.wait_for_name(place(0, 3), "Toggle me button")
+
+    def tones_go_on(self):
+        for point in ((700, 1000), place(0, 0), place(2, 12), place(0, 0)):
+            tones_after(self.desktop, lambda to=point: self.desktop.move(*to))
+
+    def reads_first_text(self):
+        """Its first line is said, and then each of its words."""
+        x, y = place(1, 0, 12)[0], MENU_HEIGHT + 15
+        self.wait_for_name((x, y), "alpha beta gamma")
+        said = self.said_after(lambda: None)
+        for step in range(0, 120, 8):
+            self.desktop.move(x + step, y)
+            time.sleep(0.1)
+        self.desktop.wait_until(lambda: "gamma" in said())
+        assert "alpha beta gamma" not in said()
+
+    def spells_the_field(self):
+        self.desktop.output("xdotool", "keydown", "shift")
+        try:
+            self.wait_for_name(place(0, 6), "l i n e   t e x t")
+        finally:
+            self.desktop.output("xdotool", "keyup", "shift")
+
+    def says_no_password(self):
+        self.wait_for_name(place(0, 7), "Pass phrase")
+        assert not any("secret" in text or "s e c r e t" in text for text in self.desktop.said())
 
 
 def wait_for_tones(desktop):

@@ -1,29 +1,18 @@
 """What the listener does with the mouse and the keys."""
 
 import ctypes
-import time
 
 import pytest
 
-from session import place, tones_after
+from session import place, tones_after, wait_for_kind
 
 
 def test_control_says_what_it_is(session):
-    def identified():
-        said = session.said_after(lambda: session.desktop.output(
-            "xdotool", "mousemove", "1200", "1000", "mousemove", *map(str, place(0, 0)), "sleep", "0.1", "keydown", "ctrl",
-            "sleep", "0.1", "keyup", "ctrl"))
-        time.sleep(0.5)
-        return "It is a push button." in said()
-    session.desktop.wait_until(identified)
+    wait_for_kind(session.desktop, place(0, 0), "push button.", (1200, 1000))
 
 
 def test_shift_spells(session):
-    session.desktop.output("xdotool", "keydown", "shift")
-    try:
-        session.wait_for_name(place(0, 6), "l i n e   t e x t")
-    finally:
-        session.desktop.output("xdotool", "keyup", "shift")
+    session.spells_the_field()
 
 
 @pytest.mark.parametrize("click, words", [(("1",), "Click"), (("3",), "Right Click"), (("2",), "Middle Click"),

@@ -3,31 +3,25 @@
 import os
 import pathlib
 import signal
-import time
 
 from accessible import AccessibleTarget
 from desktop import LIMIT
-from session import TARGET, place, tones_after, wait_for_name
-
-
-def tones_go_on(session):
-    for point in ((700, 1000), place(0, 0), place(2, 12), place(0, 0)):
-        tones_after(session.desktop, lambda to=point: session.desktop.move(*to))
-
-
-def start_target_again(session):
-    session.target.kill()
-    session.target.wait(LIMIT)
-    session.desktop.move(*place(0, 1))
-    session.target = session.desktop.start(TARGET)
-    session.desktop.windows("Qt Target")
+from session import place, wait_for_name
 
 
 def test_a_stopped_program_does_not_stop_the_tones(session):
-    os.kill(session.target.pid, signal.SIGSTOP)
-    tones_go_on(session)
-    os.kill(session.target.pid, signal.SIGCONT)
-    session.wait_for_name(place(0, 3), "Toggle me button")
+    session.survives_a_stopped_target()
+
+
+def test_a_program_that_is_late_once_is_not_called_a_window(session):
+    target = AccessibleTarget(session.desktop)
+    target.show_window("frame", [800, 200, 1000, 300])
+    target.put("late", [800, 200, 1000, 300], name="Late", lies={"Name": "late"})
+    said = session.said_after(lambda: None)
+    wait_for_name(session.desktop, (900, 250), "Late button", place(0, 0))
+    assert "It is eigh window" not in said()
+    target.program.kill()
+    target.program.wait(LIMIT)
 
 
 def test_a_voice_that_hangs_does_not_keep_the_tones_from_sounding(session):
@@ -41,7 +35,7 @@ def test_a_voice_that_hangs_does_not_keep_the_tones_from_sounding(session):
                            "0.3", "keydown", "ctrl", "sleep", "0.2", "keyup", "ctrl", "sleep", "0.5")
     try:
         for _ in range(3):
-            tones_go_on(session)
+            session.tones_go_on()
     finally:
         os.kill(session.desktop.recorder.pid, signal.SIGCONT)
     session.wait_for_name(place(0, 3), "Toggle me button")
@@ -56,21 +50,8 @@ def test_a_voice_that_dies_comes_back(session):
 
 
 def test_a_program_that_ends_is_forgotten(session):
-    start_target_again(session)
+    session.start_target_again()
     session.wait_for_name(place(0, 3), "Toggle me button")
-
-
-def names_in_open_list(session):
-    """What is said over the entries of the target's combo box while it is open."""
-    session.wait_for_name(place(0, 8), "Red")
-    x, y = place(0, 8)
-    before = len(session.desktop.said())
-    session.desktop.output("xdotool", "click", "1")
-    for down in range(-30, 90, 10):
-        session.desktop.move(x, y + down)
-        time.sleep(0.15)
-    session.desktop.output("xdotool", "key", "Escape")
-    return session.desktop.said()[before:]
 
 
 def test_open_lists_are_read_after_the_registry_of_the_bus_has_ended(own):
@@ -85,8 +66,8 @@ def test_open_lists_are_read_after_the_registry_of_the_bus_has_ended(own):
     before = registry()
     os.kill(before, signal.SIGKILL)
     own.desktop.wait_until(lambda: registry() != before)
-    start_target_again(own)
-    own.desktop.wait_until(lambda: {"Green", "Blue"} <= set(names_in_open_list(own)))
+    own.start_target_again()
+    own.desktop.wait_until(lambda: {"Green", "Blue"} <= own.said_in_open_list())
     assert registry() != before
 
 
@@ -103,7 +84,7 @@ def test_a_bus_that_goes_away_comes_back(own):
     before = processes_of_bus(own.desktop)
     for process in before:
         os.kill(process, signal.SIGKILL)
-    tones_go_on(own)
-    start_target_again(own)  # a program that was there before may not look for another bus
+    own.tones_go_on()
+    own.start_target_again()  # a program that was there before may not look for another bus
     own.wait_for_name(place(0, 3), "Toggle me button")
     assert not set(before) & set(processes_of_bus(own.desktop))

@@ -5,7 +5,6 @@ import time
 import pytest
 
 from accessible import LABEL, MULTI_LINE, PANEL, PASSWORD, SLIDER, STATIC, TEXT, AccessibleTarget
-from desktop import Desktop
 from session import start_pointalk_over, wait_for_name
 
 HEALTHY = (700, 40)
@@ -44,10 +43,8 @@ class Liar:
 
 
 @pytest.fixture(scope="module", name="liar")
-def make_liar(tmp_path_factory):
-    with Desktop(tmp_path_factory.mktemp("desktop")) as desktop:
-        desktop.start_voice()
-        yield Liar(desktop)
+def make_liar(desktop):
+    return Liar(desktop)
 
 
 @pytest.mark.parametrize("lie", ["error", "wrong type", "no body"])
@@ -133,15 +130,13 @@ def test_what_lies_in_a_password_field_is_not_said(liar, within):
     assert "secret" not in said
 
 
-def test_a_program_that_answers_one_question_never(tmp_path):
-    with Desktop(tmp_path / "desktop") as desktop:
-        desktop.start_voice()
-        liar = Liar(desktop)
-        silent = AccessibleTarget(desktop)
-        silent.show_window("frame", [0, 700, 200, 800], "Silent")
-        silent.put("silent", [0, 700, 200, 800], name="Never", lies={"Name": "silence"})
-        liar.said_over(100, 750)
-        liar.said_over(150, 780)
+def test_a_program_that_answers_one_question_never(own_desktop):
+    liar = Liar(own_desktop)
+    silent = AccessibleTarget(own_desktop)
+    silent.show_window("frame", [0, 700, 200, 800], "Silent")
+    silent.put("silent", [0, 700, 200, 800], name="Never", lies={"Name": "silence"})
+    liar.said_over(100, 750)
+    liar.said_over(150, 780)
 
 
 @pytest.mark.parametrize("question", ["GetAccessibleAtPoint", "GetRole", "GetExtents", "GetStringAtOffset"])

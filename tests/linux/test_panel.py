@@ -6,7 +6,7 @@ import stat
 import pytest
 
 import panel as keys
-from desktop import LIMIT, Desktop
+from desktop import LIMIT
 from panel import Panel
 from session import PROGRAM, RECORDER, Session, place, wait_for_name, wait_for_tones
 
@@ -68,10 +68,8 @@ class OnePanel:
 
 
 @pytest.fixture(scope="module", name="one")
-def make_one(tmp_path_factory):
-    with Desktop(tmp_path_factory.mktemp("desktop")) as desktop:
-        desktop.start_voice()
-        yield OnePanel(desktop)
+def make_one(desktop):
+    return OnePanel(desktop)
 
 
 def test_the_voice_is_set_up_as_the_settings_say(one):
@@ -83,10 +81,9 @@ def test_the_voice_is_set_up_as_the_settings_say(one):
 
 def test_an_open_menu_of_the_panel_is_read(one):
     one.panel.bring_up()
-    closed = set(one.panel.windows())
-    one.panel.press("alt+f")
-    one.desktop.wait_until(lambda: set(one.panel.windows()) - closed)
-    menu, = set(one.panel.windows()) - closed
+    closed = set(one.desktop.windows_of_pointalk())
+    one.desktop.open_menu(lambda: one.panel.press("alt+f"))
+    menu, = set(one.desktop.windows_of_pointalk()) - closed
     geometry = one.desktop.output("xdotool", "getwindowgeometry", "--shell", menu.decode()).decode()
     shown = dict(line.split("=") for line in geometry.split())
     left, top, height = (int(shown[name]) for name in ("X", "Y", "HEIGHT"))

@@ -4,32 +4,29 @@ import time
 
 import pytest
 
-from accessible import LIST, LIST_ITEM, MENU_ITEM, POPUP_MENU, TABLE_CELL, TEXT, WINDOW, AccessibleTarget
-from desktop import Desktop
+from accessible import LIST, LIST_ITEM, MENU, MENU_ITEM, POPUP_MENU, TABLE_CELL, TEXT, WINDOW, AccessibleTarget
 from session import start_pointalk_over, wait_for_name
 
 OTHER = (700, 40)
 IN_LIST = (60, 120)
 
 
-@pytest.fixture(scope="module", name="desktop")
-def make_desktop(tmp_path_factory):
-    with Desktop(tmp_path_factory.mktemp("desktop")) as desktop:
-        desktop.start_voice()
-        start_pointalk_over(desktop)
-        yield desktop
+@pytest.fixture(scope="module", name="running")
+def make_running(desktop):
+    start_pointalk_over(desktop)
+    return desktop
 
 
 @pytest.fixture(name="target")
-def make_target(desktop):
+def make_target(running):
     """A field, and a button that lies below it."""
-    target = AccessibleTarget(desktop)
+    target = AccessibleTarget(running)
     target.show_window("frame", [0, 0, 800, 600], "Pop-ups")
     target.put("other", [650, 20, 750, 60], name="Other")
     target.put("field", [10, 20, 200, 50], TEXT, text="typed")
     target.put("covered", [20, 100, 180, 140], name="Covered")
-    target.desktop = desktop
-    wait_for_name(desktop, IN_LIST, "Covered button", OTHER)
+    target.desktop = running
+    wait_for_name(running, IN_LIST, "Covered button", OTHER)
     yield target
     target.program.kill()
     target.program.wait()
@@ -67,10 +64,13 @@ def test_a_list_of_completions_that_is_told_of_is_read(target):
     wait_for_name(target.desktop, IN_LIST, "Completed", OTHER)
 
 
-@pytest.mark.parametrize("holder, item", [(POPUP_MENU, MENU_ITEM), (LIST, LIST_ITEM)])
-def test_an_item_that_has_the_focus_is_named(target, holder, item):
+@pytest.mark.parametrize("holder, lies, item", [
+    (POPUP_MENU, [10, 50, 210, 250], MENU_ITEM), (LIST, [10, 50, 210, 250], LIST_ITEM),
+    (MENU, [10, 0, 60, 20], MENU_ITEM),  # the title of a menu of GTK 3
+])
+def test_an_item_that_has_the_focus_is_named(target, holder, lies, item):
     target.show_pop_up([10, 50, 210, 250])
-    target.put("holder", [10, 50, 210, 250], holder, parent="covered")
+    target.put("holder", lies, holder, parent="covered")
     target.put("item", [10, 110, 210, 130], item, parent="holder", name="Chosen")
     target.put("next", [10, 140, 210, 160], item, parent="holder", name="Next")
     target.tell(focus="item")

@@ -3,7 +3,6 @@
 import pytest
 
 from accessible import COMBO_BOX, MENU, MENU_ITEM, TABLE_CELL, AccessibleTarget
-from desktop import Desktop
 from session import start_pointalk_over, wait_for_name
 
 OTHER = (350, 35)
@@ -17,13 +16,11 @@ def show(desktop, toolkit="test 1.0"):
 
 
 @pytest.fixture(scope="module", name="target")
-def make_target(tmp_path_factory):
-    with Desktop(tmp_path_factory.mktemp("desktop")) as desktop:
-        desktop.start_voice()
-        target = show(desktop)
-        target.desktop = desktop
-        start_pointalk_over(desktop)
-        yield target
+def make_target(desktop):
+    target = show(desktop)
+    target.desktop = desktop
+    start_pointalk_over(desktop)
+    return target
 
 
 def test_a_closed_list_of_firefox_is_its_combo_box_with_what_is_shown(target):
@@ -69,12 +66,10 @@ def test_the_place_of_an_object_in_a_text_is_no_character(target):
     wait_for_name(target.desktop, (12, 250), "See   there", OTHER)
 
 
-def test_a_walk_through_a_slow_window_of_an_old_gtk_4_goes_on(tmp_path):
-    with Desktop(tmp_path / "desktop") as desktop:
-        desktop.start_voice()
-        target = show(desktop, "GTK 4.8.3")
-        target.put("slow", [10, 250, 20, 260], lies={"GetChildren": "late"})
-        target.put("deep", [10, 20, 110, 50], name="Deep", **{"found after": "slow"})
-        target.put("other", [310, 20, 390, 50], name="Other", **{"found after": "slow"})
-        start_pointalk_over(desktop)
-        wait_for_name(desktop, (60, 35), "Deep button", OTHER)
+def test_a_walk_through_a_slow_window_of_an_old_gtk_4_goes_on(own_desktop):
+    target = show(own_desktop, "GTK 4.8.3")
+    target.put("slow", [10, 250, 20, 260], lies={"GetChildren": "late"})
+    target.put("deep", [10, 20, 110, 50], name="Deep", **{"found after": "slow"})
+    target.put("other", [310, 20, 390, 50], name="Other", **{"found after": "slow"})
+    start_pointalk_over(own_desktop)
+    wait_for_name(own_desktop, (60, 35), "Deep button", OTHER)

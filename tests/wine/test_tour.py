@@ -147,6 +147,20 @@ class Judgement(Record):
         self.walk.to(MIDDLE, "a button", "cancel", steps=1)
         self.assertEqual((self.walk.missed, len(self.walk.stops), len(self.walk.nudges)), ([], 1, 1))
 
+    def test_a_place_that_was_named_too_early_is_come_to_again_from_the_other(self):
+        first, second = (100, 100), (200, 100)
+        came, names = self.walk.hand.move, {first: iter(["O K"]), second: iter([None, "Cancel"])}
+
+        def move(x, y):
+            came(x, y)
+            name = next(names[x, y], None)
+            if name:
+                self.says(name, later=0)
+        self.walk.hand.move = move
+        self.walk.to_and_fro("and back", (first, "O K"), (second, "Cancel"), 2)
+        self.assertEqual(self.walk.missed, [])
+        self.assertEqual([place for _, *place in self.walk.hand.moves[1:]], [[100, 100], [200, 100], [100, 100], [200, 100]])
+
     def test_tones_that_do_not_end(self):
         self.sounds(*(note_on(channel, note) for channel, note in MIDDLE_NOTES.items()))
         with self.assertRaises(AssertionError):

@@ -1,5 +1,8 @@
 """The control panel and the boxes that Pointalk asks with, by keys alone."""
 
+import contextlib
+
+from desktop import KEY_LIMIT
 from harness import wait_until
 from harness.panel import CAPTION, LIMIT, MENUS
 
@@ -26,10 +29,18 @@ class Panel:
     def choose(self, entry):
         """Chooses an entry by its menu's access key, the arrows and Enter."""
         key, entries = next((key, entries) for key, entries in MENUS.items() if entry in entries)
-        self._hand.tap("alt+" + key, *["Down"] * entries.index(entry), "Return")
+        self._desktop.open_menu(lambda: self._hand.tap("alt+" + key))
+        self._hand.tap(*["Down"] * entries.index(entry), "Return")
 
     def answer(self, title, key):
-        """Answers the box with that title, and waits until it is gone."""
+        """Answers the box with that title, and waits until it is gone. One that has just come up may not know yet that it has the
+        keyboard; then the key is pressed again."""
         self.wait_for(title)
-        self._hand.tap(key)
-        wait_until(lambda: self.active() != title, LIMIT, f"the box {title!r} is gone after {key}")
+
+        def is_gone():
+            self._hand.tap(key)
+            with contextlib.suppress(AssertionError):
+                return wait_until(lambda: self.active() != title, KEY_LIMIT, "the box is gone")
+            return False
+
+        wait_until(is_gone, LIMIT, f"the box {title!r} is gone after {key}")
