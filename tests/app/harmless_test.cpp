@@ -8,6 +8,7 @@
 #include "reader/messages.h"
 #include "tests/app/running_program.h"
 #include "tests/support/forwarding.h"
+#include "tests/support/replaced.h"
 #include "text/text_rules.h"
 
 namespace pointalk {
@@ -59,10 +60,7 @@ TEST(OtherPrograms, AreSentQuestionsOnly) {
   sim::Simulated simulated(kWindows);
   simulated.machine.setup.files[u"current\\DidWarn.flg"] = u"x";
   RecordingMessages messages(simulated.platform.messages);
-  const Platform seam = simulated.platform.Seam();
-  Mouse mouse({seam.input, seam.windows, messages, seam.memory, seam.ansi, seam.menus, seam.accessibility,
-               seam.midi, seam.sapi5, seam.sapi4, seam.dialogs, seam.panel, seam.files, seam.registry,
-               seam.clock, seam.system});
+  Mouse mouse(testing::Replaced(simulated.platform.Seam(), messages));
   mouse.Form_Load();
   for (const Point place : kPlaces) {
     simulated.machine.pointer = place;

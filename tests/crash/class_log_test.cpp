@@ -4,6 +4,7 @@
 
 #include "tests/app/running_program.h"
 #include "tests/support/forwarding.h"
+#include "tests/support/replaced.h"
 
 namespace pointalk {
 namespace {
@@ -31,10 +32,7 @@ TEST(ClassLog, KeepsItsMarkWhileTheQueryIsPending) {
   sim::Machine& machine = simulated.machine;
   machine.setup.files[u"current\\DidWarn.flg"] = u"x";
   SlowAccessibility slow(simulated.platform.accessibility);
-  const Platform seam = simulated.platform.Seam();
-  Mouse mouse({seam.input, seam.windows, seam.messages, seam.memory, seam.ansi, seam.menus, slow, seam.midi,
-               seam.sapi5, seam.sapi4, seam.dialogs, seam.panel, seam.files, seam.registry, seam.clock,
-               seam.system});
+  Mouse mouse(testing::Replaced(simulated.platform.Seam(), slow));
   mouse.Form_Load();
   const Text& log = machine.setup.files[u"program\\ClassName.txt"];
 

@@ -7,6 +7,7 @@
 #include "sim/sim_platform.h"
 #include "tests/fuzz/runs.h"
 #include "tests/support/forwarding.h"
+#include "tests/support/replaced.h"
 
 using namespace pointalk;
 
@@ -97,10 +98,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   sim::SimPlatform base(machine);
   HostileControls messages(source);
   HostileMemory memory(base.memory, source);
-  const Platform plain = base.Seam();
-  Mouse form({plain.input, plain.windows, messages, memory, plain.ansi, plain.menus, plain.accessibility,
-              plain.midi, plain.sapi5, plain.sapi4, plain.dialogs, plain.panel, plain.files, plain.registry,
-              plain.clock, plain.system});
+  Mouse form(testing::Replaced(base.Seam(), messages, memory));
   form.Form_Load();
   for (int tick = 0; tick < 12; ++tick) {
     machine.pointer = {source.Byte() * 4, source.Byte() * 3};

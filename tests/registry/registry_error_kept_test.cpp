@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <limits>
 
+#include "tests/registry/registry_operations.h"
+
 namespace pointalk {
 namespace {
 
@@ -43,35 +45,13 @@ TEST(RaiseRegistryError, AddsToAnEmptySource) {
   EXPECT_EQ(error.source, u" [Let ValueOf]");
 }
 
-struct Described {
-  std::int32_t code;
-  TextView description;
-};
-
 TEST(DescribeApiError, PutsCodesIntoWords) {
-  constexpr Described kRows[] = {
-      {2, u"Key/Value does not exist."},
-      {5, u"Access to Registry Denied."},
-      {14, u"Out of memory."},
-      {87, u"Invalid Parameter."},
-      {1009, u"Corrupt Registry Database!"},
-      {1010, u"Key name is bad."},
-      {1011, u"Cannot Open Key."},
-      {1012, u"Cannot Read Key."},
-      {1013, u"Cannot Write Key."},
-      {1, u"Undefined key error code!"},
-      {3, u"Undefined key error code!"},
-      {6, u"Undefined key error code!"},
-      {1008, u"Undefined key error code!"},
-      {1014, u"Undefined key error code!"},
-      {-1, u"Undefined key error code!"},
-  };
-  for (const Described& row : kRows) {
+  for (const auto& [code, text] : testing::kApiErrorTexts) {
     RegistryError error{-2147221502, u"Registry", u"Invalid Key root."};
-    DescribeApiError(error, row.code);
-    EXPECT_EQ(error.number, -2147221502) << row.code << ": the number is not the platform's to set";
-    EXPECT_EQ(error.source, u"Registry[API Call]") << row.code;
-    EXPECT_EQ(error.description, row.description) << row.code;
+    DescribeApiError(error, code);
+    EXPECT_EQ(error.number, -2147221502) << code << ": the number is not the platform's to set";
+    EXPECT_EQ(error.source, u"Registry[API Call]") << code;
+    EXPECT_EQ(error.description, text) << code;
   }
 }
 

@@ -1,5 +1,8 @@
-// What the registry layer can do although the program does not use it: reading, deleting trees, enumerating.
+// What the registry layer can do although the program does not use it: reading, deleting trees, enumerating,
+// and telling what went wrong.
 #include <gtest/gtest.h>
+
+#include <tuple>
 
 #include "tests/registry/simulated_layer.h"
 #include "text/numbers.h"
@@ -128,6 +131,66 @@ TEST(KeptRegistryLayer, EnumeratesWithoutTheValueThatCannotBeRead) {
   on.failures.failingName = "RegistryApi::QueryKey";
   EXPECT_TRUE(on.layer.EnumerateRegistryValues(u"HKCU\\App").empty());
   EXPECT_NE(on.layer.Error(), RegistryError());
+}
+
+TEST(KeptRegistryLayer, TellsThatThereIsNoKey) {
+  Layer on;
+  EXPECT_EQ(on.layer.ReadRegistry(u"HKCU\\None", u"x"), Variant());
+  EXPECT_EQ(on.layer.Error(), (RegistryError{0, u"Registry[API Call]", u"Key/Value does not exist."}));
+  on.layer.DeleteRegistry(u"HKCU\\None", u"x");
+  EXPECT_EQ(on.Description(), u"Undefined key error code!");
+  on.layer.DeleteRegistry(u"HKCU\\None");
+  EXPECT_EQ(on.Description(), u"Undefined key error code!");
+  EXPECT_TRUE(on.layer.EnumerateRegistryValues(u"HKCU\\None").empty());
+  EXPECT_EQ(on.Description(), u"Undefined key error code!");
+  EXPECT_EQ(on.simulated.transcript(), "");
+}
+
+TEST(KeptRegistryLayer, TellsThatThereIsNoRoot) {
+  const RegistryError refused{-2147221502, u"Registry[API Call]", u"Undefined key error code!"};
+  Layer on;
+  on.layer.WriteRegistry(u"HKXX\\App", u"x", Text(u"y"));
+  EXPECT_EQ(on.layer.Error(), refused);
+  EXPECT_EQ(on.layer.ReadRegistry(u"HKXX\\App"), Variant());
+  EXPECT_EQ(on.layer.Error(), refused);
+  on.layer.DeleteRegistry(u"HKXX\\App", u"x");
+  EXPECT_EQ(on.layer.Error(), refused);
+  on.layer.DeleteRegistry(u"HKXX\\App");
+  EXPECT_EQ(on.layer.Error(), refused);
+  EXPECT_TRUE(on.layer.EnumerateRegistryValues(u"HKXX\\App").empty());
+  EXPECT_EQ(on.layer.Error(), refused);
+  on.layer.ClearError();
+  EXPECT_EQ(on.layer.Error(), RegistryError());
+}
+
+TEST(KeptRegistryLayer, ForgetsAnEarlierErrorWithTheNextSuccess) {
+  Layer on;
+  on.layer.WriteRegistry(u"HKXX", u"x", Text(u"y"));
+  EXPECT_EQ(on.layer.ReadRegistry(u"HKCU\\None"), Variant());
+  EXPECT_EQ(on.layer.Error(),
+            (RegistryError{-2147221502, u"Registry[API Call]", u"Key/Value does not exist."}));
+  on.layer.DeleteRegistry(u"HKCU\\App", u"Name");
+  EXPECT_EQ(on.layer.Error(), RegistryError());
+  const auto fail = [&] { std::ignore = on.layer.ReadRegistry(u"HKXX"); };
+  fail();
+  on.layer.WriteRegistry(u"HKCU\\App", u"x", Text(u"y"));
+  EXPECT_EQ(on.layer.Error(), RegistryError());
+  fail();
+  EXPECT_FALSE(on.layer.EnumerateRegistryValues(u"HKCU\\App").empty());
+  EXPECT_EQ(on.layer.Error(), RegistryError());
+}
+
+TEST(KeptRegistryLayer, TellsThatAccessIsDenied) {
+  Layer on(R"({"machine": {"registryDenied": true}})");
+  const RegistryError denied{0, u"Registry[API Call]", u"Access to Registry Denied."};
+  on.layer.WriteRegistry(u"HKLM\\A", u"x", Text(u"y"));
+  EXPECT_EQ(on.layer.Error(), denied);
+  EXPECT_EQ(on.layer.ReadRegistry(u"HKLM\\A", u"x"), Variant());
+  EXPECT_EQ(on.layer.Error(), denied);
+  on.layer.DeleteRegistry(u"HKLM\\A", u"x");
+  EXPECT_EQ(on.layer.Error(), denied);
+  on.layer.DeleteRegistry(u"HKLM\\A");
+  EXPECT_EQ(on.layer.Error(), denied);
 }
 
 }  // namespace

@@ -50,64 +50,15 @@ TEST(RegistryLayer, DoesNotWriteWhatDoesNotFit) {
   EXPECT_TRUE(on.HasKey(u"HKEY_CURRENT_USER\\K"));
 }
 
-TEST(RegistryLayer, GoesOnWithoutAKeyAndLetsThePlatformRefuse) {
+TEST(RegistryLayer, GoesOnWithoutAKeyOrARoot) {
   Layer on;
-  EXPECT_EQ(on.layer.ReadRegistry(u"HKCU\\None", u"x"), Variant());
-  EXPECT_EQ(on.layer.Error(), (RegistryError{0, u"Registry[API Call]", u"Key/Value does not exist."}));
   on.layer.DeleteRegistry(u"HKCU\\None", u"x");
-  EXPECT_EQ(on.Description(), u"Undefined key error code!");
-  on.layer.DeleteRegistry(u"HKCU\\None");
-  EXPECT_EQ(on.Description(), u"Undefined key error code!");
-  EXPECT_TRUE(on.layer.EnumerateRegistryValues(u"HKCU\\None").empty());
-  EXPECT_EQ(on.Description(), u"Undefined key error code!");
-  EXPECT_EQ(on.simulated.transcript(), "");
-}
-
-TEST(RegistryLayer, GoesOnWithoutARootAndLetsThePlatformRefuse) {
-  const RegistryError refused{-2147221502, u"Registry[API Call]", u"Undefined key error code!"};
-  Layer on;
   on.layer.WriteRegistry(u"HKXX\\App", u"x", Text(u"y"));
-  EXPECT_EQ(on.layer.Error(), refused);
-  EXPECT_EQ(on.layer.ReadRegistry(u"HKXX\\App"), Variant());
-  EXPECT_EQ(on.layer.Error(), refused);
   on.layer.DeleteRegistry(u"HKXX\\App", u"x");
-  EXPECT_EQ(on.layer.Error(), refused);
-  on.layer.DeleteRegistry(u"HKXX\\App");
-  EXPECT_EQ(on.layer.Error(), refused);
-  EXPECT_TRUE(on.layer.EnumerateRegistryValues(u"HKXX\\App").empty());
-  EXPECT_EQ(on.layer.Error(), refused);
-  on.layer.ClearError();
-  EXPECT_EQ(on.layer.Error(), RegistryError());
-}
-
-TEST(RegistryLayer, ForgetsAnEarlierErrorWithTheNextSuccess) {
-  Layer on;
-  on.layer.WriteRegistry(u"HKXX", u"x", Text(u"y"));
-  EXPECT_EQ(on.layer.ReadRegistry(u"HKCU\\None"), Variant());
-  EXPECT_EQ(on.layer.Error(),
-            (RegistryError{-2147221502, u"Registry[API Call]", u"Key/Value does not exist."}));
-  on.layer.DeleteRegistry(u"HKCU\\App", u"Name");
-  EXPECT_EQ(on.layer.Error(), RegistryError());
-  const auto fail = [&] { std::ignore = on.layer.ReadRegistry(u"HKXX"); };
-  fail();
+  EXPECT_EQ(on.simulated.transcript(), "");
   on.layer.WriteRegistry(u"HKCU\\App", u"x", Text(u"y"));
-  EXPECT_EQ(on.layer.Error(), RegistryError());
-  fail();
-  EXPECT_FALSE(on.layer.EnumerateRegistryValues(u"HKCU\\App").empty());
-  EXPECT_EQ(on.layer.Error(), RegistryError());
-}
-
-TEST(RegistryLayer, TellsThatAccessIsDenied) {
-  Layer on(R"({"machine": {"registryDenied": true}})");
-  const RegistryError denied{0, u"Registry[API Call]", u"Access to Registry Denied."};
-  on.layer.WriteRegistry(u"HKLM\\A", u"x", Text(u"y"));
-  EXPECT_EQ(on.layer.Error(), denied);
-  EXPECT_EQ(on.layer.ReadRegistry(u"HKLM\\A", u"x"), Variant());
-  EXPECT_EQ(on.layer.Error(), denied);
-  on.layer.DeleteRegistry(u"HKLM\\A", u"x");
-  EXPECT_EQ(on.layer.Error(), denied);
-  on.layer.DeleteRegistry(u"HKLM\\A");
-  EXPECT_EQ(on.layer.Error(), denied);
+  EXPECT_EQ(on.simulated.transcript(), R"(registry set "HKEY_CURRENT_USER\\App" "x" 1 "y"
+)");
 }
 
 TEST(RegistryLayer, DeletesOneValue) {

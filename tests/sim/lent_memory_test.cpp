@@ -16,6 +16,7 @@
 #include "sim/script.h"
 #include "sim/script_error.h"
 #include "tests/support/forwarding.h"
+#include "tests/support/replaced.h"
 
 namespace pointalk::sim {
 namespace {
@@ -101,22 +102,7 @@ LateOutcome PlayWithOneLate(const Script& script, int late) {
       fronts.push_back(
           std::make_unique<Fronts>(Fronts{LateMessages(seam.messages, outcome.blocks, outcome.count, late),
                                           WatchedMemory(seam.memory, outcome.blocks)}));
-      return Platform{seam.input,
-                      seam.windows,
-                      fronts.back()->messages,
-                      fronts.back()->memory,
-                      seam.ansi,
-                      seam.menus,
-                      seam.accessibility,
-                      seam.midi,
-                      seam.sapi5,
-                      seam.sapi4,
-                      seam.dialogs,
-                      seam.panel,
-                      seam.files,
-                      seam.registry,
-                      seam.clock,
-                      seam.system};
+      return testing::Replaced(seam, fronts.back()->messages, fronts.back()->memory);
     });
     player.Play();
   } catch (const ScriptError&) {

@@ -24,6 +24,7 @@
 #include "app/mouse.h"
 #include "tests/sim/simulated.h"
 #include "tests/support/forwarding.h"
+#include "tests/support/replaced.h"
 
 #ifdef __SANITIZE_ADDRESS__
 // From the sanitizers' allocator_interface.h, which gcc leaves out.
@@ -159,11 +160,6 @@ class LongDay {
   ListeningPort ear{simulated.platform.midi};
 
  private:
-  static Platform WithEar(const Platform& p, MidiOut& ear) {
-    return {p.input, p.windows, p.messages, p.memory, p.ansi,  p.menus,    p.accessibility, ear,
-            p.sapi5, p.sapi4,   p.dialogs,  p.panel,  p.files, p.registry, p.clock,         p.system};
-  }
-
   std::int32_t Below(std::int32_t end) {
     return static_cast<std::int32_t>(random() % static_cast<std::uint32_t>(end));
   }
@@ -178,7 +174,7 @@ class LongDay {
 
   Machine& machine = simulated.machine;
   std::mt19937 random{1};
-  Mouse mouse{WithEar(simulated.platform.Seam(), ear)};
+  Mouse mouse{testing::Replaced(simulated.platform.Seam(), ear)};
 };
 
 void LongDay::Ticks(int times) {

@@ -10,6 +10,7 @@
 #include <tuple>
 
 #include "tests/contract/win32/win_world.h"
+#include "tests/support/replaced.h"
 #include "win32/traced_platform.h"
 
 namespace pointalk::contract {
@@ -82,10 +83,7 @@ class TraceTextsTest : public ::testing::Test {
 
   std::string TraceOfWork(bool withTexts) {
     {
-      const Platform given = world_.Seam();
-      const Platform base{given.input, given.windows,  messages_,   given.memory, given.ansi, given.menus,
-                          objects_,    given.midi,     given.sapi5, given.sapi4,  dialogs_,   given.panel,
-                          given.files, given.registry, given.clock, system_};
+      const Platform base = testing::Replaced(world_.Seam(), messages_, objects_, dialogs_, system_);
       win32::Trace trace({file_.wstring(), withTexts});
       const win32::TracedPlatform traced(
           base, {world_.platform.unresponsiveThreads, world_.platform.voice, world_.platform.midi}, trace);
