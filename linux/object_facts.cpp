@@ -21,7 +21,10 @@ constexpr std::int32_t kListBorder = 8;       // that a list may count as its ow
 constexpr std::int32_t kLineNumbers = 32749;  // a prime that a line number stays below
 
 // Dial, progress bar, scroll bar, slider, spin button, level bar, rating: what they show is a number.
-constexpr std::uint32_t kWithNumbers[] = {15, 42, 48, 51, 52, 103, 114};
+constexpr std::uint32_t kWithNumbers[] = {15, kRoleProgressBar, 48, 51, 52, kRoleLevelBar, 114};
+
+// What is shown fills it up.
+bool IsBar(std::uint32_t role) { return role == kRoleProgressBar || role == kRoleLevelBar; }
 
 bool Is(const std::vector<std::uint32_t>& states, int bit) {
   return !states.empty() && (states.front() >> bit & 1U) != 0;
@@ -64,6 +67,14 @@ std::int32_t UnitsOf(const Text& text, std::int32_t characters) {
     units += text[units] >= 0xD800 && text[units] <= 0xDBFF && units + 1 < text.size() ? 2 : 1;
   }
   return static_cast<std::int32_t>(units);
+}
+
+// Of a property; no value for what is too large for a number that is told.
+std::optional<double> RealOf(const BusMessage& answer) {
+  BusReader reader(answer);
+  if (!reader.EnterVariant("d")) return std::nullopt;
+  const double value = reader.ReadReal();
+  return reader.IsGood() && std::abs(value) <= kLargestValue ? std::optional(value) : std::nullopt;
 }
 
 }  // namespace
@@ -154,7 +165,7 @@ std::optional<Facts> FactsReader::Read(const BusObject& object, const Measure& m
     AddText(facts.found, limit);
   } else if (Has(interfaces, kValueInterface) &&
              std::find(std::begin(kWithNumbers), std::end(kWithNumbers), kind) != std::end(kWithNumbers)) {
-    facts.found.value = ReadValue(object, limit);
+    facts.found.value = ReadValue(object, kind, limit);
   }
   return facts;
 }
@@ -258,13 +269,17 @@ std::optional<Text> FactsReader::ReadBeginning(const BusObject& object, Moment l
   return text;
 }
 
-// With two places behind the point at most.
-std::optional<Text> FactsReader::ReadValue(const BusObject& object, Moment limit) {
-  BusReader answer(bus_.Ask(Property(object, kValueInterface, "CurrentValue"), limit));
-  if (!answer.EnterVariant("d")) return std::nullopt;
-  const double value = answer.ReadReal();
-  if (!answer.IsGood() || !(std::abs(value) <= kLargestValue)) return std::nullopt;
-  return NumberText(Rounded(value * 100) / 100);
+// With two places behind the point at most. A bar that is full at 1, as those of GTK 3 are, is told in
+// percent.
+std::optional<Text> FactsReader::ReadValue(const BusObject& object, std::uint32_t role, Moment limit) {
+  std::vector<BusMessage> calls;
+  calls.push_back(Property(object, kValueInterface, "CurrentValue"));
+  calls.push_back(Property(object, kValueInterface, "MaximumValue"));
+  const auto answers = bus_.Ask(std::move(calls), limit);
+  const auto value = RealOf(answers.front());
+  if (!value) return std::nullopt;
+  const bool isShare = IsBar(role) && RealOf(answers.back()) == 1.0;
+  return NumberText(Rounded(*value * 100) / (isShare ? 1 : 100));
 }
 
 }  // namespace pointalk::linux

@@ -58,7 +58,7 @@ class FactsReader {
   std::int32_t CharacterCount(const BusObject& object, Moment limit);
   std::int32_t OffsetAt(const BusObject& object, const Measure& measure, Moment limit);
   std::optional<Text> ReadBeginning(const BusObject& object, Moment limit);
-  std::optional<Text> ReadValue(const BusObject& object, Moment limit);
+  std::optional<Text> ReadValue(const BusObject& object, std::uint32_t role, Moment limit);
   std::uint32_t RoleOf(const BusObject& object, Moment limit);
   BusMessage Property(const BusObject& object, const char* interface, const char* name);
 

@@ -21,6 +21,7 @@ enum AtspiRole : std::uint32_t {
   kRolePageTab = 37,
   kRolePageTabList = 38,
   kRolePassword = 40,
+  kRoleProgressBar = 42,
   kRolePushButton = 43,
   kRoleScrollBar = 48,
   kRoleSpinButton = 52,
@@ -35,6 +36,7 @@ enum AtspiRole : std::uint32_t {
   kRoleLink = 88,
   kRoleFirstDocument = 92,  // spreadsheet, presentation, text, web, mail
   kRoleLastDocument = 96,
+  kRoleLevelBar = 103,
   kRoleStatic = 116,
 };
 

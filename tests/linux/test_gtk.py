@@ -12,7 +12,7 @@ THINGS = [
     (place(0, 4), "Does what nobody has named", "push button."), (place(0, 5), "A label", "text."),
     (place(0, 6), "line text", "editable text."), (place(0, 7), "Pass phrase", "editable text."),
     (place(0, 8), "Red", "combo box"), (place(0, 9), "7", "spin box."), (place(0, 10), "3  0", "slider."),
-    (place(0, 11), "0  dot  4", "progress bar."), (place(0, 12), "scroll bar", "scroll bar."),
+    (place(0, 11), "4  0", "progress bar."), (place(0, 12), "scroll bar", "scroll bar."),
     (place(1, 3), "first line of words", "editable text."), (place(1, 6), "Item one", "text."),
     (place(2, 0, 60), "Node A", "cell."), (place(2, 3, 30), "Cell one", "cell."), (place(2, 3, 100), "Cell two", "cell."),
     ((530, 294), "Tab one", "page tab."), ((618, 294), "Tab two", "page tab."), (place(2, 9), "Icon one", "graphic."),
