@@ -76,20 +76,23 @@ class Desktop:
     def _ready_prefix(self):
         """The prefix with these engines, which is made once for each build of them; tests at the same time share it."""
         base = pathlib.Path(os.environ.get("POINTALK_PREFIX_BASE", BUILD / "wine-prefix"))
-        voice, automation = (BUILD / "wine" / f"pointalk_{name}.dll" for name in ("voice", "automation"))
-        ready = base.with_name(f"{base.name}-{self._engines}-{self.bits()}")
+        # The engines are there for a Pointalk of either build.
+        libraries = {bits_of(build / "Pointalk.exe"): [build / "wine" / f"pointalk_{name}.dll" for name in ("voice", "automation")]
+                     for build in (TARGET_BUILD, BUILD)}
+        ready = base.with_name("-".join(map(str, (base.name, self._engines, *sorted(libraries)))))
         base.parent.mkdir(parents=True, exist_ok=True)
         with open(base.with_name(f"{base.name}.lock"), "w", encoding="ascii") as lock:
             fcntl.flock(lock, fcntl.LOCK_EX)
             self.run(PREFIX_TOOL, "make", base, seconds=1000)
             mark = ready / "made-of"
-            made_of = " ".join(str(file.stat().st_mtime_ns) for file in (voice, automation, base / "pointalk-ready"))
+            made_of = " ".join(str(file.stat().st_mtime_ns) for file in (*sum(libraries.values(), []), base / "pointalk-ready"))
             if not mark.exists() or mark.read_text("ascii") != made_of:
                 shutil.rmtree(ready, ignore_errors=True)
                 self.run(PREFIX_TOOL, "copy", base, ready, seconds=1000)
                 self.environment["WINEPREFIX"] = str(ready)
-                self.run(PREFIX_TOOL, "engines", ready, self._engines, voice, seconds=1000)
-                self.run(PREFIX_TOOL, "automation", ready, automation, seconds=1000)
+                for voice, automation in libraries.values():
+                    self.run(PREFIX_TOOL, "engines", ready, self._engines, voice, seconds=1000)
+                    self.run(PREFIX_TOOL, "automation", ready, automation, seconds=1000)
                 self._end_wine()
                 mark.write_text(made_of, "ascii")
         return ready
