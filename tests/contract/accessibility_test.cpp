@@ -7,7 +7,7 @@
 namespace pointalk::contract {
 namespace {
 
-class AccessibilityContract : public testing::Test {
+class AccessibilityContract : public ::testing::Test {
  protected:
   std::optional<AccessibleFacts> Ask(Point place) {
     world_->MovePointer(place);

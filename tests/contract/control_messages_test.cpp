@@ -9,7 +9,7 @@ namespace {
 
 constexpr Text::value_type kNul = u'\0';
 
-class ControlMessagesContract : public testing::Test {
+class ControlMessagesContract : public ::testing::Test {
  protected:
   std::uint64_t PointIn(std::string_view window, Point screen) {
     const Point client = windows_.ToClient(world_->Window(window), screen).value();

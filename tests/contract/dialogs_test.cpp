@@ -6,7 +6,7 @@
 namespace pointalk::contract {
 namespace {
 
-class DialogsContract : public testing::Test {
+class DialogsContract : public ::testing::Test {
  protected:
   std::unique_ptr<World> world_ = MakeWorld({});
   Dialogs& dialogs_ = world_->Seam().dialogs;

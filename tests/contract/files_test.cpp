@@ -6,7 +6,7 @@
 namespace pointalk::contract {
 namespace {
 
-class FilesContract : public testing::TestWithParam<Folder> {
+class FilesContract : public ::testing::TestWithParam<Folder> {
  protected:
   FilePath Path(TextView name) const { return {GetParam(), name}; }
 
@@ -71,7 +71,7 @@ TEST(FilesOfBothFolders, AreApart) {
   EXPECT_FALSE(files.Exists({Folder::kCurrent, u"contract file.txt"}));
 }
 
-INSTANTIATE_TEST_SUITE_P(Folders, FilesContract, testing::Values(Folder::kProgram, Folder::kCurrent),
+INSTANTIATE_TEST_SUITE_P(Folders, FilesContract, ::testing::Values(Folder::kProgram, Folder::kCurrent),
                          [](const auto& folder) {
                            return folder.param == Folder::kProgram ? "Program" : "Current";
                          });

@@ -7,10 +7,10 @@
 namespace pointalk::contract {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
-class InputContract : public testing::Test {
+class InputContract : public ::testing::Test {
  protected:
   std::unique_ptr<World> world_ = MakeWorld({{{"ground", u"Ground", u"", {100, 100, 500, 400}}}});
   Input& input_ = world_->Seam().input;

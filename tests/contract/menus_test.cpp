@@ -6,7 +6,7 @@
 namespace pointalk::contract {
 namespace {
 
-class MenusContract : public testing::Test {
+class MenusContract : public ::testing::Test {
  protected:
   std::unique_ptr<World> world_ = MakeWorld({{
       {"plain", u"ContractPlain", u"", {100, 100, 300, 200}},

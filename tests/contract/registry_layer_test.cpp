@@ -20,7 +20,7 @@ namespace {
 constexpr TextView kOwnSubKey = u"Software\\PointalkContractLayer";
 const Text kOwnKey = Text(u"HKCU\\").append(kOwnSubKey);
 
-class RegistryLayerContract : public testing::Test {
+class RegistryLayerContract : public ::testing::Test {
  protected:
   void SetUp() override { RemoveOwnKey(); }
   void TearDown() override { RemoveOwnKey(); }
@@ -143,7 +143,7 @@ TEST_F(RegistryLayerContract, OpensARootItself) {
   layer_.WriteRegistry(kOwnKey, u"x", Text(u"y"));
   for (const TextView root : {u"HKCU", u"\\HKEY_CURRENT_USER"}) {
     std::ignore = layer_.EnumerateRegistryValues(root);
-    EXPECT_EQ(layer_.Error(), RegistryError()) << testing::PrintToString(root);
+    EXPECT_EQ(layer_.Error(), RegistryError()) << ::testing::PrintToString(root);
   }
   EXPECT_EQ(layer_.ReadRegistry(kOwnKey, u"x"), Variant(Text(u"y")));
 }

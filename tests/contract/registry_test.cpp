@@ -12,7 +12,7 @@ namespace {
 constexpr TextView kKey = u"Software\\PointalkContract";
 constexpr std::uint32_t kRoom = 256;
 
-class RegistryContract : public testing::Test {
+class RegistryContract : public ::testing::Test {
  protected:
   RegistryContract() {
     const RegistryOpening opening = registry_.CreateKey(kCurrentUser, kKey);
@@ -128,7 +128,7 @@ TEST_F(RegistryContract, NoNameAndNoTextComesOutAsASimilarOne) {
     Text text = world_->Seam().ansi.ToText(value.data);
     ASSERT_FALSE(text.empty());
     text.pop_back();
-    EXPECT_EQ(std::count(std::begin(kTexts), std::end(kTexts), text), 1) << testing::PrintToString(text);
+    EXPECT_EQ(std::count(std::begin(kTexts), std::end(kTexts), text), 1) << ::testing::PrintToString(text);
   }
   std::sort(names.begin(), names.end());
   EXPECT_EQ(names, (std::vector<Text>{u"?", u"a?", u"a?"}));

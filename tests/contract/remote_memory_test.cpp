@@ -12,12 +12,12 @@
 namespace pointalk::contract {
 namespace {
 
-using testing::Each;
-using testing::Eq;
+using ::testing::Each;
+using ::testing::Eq;
 
 constexpr int kLabelBytes = 255;
 
-class RemoteMemoryContract : public testing::Test {
+class RemoteMemoryContract : public ::testing::Test {
  protected:
   ListViewHit HitTest(Point screen) {
     HitTestRecord record({windows_.ToClient(list_, screen).value()}, memory_.PointerBytes(process_));

@@ -7,10 +7,10 @@
 namespace pointalk::contract {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
-class SoundContract : public testing::Test {
+class SoundContract : public ::testing::Test {
  protected:
   std::unique_ptr<World> world_ = MakeWorld({});
   Platform seam_ = world_->Seam();

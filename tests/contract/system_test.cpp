@@ -11,7 +11,7 @@
 namespace pointalk::contract {
 namespace {
 
-class SystemContract : public testing::Test {
+class SystemContract : public ::testing::Test {
  protected:
   std::unique_ptr<World> world_ = MakeWorld({});
   Platform seam_ = world_->Seam();

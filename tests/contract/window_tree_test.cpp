@@ -6,7 +6,7 @@
 namespace pointalk::contract {
 namespace {
 
-class WindowTreeContract : public testing::Test {
+class WindowTreeContract : public ::testing::Test {
  protected:
   std::unique_ptr<World> world_ = MakeWorld({{
       {"below", u"ContractBelow", u"Below", {100, 100, 500, 400}},

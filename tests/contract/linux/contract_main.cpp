@@ -69,9 +69,9 @@ bool Matches(std::string_view name, std::string_view tests) {
 
 std::vector<std::string> AllTests() {
   std::vector<std::string> names;
-  const testing::UnitTest& all = *testing::UnitTest::GetInstance();
+  const ::testing::UnitTest& all = *::testing::UnitTest::GetInstance();
   for (int i = 0; i < all.total_test_suite_count(); ++i) {
-    const testing::TestSuite& suite = *all.GetTestSuite(i);
+    const ::testing::TestSuite& suite = *all.GetTestSuite(i);
     for (int j = 0; j < suite.total_test_count(); ++j)
       names.push_back(std::string(suite.name()) + '.' + suite.GetTestInfo(j)->name());
   }
@@ -91,9 +91,9 @@ bool AllAreTests() {
 }
 
 // Ends the whole run where a test does not come to its end: its name is the last one printed.
-class Limit final : public testing::EmptyTestEventListener {
-  void OnTestStart(const testing::TestInfo& /*test*/) override { alarm(kTestLimit); }
-  void OnTestEnd(const testing::TestInfo& /*test*/) override { alarm(0); }
+class Limit final : public ::testing::EmptyTestEventListener {
+  void OnTestStart(const ::testing::TestInfo& /*test*/) override { alarm(kTestLimit); }
+  void OnTestEnd(const ::testing::TestInfo& /*test*/) override { alarm(0); }
 };
 
 std::string FilterOfDifferences() {
@@ -105,11 +105,11 @@ std::string FilterOfDifferences() {
 // Those that pass although they are said to differ.
 int CountOfEqual() {
   int equal = 0;
-  const testing::UnitTest& all = *testing::UnitTest::GetInstance();
+  const ::testing::UnitTest& all = *::testing::UnitTest::GetInstance();
   for (int i = 0; i < all.total_test_suite_count(); ++i) {
-    const testing::TestSuite& suite = *all.GetTestSuite(i);
+    const ::testing::TestSuite& suite = *all.GetTestSuite(i);
     for (int j = 0; j < suite.total_test_count(); ++j) {
-      const testing::TestInfo& test = *suite.GetTestInfo(j);
+      const ::testing::TestInfo& test = *suite.GetTestInfo(j);
       if (!test.should_run() || test.result()->Failed()) continue;
       std::cout << "is no difference: " << suite.name() << '.' << test.name() << '\n';
       ++equal;
@@ -121,13 +121,13 @@ int CountOfEqual() {
 }  // namespace
 
 int main(int count, char** arguments) {
-  testing::InitGoogleTest(&count, arguments);
+  ::testing::InitGoogleTest(&count, arguments);
   const bool differences = count > 1 && std::string_view(arguments[1]) == "--differences";
   QApplication application(count, arguments);
   QApplication::setQuitOnLastWindowClosed(false);
   pointalk::linux::TakeXErrorsAsAnswers();
   if (!AllAreTests()) return EXIT_FAILURE;
-  testing::UnitTest::GetInstance()->listeners().Append(new Limit);  // which takes it over
+  ::testing::UnitTest::GetInstance()->listeners().Append(new Limit);  // which takes it over
   if (differences) {
     GTEST_FLAG_SET(filter, FilterOfDifferences());
     std::ignore = RUN_ALL_TESTS();

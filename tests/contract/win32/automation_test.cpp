@@ -19,7 +19,7 @@ constexpr Point kElementPlace{150, 150};
 constexpr const char* kHost = "class=Windows.UI.Input.InputSite.WindowClass";
 const std::string kProtected = std::to_string(STATE_SYSTEM_PROTECTED);
 
-class AutomationTest : public testing::Test {
+class AutomationTest : public ::testing::Test {
  protected:
   AutomationTest() { SetEnvironmentVariableW(L"POINTALK_AUTOMATION", answers_.c_str()); }
   ~AutomationTest() override {

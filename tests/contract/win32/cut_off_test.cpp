@@ -7,9 +7,9 @@
 namespace pointalk::contract {
 namespace {
 
-using testing::ElementsAre;
+using ::testing::ElementsAre;
 
-class CutOffTest : public testing::Test {
+class CutOffTest : public ::testing::Test {
  protected:
   ~CutOffTest() override { SetEnvironmentVariableW(L"POINTALK_SAPI5_OUTPUT", nullptr); }
 

@@ -14,12 +14,12 @@
 namespace pointalk::contract {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
 constexpr ULONGLONG kDevicesSettle = 1500;  // milliseconds in which what must not come would have come
 
-class DevicesTest : public testing::Test {
+class DevicesTest : public ::testing::Test {
  protected:
   bool Told(int times, ULONGLONG milliseconds = kPatience) {
     return world_.RunUntil([&] { return world_.devices >= times; }, milliseconds);

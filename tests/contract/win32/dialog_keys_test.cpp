@@ -18,7 +18,7 @@ template <typename Condition> bool WaitFor(Condition condition, ULONGLONG limit 
   return false;
 }
 
-class DialogKeysTest : public testing::Test {
+class DialogKeysTest : public ::testing::Test {
  protected:
   void BringOtherProgramToTheFront() {
     world_.Tell("foreground front");

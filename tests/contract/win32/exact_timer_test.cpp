@@ -11,7 +11,7 @@
 namespace pointalk::contract {
 namespace {
 
-using testing::ElementsAre;
+using ::testing::ElementsAre;
 using win32::TimerCalls;
 
 const HWND kTimerWindow = reinterpret_cast<HWND>(INT_PTR{16});
@@ -34,7 +34,7 @@ UINT_PTR WINAPI SetOldTimer(HWND window, UINT_PTR timer, UINT interval, TIMERPRO
   return timer;
 }
 
-class ExactTimerTest : public testing::Test {
+class ExactTimerTest : public ::testing::Test {
  protected:
   ExactTimerTest() {
     newCallWorks = true;

@@ -38,7 +38,7 @@ TEST(KilledWriter, DISABLED_LogsUntilItIsKilled) {
   }
 }
 
-class FilesOnDisk : public testing::Test {
+class FilesOnDisk : public ::testing::Test {
  protected:
   ~FilesOnDisk() override {
     const std::wstring path = win32::ProgramFolderPath() + L'\\' + win32::Wide(kFile.name);

@@ -18,7 +18,7 @@ namespace {
 constexpr Point kHungPlace{150, 150};
 constexpr Point kOtherPlace{450, 150};
 
-class HangTest : public testing::Test {
+class HangTest : public ::testing::Test {
  protected:
   HangTest() {
     // On a thread of its own, as if it were another program.

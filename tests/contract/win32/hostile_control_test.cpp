@@ -7,7 +7,7 @@
 namespace pointalk::contract {
 namespace {
 
-class HostileControlTest : public testing::Test {
+class HostileControlTest : public ::testing::Test {
  protected:
   WinWorld world_{{{
       {"frame", u"ContractFrame", u"Frame", {100, 100, 700, 500}},

@@ -16,9 +16,9 @@
 namespace pointalk::contract {
 namespace {
 
-using testing::IsEmpty;
+using ::testing::IsEmpty;
 
-class LastWordsTest : public testing::Test {
+class LastWordsTest : public ::testing::Test {
  protected:
   WinWorld world_{{}};
   HWND panel_ = world_.platform.panel.Window();

@@ -16,7 +16,7 @@ namespace {
 
 constexpr ULONGLONG kLooksForBlocks = 2'500;  // milliseconds, in which what is looked after is looked after
 
-class LentMemoryTest : public testing::Test {
+class LentMemoryTest : public ::testing::Test {
  protected:
   LentMemoryTest() {
     // On a thread of its own.

@@ -7,9 +7,9 @@
 namespace pointalk::contract {
 namespace {
 
-using testing::ElementsAre;
+using ::testing::ElementsAre;
 
-class MarkupTest : public testing::Test {
+class MarkupTest : public ::testing::Test {
  protected:
   void SetUp() override { ASSERT_TRUE(voice_.Create()); }
   void TearDown() override { voice_.Release(); }
@@ -50,8 +50,8 @@ TEST_F(MarkupTest, WhiteSpaceOfAnyKindMayStandInFront) {
   const auto heard = world_.Heard(kWhite.size() + 2);
   ASSERT_EQ(heard.size(), kWhite.size() + 2);
   for (std::size_t i = 0; i < kWhite.size(); ++i)
-    EXPECT_THAT(heard[i], testing::StartsWith("sapi5 speak 19 "));
-  EXPECT_THAT(heard[kWhite.size()], testing::StartsWith("sapi5 speak 18 "));
+    EXPECT_THAT(heard[i], ::testing::StartsWith("sapi5 speak 19 "));
+  EXPECT_THAT(heard[kWhite.size()], ::testing::StartsWith("sapi5 speak 18 "));
   EXPECT_EQ(heard.back(), "sapi5 speak 3 \"_<x\"");
 }
 

@@ -12,11 +12,11 @@
 namespace pointalk::contract {
 namespace {
 
-using testing::ElementsAre;
+using ::testing::ElementsAre;
 
 constexpr ULONGLONG kLooksAtButton = 2'500;  // milliseconds, in which the button is looked at twice
 
-class MouseReportsTest : public testing::Test {
+class MouseReportsTest : public ::testing::Test {
  protected:
   MouseReportsTest() {
     world_.MovePointer({200, 200});

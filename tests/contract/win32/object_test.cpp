@@ -7,7 +7,7 @@
 namespace pointalk::contract {
 namespace {
 
-class ObjectTest : public testing::Test {
+class ObjectTest : public ::testing::Test {
  protected:
   // Until there is an answer. Messages are handled meanwhile, as the program does: one that has been sent to
   // us may keep the other program from answering.

@@ -72,7 +72,7 @@ LRESULT CALLBACK NotePlace(int code, WPARAM wParam, LPARAM lParam) {
   return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
-class PanelScaleTest : public testing::Test {
+class PanelScaleTest : public ::testing::Test {
  protected:
   // From now on a change of scale is told.
   void Watch() {

@@ -16,12 +16,12 @@
 namespace pointalk::contract {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
 constexpr int kTicksInALongWhile = 320;  // of 30 ms: about ten seconds
 
-class PanelTest : public testing::Test {
+class PanelTest : public ::testing::Test {
  protected:
   void Show() {
     ShowWindow(panel_, SW_SHOWNORMAL);

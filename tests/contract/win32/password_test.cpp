@@ -41,7 +41,7 @@ constexpr const char* kOpenFields[] = {
     "class=RICHEDIT50W", "class=OddOpenRich base=RICHEDIT50W",
 };
 
-class PasswordTest : public testing::Test {
+class PasswordTest : public ::testing::Test {
  protected:
   // Makes a field with something in it that must not be told.
   WindowHandle Make(const std::string& what, const std::string& name = "field") {

@@ -28,7 +28,7 @@ using ::testing::Not;
 constexpr Point kTracedPlace{150, 150};
 constexpr auto kTraceWait = std::chrono::milliseconds(kPatience);
 
-class TraceTest : public testing::Test {
+class TraceTest : public ::testing::Test {
  protected:
   ~TraceTest() override { Remove(); }
 

@@ -21,13 +21,13 @@
 namespace pointalk::contract {
 namespace {
 
-using testing::Each;
-using testing::ElementsAre;
-using testing::IsEmpty;
+using ::testing::Each;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
 constexpr auto kLongWait = std::chrono::milliseconds(kPatience);
 
-class VoiceThreadTest : public testing::Test {
+class VoiceThreadTest : public ::testing::Test {
  protected:
   ~VoiceThreadTest() override { Free(); }
 
@@ -81,7 +81,7 @@ TEST_F(VoiceThreadTest, AllAreMadeOnOneOtherThreadThatIsAnApartment) {
   ASSERT_EQ(threads.size(), 2U);
   EXPECT_EQ(threads[0], threads[1]);
   EXPECT_NE(threads[0], GetCurrentThreadId());
-  EXPECT_THAT(kinds, Each(testing::AnyOf(APTTYPE_STA, APTTYPE_MAINSTA)));
+  EXPECT_THAT(kinds, Each(::testing::AnyOf(APTTYPE_STA, APTTYPE_MAINSTA)));
 }
 
 TEST_F(VoiceThreadTest, AWindowOfTheEnginesGetsItsMessages) {

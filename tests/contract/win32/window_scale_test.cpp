@@ -114,7 +114,7 @@ std::string Shown(std::optional<POINT> place) {
   return place ? std::to_string(place->x) + ", " + std::to_string(place->y) : "none";
 }
 
-class WindowScaleTest : public testing::Test {
+class WindowScaleTest : public ::testing::Test {
  protected:
   WindowScaleTest() { fake = {}; }
 };
