@@ -26,10 +26,7 @@ constexpr std::chrono::seconds kKeptLimit{5};     // after which words are not w
 constexpr std::chrono::seconds kListLimit{20};
 constexpr std::chrono::seconds kTakenLimit{5};  // after which a server that has not taken a text is hung
 
-// Answers of SSIP.
-constexpr int kVoiceListed = 249;
-constexpr int kFirstError = 300;
-constexpr int kFirstEvent = 700;
+constexpr int kVoiceListed = 249;  // an answer of SSIP
 
 std::string UserName() {
   const passwd* const user = getpwuid(getuid());

@@ -17,6 +17,10 @@ std::string SsipText(TextView text);
 // The command that says such a line.
 std::string SpeakCommand(std::string_view line);
 
+// Answers of SSIP from the first of these numbers on are errors, from the second on events.
+constexpr int kFirstError = 300;
+constexpr int kFirstEvent = 700;
+
 // A line that the server sent: the number that it begins with, and what follows.
 struct SsipLine {
   int code = 0;

@@ -9,8 +9,6 @@ namespace {
 // Answers and events of SSIP.
 constexpr int kMessageQueued = 225;
 constexpr int kReceivingData = 230;
-constexpr int kFirstError = 300;
-constexpr int kFirstEvent = 700;
 constexpr int kEnded = 702;
 constexpr int kCancelled = 703;
 
