@@ -35,7 +35,8 @@ PURGE = 2
 WAITS = ("await", "leaves", "until")  # the commands of the voice's client that wait
 ENDLESS = "Endless."
 HOUR = 3600
-HELPER_LIMIT = 40  # seconds for its end, fewer than it waits for a client
+GUARDED = 60        # seconds that a Linux half waits for its client
+HELPER_LIMIT = 200  # seconds for its end
 
 
 def poll(ready, seconds, what):
@@ -186,13 +187,19 @@ ctl.!default {{ type null }}
 
 
 def helper_folders():
-    """The folders of the Linux halves, and of what they started, that still work; one may be gone by its name."""
+    """The folders of the Linux halves that still work."""
     places = ("Temp", "AppData/Local/Temp")  # of Wine 8, of Wine 10
-    folders = [str(folder) for place in places for folder in PREFIX.glob(f"drive_c/users/*/{place}/pointalk-*")]
+    return {str(folder) for place in places for folder in PREFIX.glob(f"drive_c/users/*/{place}/pointalk-*")}
+
+
+def left_behind():
+    """The programs that go on although the Linux half that started them is over, by the folder that it had."""
+    folders = []
     for link in pathlib.Path("/proc").glob("[0-9]*/cwd"):
         with contextlib.suppress(OSError):  # it has ended, or is somebody else's
-            folders.append(os.readlink(link).removesuffix(" (deleted)"))
-    return {folder for folder in folders if "/pointalk-" in folder.partition(f"{PREFIX}/drive_c/users/")[2]}
+            folders.append(os.readlink(link))
+    return [folder for folder in folders if "/pointalk-" in folder.partition(f"{PREFIX}/drive_c/users/")[2]
+            and folder.endswith(" (deleted)")]
 
 
 def loudest(recording):

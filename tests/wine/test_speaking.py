@@ -5,8 +5,8 @@ import pathlib
 import shutil
 import unittest
 
-from companions import (ASYNCHRONOUS, ENDLESS, HELPER_LIMIT, HOUR, PURGE, CompanionTest, awaited, create, helper_folders,
-                        loudest, poll, speak)
+from companions import (ASYNCHRONOUS, ENDLESS, GUARDED, HELPER_LIMIT, HOUR, PURGE, CompanionTest, awaited, create, helper_folders,
+                        left_behind, loudest, poll, speak)
 
 SENTENCE = "This sentence takes a little while to say."
 SAID = ("sapi5 speak", "sounding", "spoken", "cut", "silent", "sapi5 speak over")
@@ -219,6 +219,7 @@ class Ends(CompanionTest):
         before = helper_folders()
         self.voice(create("v"), speak("Bye"))
         poll(lambda: helper_folders() <= before, HELPER_LIMIT, "end of the helper")
+        poll(lambda: not left_behind(), GUARDED // 2, "end of what it started")
 
 
 def alive(process_id):
