@@ -194,12 +194,12 @@ def helper_folders():
 
 def left_behind():
     """The programs that go on although the Linux half that started them is over, by the folder that it had."""
-    folders = []
+    folders = set()
     for link in pathlib.Path("/proc").glob("[0-9]*/cwd"):
         with contextlib.suppress(OSError):  # it has ended, or is somebody else's
-            folders.append(os.readlink(link))
-    return [folder for folder in folders if "/pointalk-" in folder.partition(f"{PREFIX}/drive_c/users/")[2]
-            and folder.endswith(" (deleted)")]
+            folders.add(os.readlink(link))
+    return {folder for folder in folders if "/pointalk-" in folder.partition(f"{PREFIX}/drive_c/users/")[2]
+            and folder.endswith(" (deleted)")}
 
 
 def loudest(recording):
