@@ -31,7 +31,8 @@ POINTALK_package=(
   libfluidsynth-dev dpkg-dev
 )
 POINTALK_test=(
-  "${POINTALK_tour[@]}" "${POINTALK_package[@]}" libglib2.0-bin libxext-dev gir1.2-gtk-3.0 gcc lintian appstream desktop-file-utils man-db
+  "${POINTALK_tour[@]}" "${POINTALK_package[@]}" libglib2.0-bin libxext-dev gir1.2-gtk-3.0 gcc
+  lintian appstream desktop-file-utils man-db
   build-essential libgtest-dev libgmock-dev googletest libbenchmark-dev
   clang "libclang-rt-dev|clang" "clang-format-14|clang-format" "clang-tidy-14|clang-tidy"
   python3-pytest python3-pytest-xdist python3-jsonschema python3-yaml flake8 shellcheck 7zip librsvg2-bin icoutils
