@@ -67,8 +67,8 @@ class Walk:
 
     def to_and_fro(self, what, first, second, times):
         """Jumps between two places, each with what is said there, without a rest. The pauses differ, so that the moves come
-        early and late between two ticks. On a busy machine Wine may tell a program once more of a place that the pointer has
-        left, which is named just before the pointer comes there again, and not then; it comes from the other one once more."""
+        early and late between two ticks. On a busy machine a place that the pointer had left was once named again just before
+        it came back there, and so not then; it then comes from the other place once more."""
         self.stops.append((now(), *first[0], what))
         for turn in range(times):
             (place, words), (other, _) = (second, first) if turn % 2 else (first, second)
