@@ -83,6 +83,7 @@ def main():
         begin = now()
         try:
             guide.pointalk = desktop.start_pointalk(PROGRAM, preload=RECORDER, PATH=mail.path_before(desktop.env["PATH"]))
+            walk.hears_out()  # the pointer is not looked at before the greeting is over
             walk_through(guide)
         except Exception as problem:  # what was heard up to here is kept
             walk.missed.append(f"the rest of the tour: {problem!r}")
