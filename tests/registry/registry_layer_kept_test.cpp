@@ -193,5 +193,13 @@ TEST(KeptRegistryLayer, TellsThatAccessIsDenied) {
   EXPECT_EQ(on.layer.Error(), denied);
 }
 
+TEST(KeptRegistryLayer, OutlivesTheFailureOfAnyCall) {
+  testing::ExpectToOutliveFailures([](RegistryLayer& layer) {
+    std::ignore = layer.ReadRegistry(u"HKCU\\App", u"Name");
+    std::ignore = layer.EnumerateRegistryValues(u"HKCU\\App");
+    layer.DeleteRegistry(u"HKCU\\App");
+  });
+}
+
 }  // namespace
 }  // namespace pointalk

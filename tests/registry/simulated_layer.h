@@ -55,4 +55,24 @@ struct Layer {
   RegistryLayer layer;
 };
 
+// Whichever call of these operations fails, they come back, leave no key open, and touch no other key.
+inline void ExpectToOutliveFailures(void (*run)(RegistryLayer& layer)) {
+  int calls = 0;
+  {
+    Layer healthy;
+    run(healthy.layer);
+    calls = healthy.failures.calls;
+    EXPECT_EQ(healthy.layer.Error(), RegistryError());
+  }
+  ASSERT_GT(calls, 5);
+  for (int failing = 1; failing <= calls; ++failing) {
+    SCOPED_TRACE(failing);
+    Layer on;
+    on.failures.failing = failing;
+    run(on.layer);
+    EXPECT_GE(on.failures.calls, failing);
+    EXPECT_TRUE(on.HasKey(u"HKEY_CURRENT_USER\\Apple"));
+  }
+}
+
 }  // namespace pointalk::testing
