@@ -23,7 +23,8 @@ fi
 exec >/dev/null 2>&1
 folder=$PWD
 mkfifo commands || exit
-(trap 'kill $!; exit' TERM; sleep 60 & wait $!; : >commands) &  # should nobody ever open it, the end of the file is read
+# A lesser signal is lost on a sleep that is only just being started.
+(trap 'kill -s KILL $!; exit' TERM; sleep 60 & wait $!; : >commands) &  # should nobody ever open it, the end of the file is read
 guard=$!
 exec <commands
 kill $guard
