@@ -22,7 +22,7 @@ import time
 
 HERE = pathlib.Path(__file__).resolve().parent
 LIMIT = 60  # seconds, which only end a wait for ever
-KEY_LIMIT = 2  # seconds after which a key that a new window has not taken is pressed again
+KEY_LIMIT = 2  # seconds after which what an X server or a new window has not taken is tried again
 LIBC = ctypes.CDLL(None)
 PR_SET_PDEATHSIG = 1
 
@@ -189,6 +189,24 @@ class Desktop(contextlib.ExitStack):
             return []
         rows = [line.split() for line in self.notes_log.read_text(encoding="ascii").split("\n")[:-1]]
         return [tuple(map(int, row[2:])) for row in rows if row[1] == "noteon"]
+
+    @contextlib.contextmanager
+    def stopped(self, process):
+        """Stops a program for a while, but not while it has the X server to itself: nobody could move the pointer then."""
+        self.wait_until(lambda: self._stops(process))
+        try:
+            yield
+        finally:
+            os.kill(process.pid, signal.SIGCONT)
+
+    def _stops(self, process):
+        os.kill(process.pid, signal.SIGSTOP)
+        try:
+            return subprocess.run(["xdotool", "getmouselocation"], env=self.env, stdout=subprocess.DEVNULL, check=False,
+                                  timeout=KEY_LIMIT).returncode == 0
+        except subprocess.TimeoutExpired:
+            os.kill(process.pid, signal.SIGCONT)
+            return False
 
     def wait_until(self, condition, limit=LIMIT):
         end = time.monotonic() + limit

@@ -2,7 +2,6 @@
 
 import os
 import pathlib
-import signal
 import sys
 import time
 
@@ -111,11 +110,8 @@ class Session:
         return set(said())
 
     def survives_a_stopped_target(self):
-        os.kill(self.target.pid, signal.SIGSTOP)
-        try:
+        with self.desktop.stopped(self.target):
             self.tones_go_on()
-        finally:
-            os.kill(self.target.pid, signal.SIGCONT)
         self.wait_for_name(place(0, 3), "Toggle me button")
 
     def tones_go_on(self):

@@ -2,7 +2,6 @@
 
 import os
 import random
-import signal
 import time
 
 import latency
@@ -117,13 +116,10 @@ def gaps_of_strokes(world):
 def with_one_stopped(world):
     """The program of GTK is stopped: strokes over it, then moves to its things and to those of the other in turns."""
     stopped, free = world.shown["gtk3-demo"], gaps_of_strokes(world)
-    os.kill(stopped.pid, signal.SIGSTOP)
-    try:
+    with world.stopped(stopped):
         gaps = gaps_of_strokes(world)
         turns = walk(world, TURNS, random.Random(SEED),
                      lambda thing, before: (thing[0] == "qt6ct") == (before is None or before[0] != "qt6ct"))
-    finally:
-        os.kill(stopped.pid, signal.SIGCONT)
     others = [turn for turn in turns if turn.thing[0] == "qt6ct"]
     print(f"\n{STROKES} strokes of a tone every {PACE * 1000:.0f} ms over one program; milliseconds from tone to tone")
     for what, values in (("while it answers", free), ("while it is stopped", gaps)):
