@@ -28,7 +28,7 @@ Mouse::Mouse(const Platform& p)
       settingsFile_(p.files, engine_, midiPort_, positionTones_),
       midiSwitch_(p.panel, p.system, spokenDialogs_, midiPort_),
       toneCommands_(p.panel, spokenDialogs_, midiPort_, positionTones_, settingsFile_, midiSwitch_),
-      voices_({p.sapi5, p.dialogs, p.panel, p.system}, clicks_, engine_, speaker_, spokenDialogs_, midiPort_,
+      voices_({p.dialogs, p.panel, p.system}, clicks_, engine_, speaker_, spokenDialogs_, midiPort_,
               settingsFile_),
       crashLearning_(p.files, p.system, spokenDialogs_),
       crashReport_(p.system, keys_, clicks_, speaker_, spokenDialogs_, midiPort_),

@@ -59,7 +59,7 @@ class PollLoop {
   double mScreenWidthPx = 0;    // 0 while not known
   double mScreenHeightPx = 0;
   bool mDescribeArmed = false;  // not resting; Control identifies only then
-  bool mTonesSounding = false;
+  bool mTonesSounding = false;  // since a tick that did not rest
 
   void SpeakClick();
   bool AnswerControl();

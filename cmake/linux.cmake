@@ -47,7 +47,7 @@ if(POINTALK_TESTS)
     add_test(NAME rehearsals COMMAND Python3::Interpreter ${tools}/check_rehearsals.py
              --program $<TARGET_FILE:pointalk-rehearse>)
     add_test(NAME tools COMMAND Python3::Interpreter -m pytest -q ${tools}/tests)
-    foreach(check layers includes names guide scripts)
+    foreach(check layers includes given_names guide scripts)
       add_test(NAME check-${check} COMMAND Python3::Interpreter ${tools}/check_${check}.py)
     endforeach()
     if(POINTALK_FUZZ)

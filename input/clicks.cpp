@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "input/mouse_messages.h"
+
 namespace pointalk {
 namespace {
 
@@ -13,16 +15,16 @@ void Clicks::Take(std::int32_t message) {
   if (message == lastMessage_) return;
   lastMessage_ = message;
   switch (message) {
-    case 513:
+    case kLeftPress:
       mButtonDown = true;
       mPendingEventText = u"Click";
       return;
-    case 514: mButtonDown = false; return;
-    case 515: mPendingEventText = u"DoubleClick"; return;
-    case 516: mPendingEventText = u"Right Click"; return;
-    case 518: mPendingEventText = u"Right DoubleClick"; return;
-    case 519: mPendingEventText = u"Middle Click"; return;
-    case 521: mPendingEventText = u"Middle DoubleClick"; return;
+    case kLeftRelease: mButtonDown = false; return;
+    case kLeftDoubleClick: mPendingEventText = u"DoubleClick"; return;
+    case kRightPress: mPendingEventText = u"Right Click"; return;
+    case kRightDoubleClick: mPendingEventText = u"Right DoubleClick"; return;
+    case kMiddlePress: mPendingEventText = u"Middle Click"; return;
+    case kMiddleDoubleClick: mPendingEventText = u"Middle DoubleClick"; return;
     default: return;
   }
 }

@@ -2,12 +2,11 @@
 
 #include <cstdlib>
 
+#include "input/mouse_messages.h"
+
 namespace pointalk {
 namespace {
 
-constexpr std::int32_t kLeftPress = 513;
-constexpr std::int32_t kRightPress = 516;
-constexpr std::int32_t kMiddlePress = 519;
 constexpr std::int32_t kFromPressToDoubleClick = 2;
 
 bool IsPress(std::int32_t message) {

@@ -19,7 +19,7 @@ class Keys {
   bool ReadForSpelling();     // Shift, Alt, Control; true when a text is to be spelled
   bool ReadLeftButton();
 
-  // Control is down and was not at the tick before.
+  // Control is down and was not when it was last asked for before this tick.
   bool ControlPressed() const { return mCtrlDown && !mCtrlDownBefore; }
 
   // By the last tick or utterance, whichever came later.

@@ -157,9 +157,9 @@ std::optional<FoundObject> ObjectFinder::FindByFocus(const Program& program, con
   return std::move(facts->found);
 }
 
-// An item is in a pop-up that has room for a holder of it; of a long list only what is around it fits. What
-// holds an entry of a menu may be the menu's title, which lies beside the pop-up. An item that tells no place
-// is taken at its word.
+// An item is in a pop-up that is large enough for a holder of it; of a long list only what is around it fits.
+// What holds an entry of a menu may be the menu's title, which lies beside the pop-up. An item that tells no
+// place is taken at its word.
 bool ObjectFinder::IsInPopUp(const Facts& item, const Program& program, const ObjectQuestion& question,
                              const Measure& measure, Moment limit) {
   if (measure.coordinates == kInWindow || item.width <= 0) return true;

@@ -68,17 +68,22 @@ class RegistryApi {
 
   // The first gives type and size, the second type and data. It fails where the data is larger than that many
   // bytes.
+  // Kept: nothing reads it.
   virtual RegistryValueSize QueryValueSize(RegistryKey key, TextView name) = 0;
+  // Kept: nothing reads it.
   virtual RegistryValueData QueryValue(RegistryKey key, TextView name, std::uint32_t bytes) = 0;
   virtual std::int32_t DeleteValue(RegistryKey key, TextView name) = 0;
 
-  virtual RegistryKeyInfo QueryKey(RegistryKey key) = 0;
+  virtual RegistryKeyInfo QueryKey(RegistryKey key) = 0;  // Kept: nothing reads it.
 
   // By their index from 0. Capacity is the longest name that fits, in characters with its ending NUL.
+  // Kept: nothing reads it.
   virtual RegistryName SubKeyName(RegistryKey key, std::uint32_t index, std::uint32_t capacity) = 0;
+  // Kept: nothing reads it.
   virtual RegistryEnumeratedValue ValueAt(RegistryKey key, std::uint32_t index, std::uint32_t capacity) = 0;
 
   // Removes a key that has no sub-keys; with an empty name the open key itself.
+  // Kept: nothing reads it.
   virtual std::int32_t DeleteKey(RegistryKey key, TextView subKey) = 0;
 };
 

@@ -23,7 +23,7 @@ class System {
   // The program's folder, without a backslash at its end.
   virtual Text ProgramFolder() = 0;
 
-  // The 8.3 form of a path, at most capacity characters of it; empty on failure.
+  // The 8.3 name of a path, at most capacity characters of it; empty on failure.
   virtual Text ShortPath(TextView path, int capacity) = 0;
 
   // Empties the clipboard and puts a text on it.

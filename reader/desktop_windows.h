@@ -8,7 +8,7 @@
 namespace pointalk {
 
 // Platform 1, version 4.0; false also when the system does not tell.
-bool IsWindows95(System& system);
+bool IsWindows95(System& system);  // Kept: nothing reads it.
 
 class DesktopWindows {
  public:

@@ -19,8 +19,8 @@ constexpr std::size_t kFallbackCharacters = 60;
 
 bool IsUsable(TextView line) { return !IsBlank(line) && !Contains(line, TextView(u"\0", 1)); }
 
-// How many characters the control is told that it may copy: the number is sent in the line's own first
-// characters, as far as the line has any.
+// How many characters the control is told that it may copy. The number stands in the first two bytes of a
+// buffer as long as the line: that of a line of one character has room for the low byte only.
 std::int32_t AnnouncedCapacity(std::int32_t lineLength) {
   if (lineLength < 1) return 0;
   return lineLength == 1 ? 4 : kLongestLine;
@@ -92,8 +92,8 @@ void EditReaders::ReadEditControl(const Spot& spot) {
   objectSpeech_.SpeakObjectText(spot.className, spot);
 }
 
-// Empty for a control whose process is not known, as for every control that cannot be read. What the control
-// does not give of the line's length makes the line unusable.
+// Empty for a control whose process is not known, as for every control that cannot be read. NULs stand for
+// what the control did not give of the line's length; they make the line unusable.
 Text EditReaders::Line(WindowHandle window, std::int32_t lineIndex, std::int32_t length) {
   if (length < 1 || !seam_.windows.ProcessOf(window)) return {};
   Text line = seam_.messages.EditLine(window, lineIndex, AnnouncedCapacity(length)).value_or(Text());

@@ -38,7 +38,7 @@ class EditWords {
   // Says a line when it is entered, and each word of it once while the pointer moves along.
   void SpeakEditWord(TextView line, std::int32_t lineIndex, std::int32_t position, const Spot& spot);
 
-  // Marks of the describer: the next line is read whole.
+  // After each of these the next line is read whole.
   void MarkNewWindow() { mEditReadMark = -4; }
   void MarkOtherClass() { mEditReadMark = -1; }
   void MarkScrollBar() { mEditReadMark = -2; }

@@ -25,8 +25,9 @@ class ListBoxReader {
   EventSounds& eventSounds_;
   ObjectSpeech& objectSpeech_;
 
-  std::int32_t lastTopIndex_ = 0;
-  std::int32_t lastItemIndex_ = 0;
+  // Of the list box that was read last, whichever that was.
+  std::int32_t lastTopIndex_ = 0;   // of the item at its top
+  std::int32_t lastItemIndex_ = 0;  // of the item that was said
 
   void PlayScrolling(WindowHandle window);
   Text ItemText(WindowHandle window, std::int32_t item);

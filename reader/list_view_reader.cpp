@@ -32,7 +32,7 @@ void ListViewReader::ReadListView(const Spot& spot) {
   PlayIconSounds(hit);
 }
 
-// A test that fails leaves the record as it was sent, which counts as on item 0.
+// Where the hit test fails, the record stays as it was sent, which means on item 0.
 ListViewHit ListViewReader::HitTest(const Spot& spot) {
   ListViewHit hit;
   hit.client = seam_.windows.ToClient(spot.window, spot.point).value_or(spot.point);
@@ -82,20 +82,26 @@ void ListViewReader::SpeakInList(const Spot& spot, TextView label) {
   if (!IsBlank(label) && spot.window == spot.previousWindow) {
     return objectSpeech_.SpeakObjectText(label, spot);
   }
-  SetHolderAsPrefix(spot.window);
-  if (IsBlank(label)) speaker_.SpeakText(speaker_.TakeSpeechPrefix());
+  const std::optional<Text> prefix = HolderPrefix(spot.window);
+  if (IsBlank(label)) {
+    const Text waiting = speaker_.TakeSpeechPrefix();
+    speaker_.SpeakText(prefix.value_or(waiting));
+  } else if (prefix) {
+    speaker_.SetSpeechPrefix(*prefix);
+  }
 }
 
 // The nearest window above the list that has a title; the desktop's icon list ends the walk.
-void ListViewReader::SetHolderAsPrefix(WindowHandle window) {
+std::optional<Text> ListViewReader::HolderPrefix(WindowHandle window) {
   WindowHandle holder = window;
   for (int round = 0; round < kMostHolders; ++round) {
     holder = seam_.windows.ParentOf(holder);
-    if (holder == desktopWindows_.IconList()) return;
+    if (holder == desktopWindows_.IconList()) return std::nullopt;
     const Text title = windowTitle_.GetWindowTitle(holder);
     if (IsBlank(title)) continue;
-    return speaker_.SetSpeechPrefix(Text(Trimmed(title)).append(u", "));
+    return Text(Trimmed(title)).append(u", ");
   }
+  return std::nullopt;
 }
 
 void ListViewReader::PlayIconSounds(const ListViewHit& hit) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "platform/ansi.h"
 #include "platform/control_messages.h"
@@ -52,12 +53,12 @@ class ListViewReader {
 
   bool mHitRecordFreeable = false;  // the first record of a run stays in its process
   std::int32_t mLastIconItem = 0;   // for which "NewIcon" sounded last
-  bool mWasOnIcon = false;
+  bool mWasOnIcon = false;          // in the last description of a list view
 
   ListViewHit HitTest(const Spot& spot);
   void SpeakOnDesktop(const Spot& spot, TextView label);
   void SpeakInList(const Spot& spot, TextView label);
-  void SetHolderAsPrefix(WindowHandle window);
+  std::optional<Text> HolderPrefix(WindowHandle window);
   void PlayIconSounds(const ListViewHit& hit);
 };
 

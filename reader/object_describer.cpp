@@ -64,7 +64,8 @@ void ObjectDescriber::Describe(Point pointer) {
   if (!ReadMenuStep(spot, menuClass)) ReadControlStep(spot);
 }
 
-// Until here the class log ends in the marked line; a query that does not return leaves it so.
+// Until here the class log has the class with a mark, which stays where the query does not return. Now that
+// it has returned, the class is logged without the mark.
 void ObjectDescriber::RememberQuery(const Spot& spot) {
   last_.maccRole = spot.texts.maccRole;
   last_.maccDescription = spot.texts.maccDescription;

@@ -27,6 +27,7 @@ std::optional<std::vector<std::byte>> DataFromVariant(const Variant& value, std:
 
 // What was read: an array of bytes, a number as a long of the same 32 bits (bytes that are missing count as
 // 0), or for every other type the text up to its NUL. Empty where there is no data.
-Variant VariantFromData(const std::vector<std::byte>& data, std::uint32_t type, AnsiCodePage& ansi);
+Variant VariantFromData(const std::vector<std::byte>& data, std::uint32_t type,
+                        AnsiCodePage& ansi);  // Kept: nothing reads it.
 
 }  // namespace pointalk

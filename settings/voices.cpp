@@ -43,14 +43,11 @@ void Voices::ChooseBetweenBoth() {
       u"Sapi version from the Voice menu.");
 }
 
-// A voice that refuses any of this is not heard, and the box is shown all the same.
 void Voices::AskForEngine() {
-  std::ignore = seam_.sapi5.SetRate(kFirstRate);
-  std::ignore = seam_.sapi5.Speak(u" ", kSpeakAsyncPurge);
-  std::ignore = seam_.sapi5.Speak(
+  engine_.SayBySapi5(
       u"Pleez wait until I'm done saying this, then pleez select S eigh P I 4, or S eigh P I 5, by typing 4 "
       u"or 5, and hit enter",
-      std::nullopt);
+      kFirstRate);
   const Text answer = seam_.dialogs.AskByInput(u"Please select SAPI4 or SAPI5 by typing 4 or 5 and hit enter",
                                                u"You have both versions present", u"5");
   engine_.Choose(RoundedToInt32(ReadNumber(answer)).value_or(engine_.Version()));

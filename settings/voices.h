@@ -6,7 +6,6 @@
 #include "input/clicks.h"
 #include "platform/dialogs.h"
 #include "platform/panel.h"
-#include "platform/speech_engines.h"
 #include "platform/system.h"
 #include "settings/settings_file.h"
 #include "speech/engine.h"
@@ -19,7 +18,6 @@ namespace pointalk {
 class Voices {
  public:
   struct Seam {
-    Sapi5Voice& sapi5;
     Dialogs& dialogs;
     Panel& panel;
     System& system;

@@ -1,5 +1,8 @@
 #include "speech/engine.h"
 
+#include <optional>
+#include <tuple>
+
 namespace pointalk {
 
 Engine::Engine(Sapi5Voice& sapi5, Sapi4Control& sapi4, Panel& panel)
@@ -17,6 +20,13 @@ Engine::Found Engine::CreateBoth() {
   }
   found.mHaveSapi4 = sapi4_.Create() && sapi4_.Speed().has_value();
   return found;
+}
+
+// A voice that refuses any of this is not heard.
+void Engine::SayBySapi5(TextView text, double rate) {
+  std::ignore = sapi5_.SetRate(rate);
+  std::ignore = sapi5_.Speak(u" ", kSpeakAsyncPurge);
+  std::ignore = sapi5_.Speak(text, std::nullopt);
 }
 
 void Engine::KeepChosen() {

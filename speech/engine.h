@@ -9,6 +9,7 @@
 #include "speech/engine_object.h"
 #include "speech/sapi4_calls.h"
 #include "speech/sapi5_calls.h"
+#include "text/text.h"
 
 namespace pointalk {
 
@@ -30,6 +31,10 @@ class Engine {
   std::int32_t Version() const { return mSapiVersion; }
   void Choose(std::int32_t version) { mSapiVersion = version; }
   bool IsChosen() const { return mSapiVersion == 4 || mSapiVersion == 5; }
+
+  // While both generations are there: the SAPI 5 voice says a text to its end at that rate, whatever is
+  // chosen.
+  void SayBySapi5(TextView text, double rate);
 
   // Makes the object be of the chosen version and releases the other one. SAPI 4 is released when none is
   // chosen.

@@ -44,8 +44,9 @@ void Sapi4Calls::SayAndWait(TextView text) {
   WaitForLastWord(text.size());
 }
 
-// The engine is done when it reports no word beyond the position that was last put back to 0. Both readings
-// of the loop's test are made whatever the first one gives.
+// Goes on while the last word's position lies after 0 and before the end of the text, and puts it back to 0
+// in each round: an engine that still speaks moves it on. Both readings of the loop's condition are made
+// whatever the first one gives.
 void Sapi4Calls::WaitForLastWord(std::size_t length) {
   int stalls = 0;
   for (;;) {
@@ -54,7 +55,8 @@ void Sapi4Calls::WaitForLastWord(std::size_t length) {
     if (!beforeEnd || !begun) return;
     stalls = LastWordPosition() == 0 ? stalls + 1 : 0;
     if (stalls > kMostStalls) return;
-    if (auto* control = object_.AsSapi4()) std::ignore = control->SetLastWordPosition(0);  // the tests decide
+    if (auto* control = object_.AsSapi4())
+      std::ignore = control->SetLastWordPosition(0);  // the readings decide
     panel_.LetMessagesRun();
   }
 }

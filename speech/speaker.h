@@ -47,7 +47,7 @@ class Speaker {
   Text mLastSpoken;  // what SpeakText last accepted, or a marker that no text equals
   Text mSpeechPrefix;
   bool mMuted = false;
-  bool mHoldSpeech = false;  // no routine sets it; a text that came meanwhile would be parked in mHeldText
+  bool mHoldSpeech = false;  // no routine sets it to true; a text that came then would go to mHeldText
   Text mHeldText;            // Kept: nothing reads it.
 };
 

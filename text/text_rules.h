@@ -25,8 +25,8 @@ Text Replaced(TextView text, TextView find, TextView replacement);
 TextView UpToNul(TextView text);
 
 // The lines of a file's content. A line ends at CR LF or where the content ends; a lone CR or LF is a
-// character of its line. A line end at the end of the content begins no further
-// line. The views lie within the content.
+// character of its line. A line end at the end of the content begins no further line. The views lie within
+// the content.
 std::vector<TextView> Lines(TextView content);
 
 }  // namespace pointalk

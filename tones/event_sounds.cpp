@@ -51,7 +51,7 @@ void EventSounds::PlayEarcon(TextView eventName) {
 }
 
 void EventSounds::CountTick() {
-  if (mEarconTicks <= kTicksOfASound) ++mEarconTicks;  // beyond that the count itself tells no more
+  if (mEarconTicks <= kTicksOfASound) ++mEarconTicks;  // how far beyond does not matter
   if (mEarconTicks > kTicksOfASound) StopEarcon();
 }
 

@@ -13,7 +13,7 @@ constexpr std::uint32_t kSilenceFlags = 11;
 // A count that a signed 16-bit number cannot hold is no count.
 constexpr std::uint32_t kMostDevices = 32767;
 
-// Goes out before a note off: the message as it is before it is filled.
+// A message of value 0 goes out before a note off.
 constexpr std::uint32_t kEmptyMessage = 0;
 
 constexpr bool IsChannel(int channel) { return channel >= 0 && channel < kChannels; }
@@ -94,7 +94,7 @@ void MidiPort::StopPositionTones() {
   StopNote(kLowerToneChannel);
 }
 
-// One message variable serves both channels, so that the second empty message repeats the first note off.
+// Before the second note off the first one goes out again, in the place of an empty message.
 void MidiPort::StopEventChannels() {
   std::uint32_t message = kEmptyMessage;
   for (const int channel : {kEventChannel, kSpareEventChannel}) {

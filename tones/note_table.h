@@ -16,7 +16,7 @@ struct ToneOffsets {
 
 class NoteTable {
  public:
-  // Fills the table. Before, and in every cell and format that is not filled, offsets are 0.
+  // Fills the whole table; before that all offsets are 0.
   void BuildNoteTables();
 
   // Column from the left, row from the bottom. Offsets are 0 outside the table.

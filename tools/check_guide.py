@@ -83,7 +83,7 @@ class Guide(html.parser.HTMLParser):
 
 
 def panel(source):
-    """What the panel has under each heading: captions, each with its key's spoken name or nothing."""
+    """What the panel has under each heading: captions, each with its key's spoken name or None."""
     entries = {"Buttons": {}}
     menu = None
     for kind, caption, shortcut, end in ENTRY.findall(source):

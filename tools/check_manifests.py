@@ -90,7 +90,7 @@ def against_the_sums(folder):
 
 
 def check(folder, rules):
-    """Notes what is wrong in a folder; manifests that break their own rules are not compared further."""
+    """Lists what is wrong in a folder; manifests that break their own rules are not compared further."""
     manifests = read(folder)
     rules[KEPT] += [f"{folder}: no manifests"] if not manifests else against_the_rules(manifests)
     if not rules[KEPT]:

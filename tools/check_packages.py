@@ -51,7 +51,7 @@ def in_installer(path, folder):
 
 
 def check(exes, folder, rules):
-    """Notes what is wrong with the packages of the programs."""
+    """Lists what is wrong with the packages of the programs."""
     here, texts = packages_of(exes, folder / "one", "UTC", 0o022)
     time.sleep(PAUSE)
     there, other_texts = packages_of(exes, folder / "another" / "place", "Asia/Kolkata", 0o077)

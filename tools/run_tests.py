@@ -124,7 +124,7 @@ CHECKS = [
     python_tests("self-tests", TOOLS / "tests"),
     check("layers"),
     check("includes"),
-    check("names"),
+    check("given_names"),
     check("guide"),
     check("scripts"),
     check("format", lacks=lacks_program("clang-format-14")),

@@ -81,9 +81,9 @@ PanelControls::PanelControls(HWND panel) : panel_(panel) {
   picture_ = MakeControl(panel, L"STATIC", L"", SS_ICON | SS_REALSIZECONTROL, 0);
 }
 
-SIZE PanelControls::Arrange(UINT dpi, LONG room) {
+SIZE PanelControls::Arrange(UINT dpi, LONG screenWidth) {
   SetFonts(dpi);
-  const Grid grid = Measure(room);
+  const Grid grid = Measure(screenWidth);
   PlaceButtons(grid);
 
   const LONG stepX = grid.buttonWidth + grid.margin;
@@ -93,7 +93,7 @@ SIZE PanelControls::Arrange(UINT dpi, LONG room) {
   const LONG pictureSize = kRows * stepY - pictureTop;
   ShowPicture({pictureLeft, pictureTop, pictureLeft + pictureSize, pictureTop + pictureSize});
 
-  const LONG widest = room - 4 * grid.margin;
+  const LONG widest = screenWidth - 4 * grid.margin;
   const SIZE label = SizeOf(label_, labelFont_.get(), Wide(kRightsStatement), widest);
   const LONG labelTop = grid.margin + kRows * stepY;
   SetWindowPos(label_, nullptr, grid.margin, labelTop, label.cx, label.cy, SWP_NOZORDER | SWP_NOACTIVATE);
@@ -111,10 +111,10 @@ void PanelControls::SetFonts(UINT dpi) {
   labelFont_ = std::move(labelFont);
 }
 
-PanelControls::Grid PanelControls::Measure(LONG room) const {
+PanelControls::Grid PanelControls::Measure(LONG screenWidth) const {
   Grid grid{};
   for (const PanelButton& button : PanelButtons()) {
-    const SIZE size = SizeOf(panel_, buttonFont_.get(), Wide(button.caption), room);
+    const SIZE size = SizeOf(panel_, buttonFont_.get(), Wide(button.caption), screenWidth);
     grid.buttonWidth = std::max(grid.buttonWidth, size.cx);
     grid.buttonHeight = std::max(grid.buttonHeight, size.cy);
   }

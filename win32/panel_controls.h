@@ -15,9 +15,9 @@ class PanelControls {
  public:
   explicit PanelControls(HWND panel);
 
-  // Lays everything out for a scale in dots per inch and a screen with room for so many pixels from left to
-  // right, and gives the size of the window's inside.
-  SIZE Arrange(UINT dpi, LONG room);
+  // Lays everything out for a scale in dots per inch and a screen of so many pixels from left to right, and
+  // gives the size of the window's inside.
+  SIZE Arrange(UINT dpi, LONG screenWidth);
 
   HWND FirstButton() const { return buttons_.front(); }
 
@@ -31,7 +31,7 @@ class PanelControls {
 
   void SetFonts(UINT dpi);
   void ShowPicture(const RECT& place);
-  Grid Measure(LONG room) const;
+  Grid Measure(LONG screenWidth) const;
   void PlaceButtons(const Grid& grid) const;
 
   HWND panel_;

@@ -67,6 +67,7 @@ class ServedDevice {
 
 }  // namespace
 
+// NOLINTBEGIN(readability-identifier-naming): FluidSynth's own names, in whose places they are called
 extern "C" {
 
 int fluid_synth_noteon(void* synth, int channel, int key, int velocity) {
@@ -117,3 +118,4 @@ void delete_fluid_audio_driver(void* driver) {
   if (Server() != nullptr) delete static_cast<ServedDevice*>(driver);
 }
 }
+// NOLINTEND(readability-identifier-naming)

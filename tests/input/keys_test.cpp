@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <set>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -45,9 +46,9 @@ TEST_F(KeysTest, AreAskedForInAFixedOrder) {
   EXPECT_THAT(input.TakeAsked(), ElementsAre(kKeyControl, kKeyAlt));
   keys.ReadForUtterance();
   EXPECT_THAT(input.TakeAsked(), ElementsAre(kKeyShift));
-  keys.ReadForSpelling();
+  std::ignore = keys.ReadForSpelling();
   EXPECT_THAT(input.TakeAsked(), ElementsAre(kKeyShift, kKeyAlt, kKeyControl));
-  keys.ReadLeftButton();
+  std::ignore = keys.ReadLeftButton();
   EXPECT_THAT(input.TakeAsked(), ElementsAre(kKeyLeftButton));
 }
 

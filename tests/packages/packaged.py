@@ -100,7 +100,7 @@ class PackageCase(unittest.TestCase):
         return dict(re.findall(r"^ {4}(.+?) {4}REG_\w+ {4}(.*?)\r*$", run.stdout.decode("cp1252"), re.M))
 
     def files(self):
-        """What lies in the program's folder, by name; nothing when there is no such folder."""
+        """What lies in the program's folder, by name; empty when there is no such folder."""
         return {path.relative_to(self.folder).as_posix(): path.read_bytes() for path in self.folder.rglob("*")}
 
     def shortcuts(self):

@@ -6,16 +6,15 @@ import unittest
 import wave
 
 from harness import Desktop, now, settings_text, wait_until
+from tones import HIGHER, LOWER, notes_at
 
 SETTINGS = settings_text(VerticalVolume=60, HorizontalVolume=60, DoDingVolume=60)
 GREETING = "Pointalk is running.  Hit F1 any time for help."
 QUICK = {"POINTALK_ESPEAK": "true"}  # speech that takes no time
 REST = 0.4            # seconds after which a still pointer rests where the machine has nothing else to do: eleven ticks
 SOON = 100            # seconds after which what has not come never will
-SCREEN = (1024, 768)  # the virtual desktop
 
-EARCON, HIGHER, LOWER = 12, 13, 14
-TWO_TONE_SCALE = (0, 0, 2, 2, 4, 4, 5, 5, 7, 7, 9, 9, 11, 11, 12, 12, 14, 14, 16, 16)
+EARCON = 12
 EARCONS = {"NewWindow": (45, 231, 127), "OffVisibleArea": (45, 200, 105), "ListBoxHit": (45, 204, 105),
            "OffIcon": (45, 223, 110), "NewIcon": (45, 226, 117)}
 
@@ -49,17 +48,6 @@ def earcon(name):
     """The two messages with which an event sound begins."""
     instrument, note, velocity = EARCONS[name]
     return [program(EARCON, instrument), note_on(EARCON, note, velocity)]
-
-
-def cell(x, y):
-    """Column and row of a place, counted from the lower left."""
-    return int(x / SCREEN[0] * 20 - 0.1), int((SCREEN[1] - y) / SCREEN[1] * 20 - 0.1)
-
-
-def notes_at(x, y):
-    """The two notes of a place, in the format of a run that has not been told of another."""
-    column, row = cell(x, y)
-    return {HIGHER: 76 + TWO_TONE_SCALE[column], LOWER: 40 + TWO_TONE_SCALE[row]}
 
 
 def start(hand, pointalk, place=(1000, 600), **environment):

@@ -20,10 +20,8 @@ CONTROLS = (
     ("tree", "It is eigh  tree view  3    2"), ("horizontal", "It is eigh scroll bar"), ("toolbar", "It is eigh Tool- Bar"),
 )
 # What the clock shows, and how it is told.
-CLOCK = (
-    ("10:45 PM", "System Clock,  1  0  fourty-  5  P M"), ("3:00 AM", "System Clock,  3  oclock eigh M"),
-    ("3:05 PM", "System Clock,  3  oh  5  P M"), ("7:20", "System Clock,  7  twenty"),
-)
+CLOCK = ("10:45 PM", "System Clock,  1  0  fourty-  5  P M")
+LATER = ("3:05 PM", "System Clock,  3  oh  5  P M")
 
 
 class Controls(Listening):
@@ -95,13 +93,13 @@ class Controls(Listening):
     def test_the_task_bar_and_its_clock(self):
         self.hand.move(*self.target.centre("ok"))
         self.rest()
-        self.target.ask("title", "clock", CLOCK[0][0])
-        since = self.visit(self.target.centre("clock"), "Tasck-Bar-" + CLOCK[0][1])
+        time, said = CLOCK
+        self.target.ask("title", "clock", time)
+        since = self.visit(self.target.centre("clock"), "Tasck-Bar-" + said)
+        time, said = LATER
+        self.target.ask("title", "clock", time)
         x, y = self.target.centre("clock")
-        for step, (time, said) in enumerate(CLOCK[1:], 1):
-            with self.subTest(time):
-                self.target.ask("title", "clock", time)
-                self.visit((x + step % 2, y), said)
+        self.visit((x + 1, y), said)
         self.rest()
         looks = itertools.count()
 

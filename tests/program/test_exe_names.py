@@ -10,17 +10,10 @@ LONGEST = 133  # characters of a name that are said
 # Names as objects give them, and what is said of them.
 HOSTILE = (
     ("ab" * 50_000, ("ab" * 50_000)[:LONGEST]),
-    ("=" * 100_000, "===="),
     ("one\r\ntwo\nthree", "one\r"),
-    ("one\ntwo\rthree", "one\n"),
-    ("\rone", "\r"),
     ("\x01\x07\x1f", "\x01\x07\x1f"),
-    ("\u202eright", "\u202eright"),
     ("\u0418\u043c\u044f \u00c4\u00d6\u00df", "\u0418\u043c\u044f \u00c4 \u00d6\u00df"),
     ("\U0001f600 smile", "\U0001f600 smile"),
-    ('"quoted\\"', '"quoted\\"'),
-    ("a^b%s%n&c", "a carat b%s%n&c"),
-    ("   two blanks   ", "two blanks"),
 )
 
 

@@ -5,7 +5,7 @@ import unittest
 
 from harness import Desktop, Panel
 
-SCREEN = (2400, 1800)  # at 300 % it has the room of 800 x 600
+SCREEN = (2400, 1800)  # at 300 % it holds what 800 x 600 do
 USUAL = 96  # dots per inch at 100 %
 
 

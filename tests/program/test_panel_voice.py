@@ -84,8 +84,7 @@ class Voice(PanelCase):
 
     def test_voice_volume(self):
         present = int(values(self.pointalk)["VoiceVolume"])
-        for answer, then in (("30", 30), ("150", 100), ("-5", 0), ("77.5", 78), ("abc", None), ("", None), (None, None), ("0", 0),
-                             ("80", 80)):
+        for answer, then in (("30", 30), ("abc", None), (None, None), ("80", 80)):
             with self.subTest(answer):
                 since = now()
                 self.number("Voice Volume", "InputBox",

@@ -185,7 +185,7 @@ class PasswordFields(Listening):
 
 
 class Reports(ReportCase):
-    """A run that takes notes after a crash, as far as a listener comes with it."""
+    """A run that keeps the class log after a crash, as far as a listener comes with it."""
 
     def setUp(self):
         self.target = self.enterContext(self.desktop.target())

@@ -66,5 +66,12 @@ TEST_F(EditReadersTest, ALineWithASingleNulIsNotUsed) {
   EXPECT_EQ(HeardWords(), "All");
 }
 
+TEST_F(EditReadersTest, RichEditGivesTheObjectsTextWithWholeLineEnds) {
+  spot.texts.maccText = u"one\rtwo";
+  EXPECT_EQ(edits.ReadRichEdit(spot), u"one\r\ntwo");
+  spot.texts.maccRole = u"scroll bar";
+  EXPECT_EQ(edits.ReadRichEdit(spot), u"one\rtwo") << "where no line was read";
+}
+
 }  // namespace
 }  // namespace pointalk

@@ -7,8 +7,6 @@
 namespace pointalk {
 namespace {
 
-using KeptInReader = StrangeControls;
-
 class VersionedSystem final : public testing::ForwardingSystem {
  public:
   using ForwardingSystem::ForwardingSystem;
@@ -44,13 +42,6 @@ TEST(KeptDesktopWindows, TellTheVersionThatWasFoundWithThem) {
   EXPECT_TRUE(desktop.AreOfWindows95());
   desktop.FindDesktopIconList(later.platform.system, later.platform.windows);
   EXPECT_FALSE(desktop.AreOfWindows95());
-}
-
-TEST_F(KeptInReader, RichEditLeavesItsTextWithWholeLineEnds) {
-  spot.texts.maccText = u"one\rtwo";
-  EXPECT_EQ(edits.ReadRichEdit(spot), u"one\r\ntwo");
-  spot.texts.maccRole = u"scroll bar";
-  EXPECT_EQ(edits.ReadRichEdit(spot), u"one\rtwo") << "where no line was read";
 }
 
 }  // namespace

@@ -102,7 +102,7 @@ std::vector<OperationRow> DeletingTreesAndEnumerating() {
        {.open = 2},
        "open root 2 'A'; info 0; close 0",
        {0, Text(kApi), Text(kUndefined)}},
-      {"enumerate a key that tells nothing",
+      {"enumerate a key that refuses to be asked",
        Enumerate,
        {.info = 5},
        "open root 2 'A'; info 1; close 1",

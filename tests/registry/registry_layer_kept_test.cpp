@@ -12,6 +12,19 @@ namespace {
 
 using testing::Layer;
 
+TEST(KeptRegistryLayer, ReadsWhatItHasWritten) {
+  const Variant values[] = {Text(u"5"),       Text(u"caf\u00E9 \u20AC"),
+                            Text(),           std::int32_t{5},
+                            std::int32_t{-1}, VariantArray{std::byte{0}, std::byte{255}}};
+  Layer on("{}");
+  for (const Variant& value : values) {
+    on.layer.WriteRegistry(u"HKCU\\New\\Key", u"x", value);
+    EXPECT_EQ(on.layer.Error(), RegistryError());
+    EXPECT_EQ(on.layer.ReadRegistry(u"\\hkey_current_user\\new\\key", u"X"), value) << value.index();
+    EXPECT_EQ(on.layer.Error(), RegistryError());
+  }
+}
+
 TEST(KeptRegistryLayer, ReadsTheDefaultValueWithoutAName) {
   Layer on;
   EXPECT_EQ(on.layer.ReadRegistry(u"HKCU\\App"), Variant(Text(u"default")));

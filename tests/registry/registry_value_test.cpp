@@ -1,23 +1,18 @@
-// Which type a variant is written as, and what the data look like both ways.
+// Which type a variant is written as, and what its data look like.
 #include "registry/registry_value.h"
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
 #include <limits>
 
 #include "sim/code_page.h"
+#include "tests/registry/registry_bytes.h"
 
 namespace pointalk {
 namespace {
 
-using Bytes = std::vector<std::byte>;
-
-Bytes BytesOf(std::initializer_list<int> numbers) {
-  Bytes bytes;
-  for (const int number : numbers) bytes.push_back(static_cast<std::byte>(number));
-  return bytes;
-}
+using testing::Bytes;
+using testing::BytesOf;
 
 struct Chosen {
   Variant value;
@@ -136,37 +131,6 @@ TEST(DataFromVariant, RefusesOtherTypes) {
     RegistryError error;
     EXPECT_EQ(DataFromVariant(Text(u"x"), type, ansi, error), std::nullopt) << type;
     EXPECT_EQ(error.number, -2147221500) << type;
-  }
-}
-
-struct KnownValue {
-  Bytes data;
-  std::uint32_t type;
-  Variant value;
-};
-
-TEST(VariantFromData, GoesByTheType) {
-  const KnownValue rows[] = {
-      {{}, 1, VariantEmpty()},
-      {{}, 3, VariantEmpty()},
-      {{}, 4, VariantEmpty()},
-      {BytesOf({0, 255, 7}), 3, VariantArray(BytesOf({0, 255, 7}))},
-      {BytesOf({0x78, 0x56, 0x34, 0x12}), 4, std::int32_t{0x12345678}},
-      {BytesOf({0xFF, 0xFF, 0xFF, 0xFF}), 4, std::int32_t{-1}},
-      {BytesOf({5}), 4, std::int32_t{5}},
-      {BytesOf({1, 0, 0, 0, 9, 9, 9, 9}), 4, std::int32_t{1}},
-      {BytesOf({'a', 0x80, 0}), 1, Text(u"a\u20AC")},
-      {BytesOf({'a', 'b'}), 1, Text(u"ab")},
-      {BytesOf({'a', 0, 'b', 0, 0}), 7, Text(u"a")},
-      {BytesOf({'%', 'a', '%', 0}), 2, Text(u"%a%")},
-      {BytesOf({0}), 1, Text()},
-      {BytesOf({'8', 0, 0, 0, 0, 0, 0, 0}), 11, Text(u"8")},
-      {BytesOf({'n', 0}), 0, Text(u"n")},
-  };
-  sim::SimAnsi ansi;
-  for (const KnownValue& row : rows) {
-    EXPECT_EQ(VariantFromData(row.data, row.type, ansi), row.value)
-        << ::testing::PrintToString(row.data) << " of type " << row.type;
   }
 }
 

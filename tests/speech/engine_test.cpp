@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "tests/speech/speaking.h"
 
 namespace pointalk {
@@ -34,7 +36,7 @@ TEST_F(EngineTest, FindsBothGenerations) {
 }
 
 TEST_F(EngineTest, SpeaksWithSapi5CalledAsSapi4UntilTheChoiceIsKept) {
-  engine.CreateBoth();
+  std::ignore = engine.CreateBoth();
   engine.Choose(4);
   engine.Calls().Say(u"Chosen");
   EXPECT_EQ(simulated.transcript(), "sapi5 speak 0 \"Chosen\"\n");
@@ -49,7 +51,7 @@ TEST_F(EngineTest, SpeaksWithSapi5CalledAsSapi4UntilTheChoiceIsKept) {
 
 TEST_F(EngineTest, ReleasesSapi4UnlessItIsChosen) {
   for (const std::int32_t version : {0, 3, 5}) {
-    engine.CreateBoth();
+    std::ignore = engine.CreateBoth();
     engine.Choose(version);
     engine.KeepChosen();
     EXPECT_EQ(engine.IsChosen(), version == 5);
@@ -59,7 +61,7 @@ TEST_F(EngineTest, ReleasesSapi4UnlessItIsChosen) {
 }
 
 TEST_F(EngineTest, KnowsPlacesOfVoicesInSapi5Only) {
-  engine.CreateBoth();
+  std::ignore = engine.CreateBoth();
   engine.Choose(4);
   EXPECT_TRUE(engine.Calls().VoiceDescriptions().empty());
 }

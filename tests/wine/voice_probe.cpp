@@ -68,7 +68,7 @@ std::string Shown(VARIANT& value) {
   if (value.vt == VT_BOOL) return value.boolVal != VARIANT_FALSE ? "true" : "false";
   if (value.vt == VT_R8) return "real " + std::to_string(value.dblVal);
   if (value.vt == VT_DISPATCH) return "object";
-  if (value.vt == VT_EMPTY) return "nothing";
+  if (value.vt == VT_EMPTY) return "empty";
   if (value.vt != VT_BSTR) return "type " + std::to_string(value.vt);
   return "text " + Narrow(value.bstrVal, SysStringLen(value.bstrVal));
 }
@@ -114,13 +114,13 @@ class Probe {
     void* dispatch = nullptr;
     const HRESULT asked = unknown->QueryInterface(IID_IDispatch, &dispatch);
     unknown->Release();
-    if (SUCCEEDED(asked)) mObjects[words[1]] = static_cast<IDispatch*>(dispatch);
+    if (SUCCEEDED(asked)) objects_[words[1]] = static_cast<IDispatch*>(dispatch);
     return asked;
   }
 
   HRESULT Release(const std::string& name) {
-    mObjects.at(name)->Release();
-    mObjects.erase(name);
+    objects_.at(name)->Release();
+    objects_.erase(name);
     return S_OK;
   }
 
@@ -132,7 +132,7 @@ class Probe {
 
   HRESULT Ids(const Words& words) {
     DISPID id = DISPID_UNKNOWN;
-    return IdOf(*mObjects.at(words[1]), words[2], id);
+    return IdOf(*objects_.at(words[1]), words[2], id);
   }
 
   VARIANT Argument(const std::string& word) {
@@ -150,7 +150,7 @@ class Probe {
         break;
       case 'o':
         value.vt = VT_DISPATCH;
-        value.pdispVal = mObjects.at(text);
+        value.pdispVal = objects_.at(text);
         value.pdispVal->AddRef();
         break;
       case 'x':
@@ -181,7 +181,7 @@ class Probe {
 
   HRESULT Call(const Words& words, std::size_t first, WORD flags, const std::string& keepAs,
                std::string& shown) {
-    IDispatch& object = *mObjects.at(words[first]);
+    IDispatch& object = *objects_.at(words[first]);
     DISPID id = DISPID_UNKNOWN;
     const HRESULT named = IdOf(object, words[first + 1], id);
     if (FAILED(named)) return named;
@@ -198,7 +198,7 @@ class Probe {
     for (VARIANT& argument : arguments) VariantClear(&argument);
     shown = Shown(result);
     if (!keepAs.empty() && SUCCEEDED(outcome)) {
-      mObjects[keepAs] = result.pdispVal;
+      objects_[keepAs] = result.pdispVal;
     } else {
       VariantClear(&result);
     }
@@ -209,7 +209,7 @@ class Probe {
     ISpVoice* voice = nullptr;
     shown = "voice";
     HRESULT outcome =
-        mObjects.at(words[1])->QueryInterface(__uuidof(ISpVoice), reinterpret_cast<void**>(&voice));
+        objects_.at(words[1])->QueryInterface(__uuidof(ISpVoice), reinterpret_cast<void**>(&voice));
     if (FAILED(outcome)) return outcome;
     ISpStreamFormat* stream = nullptr;
     shown = "stream";
@@ -246,7 +246,7 @@ class Probe {
     });
   }
 
-  std::map<std::string, IDispatch*> mObjects;
+  std::map<std::string, IDispatch*> objects_;
 };
 
 }  // namespace
@@ -258,7 +258,7 @@ int main(int count, char** arguments) {
   if (FAILED(CoInitialize(nullptr))) return 2;
   Probe probe;
   for (std::string line; std::getline(script, line);) {
-    std::string shown = "nothing";
+    std::string shown = "no value";
     const HRESULT outcome = probe.Run(Split(line), shown);
     std::printf("%08lx\t%s\n", static_cast<unsigned long>(outcome), shown.c_str());
     std::fflush(stdout);

@@ -155,15 +155,15 @@ class Names(CheckCase):
     def test_given_names_and_words_that_only_begin_alike(self):
         self.put("app/a.h", "// theTimer\nint mMuted = 0, then = 0, anchor = 0, another = 0;\n")
         self.put("win32/a.h", "int mouse = 0, theme = 0;\n")
-        self.passes("check_names.py", "--root", self.root)
+        self.passes("check_given_names.py", "--root", self.root)
 
     def test_an_article(self):
         self.put("tests/a.h", "\nint theTimer = 0;\n")
-        self.fails("check_names.py", "--root", self.root, because="tests/a.h:2: theTimer")
+        self.fails("check_given_names.py", "--root", self.root, because="tests/a.h:2: theTimer")
 
     def test_a_field_of_the_form_elsewhere(self):
         self.put("wine/voice/a.h", "int mMuted = 0;\n")
-        self.fails("check_names.py", "--root", self.root, because="wine/voice/a.h:1: mMuted")
+        self.fails("check_given_names.py", "--root", self.root, because="wine/voice/a.h:1: mMuted")
 
 
 @unittest.skipUnless(shutil.which("clang-tidy-14"), "clang-tidy-14 is not installed")

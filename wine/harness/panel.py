@@ -54,11 +54,17 @@ class Panel:
         return self._probe.ask("windows", self.window()["hwnd"])["windows"]
 
     def open(self):
-        """Opens the minimised panel by a double click and waits until it has the keyboard."""
-        left, top, right, bottom = self.window()["rect"]
-        self._hand.move((left + right) // 2, (top + bottom) // 2)
-        self._hand.double_click()
-        wait_until(lambda: not self.is_minimised(), LIMIT, "the panel is open")
+        """Opens the minimised panel by a double click and waits until it has the keyboard. On a busy machine the two clicks may
+        be told too late for a double click; they are made again then."""
+        for _ in range(PRESSES):
+            left, top, right, bottom = self.window()["rect"]
+            self._hand.move((left + right) // 2, (top + bottom) // 2)
+            self._hand.double_click()
+            with contextlib.suppress(AssertionError):
+                wait_until(lambda: not self.is_minimised(), LIMIT / PRESSES, "the panel is open")
+                break
+        else:
+            raise AssertionError(f"the panel stays closed: {self.window()}")
         self._hand.move(*self._away)
         try:
             self.wait_for_keyboard(2)

@@ -50,8 +50,8 @@ Reply Send(HWND window, UINT message, WPARAM wParam, LPARAM lParam, std::int64_t
 // A message that fills a buffer of ours; what the reply counts beyond the buffer is not shown.
 std::string AskForText(HWND window, UINT message, WPARAM wParam, std::vector<wchar_t> buffer) {
   const Reply reply = Send(window, message, wParam, reinterpret_cast<LPARAM>(buffer.data()));
-  const std::int64_t room = static_cast<std::int64_t>(buffer.size());
-  const auto shown = static_cast<std::size_t>(std::clamp<std::int64_t>(reply.result, 0, room));
+  const std::int64_t capacity = static_cast<std::int64_t>(buffer.size());
+  const auto shown = static_cast<std::size_t>(std::clamp<std::int64_t>(reply.result, 0, capacity));
   return reply.Json().Text("text", {buffer.data(), reply.answered ? shown : 0}).Line();
 }
 

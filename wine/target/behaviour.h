@@ -21,7 +21,7 @@ struct Rule {
     kResult,  // the result alone, nothing written
     kDelay,   // as always, but later
     kHold,    // as always, but not before the rule is taken away
-    kText,    // another text is written, as far as the sender's room goes, and the result given
+    kText,    // another text is written, as far as the sender's buffer goes, and the result given
     kHit,     // the list view's hit test says another item and flags
     kThen,    // as always, and a command runs before the sender gets its answer
   };

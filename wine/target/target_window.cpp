@@ -15,18 +15,18 @@ namespace {
 
 constexpr wchar_t kProperty[] = L"TargetWindow";
 
-// Writes as much of the text as fits into capacity units of room; the end mark only where it fits.
-template <class Unit> void Fill(Unit* room, std::size_t capacity, std::basic_string_view<Unit> text) {
+// Writes as much of the text as fits into capacity units of a buffer; the end mark only where it fits.
+template <class Unit> void Fill(Unit* buffer, std::size_t capacity, std::basic_string_view<Unit> text) {
   const std::size_t count = std::min(capacity, text.size());
-  std::memcpy(room, text.data(), count * sizeof(Unit));
-  if (count < capacity) room[count] = 0;
+  std::memcpy(buffer, text.data(), count * sizeof(Unit));
+  if (count < capacity) buffer[count] = 0;
 }
 
 // Wine 8 hands EM_GETLINE from another process over with its capacity lost: the two words at the begin of the
 // block that it made for the line, the sender's capacity and a copy of it where the message points, are left
 // to chance. The control then takes the copy at its word, and the other one decides how many bytes go back,
 // which may end the thread. The block's size tells the capacity again. Elsewhere no heap block begins a word
-// before the line. An ANSI window gets a copy of the line's room to fill, so nothing can be done for it: on
+// before the line. An ANSI window gets a copy of the line's buffer to fill, so nothing can be done for it: on
 // Wine its thread may end.
 void RestoreLineCapacity(LPARAM line) {
   auto* words = reinterpret_cast<WORD*>(line) - 1;
@@ -143,17 +143,17 @@ LRESULT TargetWindow::AnswerByRule(const Rule& rule, UINT message, WPARAM wParam
 
 LRESULT TargetWindow::AnswerText(const Rule& rule, UINT message, WPARAM wParam, LPARAM lParam) {
   const std::string ansi = ToAnsi(rule.text);
-  const auto fill = [&](LPARAM room, std::size_t capacity, bool wide) {
+  const auto fill = [&](LPARAM buffer, std::size_t capacity, bool wide) {
     if (wide)
-      Fill(reinterpret_cast<wchar_t*>(room), capacity, std::wstring_view(rule.text));
+      Fill(reinterpret_cast<wchar_t*>(buffer), capacity, std::wstring_view(rule.text));
     else
-      Fill(reinterpret_cast<char*>(room), capacity, std::string_view(ansi));
+      Fill(reinterpret_cast<char*>(buffer), capacity, std::string_view(ansi));
   };
   switch (message) {
     case WM_GETTEXT: fill(lParam, wParam, unicode_); break;
     case EM_GETLINE: fill(lParam, *reinterpret_cast<const WORD*>(lParam), unicode_); break;
     case LB_GETTEXT: {
-      // The system made room for the length that it was told itself, so the true one is what surely fits.
+      // The system made a buffer for the length that it was told itself, so the true one is what surely fits.
       const LRESULT length = CallPrevious(LB_GETTEXTLEN, wParam, 0);
       if (length >= 0) fill(lParam, static_cast<std::size_t>(length) + 1, unicode_);
       break;

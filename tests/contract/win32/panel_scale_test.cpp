@@ -18,7 +18,7 @@ constexpr UINT kHigh = 192;
 struct Screens {
   POINT begin = {40, 30};  // of the first one, beside what the system keeps there for itself
   LONG edge = 10'000;
-  LONG room = 10'000;  // on the right one, in pixels; the left one has plenty
+  LONG width = 10'000;  // on the right one, in pixels; the left one has plenty
   bool highIsLeft = false;
   UINT told = kLow;  // to the panel
   int changes = 0;   // told
@@ -34,11 +34,11 @@ bool IsLeft(HWND window) {
 
 UINT ScaleOfTwo(HWND window) { return IsLeft(window) == screens.highIsLeft ? kHigh : kLow; }
 
-LONG RoomOfTwo(HWND window) { return IsLeft(window) ? 10'000 : screens.room; }
+LONG WidthOfTwo(HWND window) { return IsLeft(window) ? 10'000 : screens.width; }
 
 POINT BeginOfTwo() { return screens.begin; }
 
-constexpr win32::ScreenQuestions kTwoScreens = {&ScaleOfTwo, &RoomOfTwo, &BeginOfTwo};
+constexpr win32::ScreenQuestions kTwoScreens = {&ScaleOfTwo, &WidthOfTwo, &BeginOfTwo};
 
 WNDPROC panelProcedure = nullptr;
 
@@ -90,8 +90,8 @@ class PanelScaleTest : public ::testing::Test {
     return button.bottom - button.top;
   }
 
-  // The empty room to the right of and below what stands in the window; the same on both sides when it fits.
-  SIZE Room() const {
+  // The empty space to the right of and below what stands in the window; the same on both sides when it fits.
+  SIZE Space() const {
     RECT inside{};
     GetClientRect(panel_.Window(), &inside);
     SIZE most{};
@@ -106,9 +106,9 @@ class PanelScaleTest : public ::testing::Test {
   }
 
   void ExpectFits() const {
-    const SIZE room = Room();
-    EXPECT_GT(room.cx, 0);
-    EXPECT_EQ(room.cx, room.cy);
+    const SIZE space = Space();
+    EXPECT_GT(space.cx, 0);
+    EXPECT_EQ(space.cx, space.cy);
   }
 
   LONG LabelWidth() const {
@@ -160,11 +160,11 @@ TEST_F(PanelScaleTest, ItIsLaidOutAnewOnAScreenOfAnotherScale) {
 
 TEST_F(PanelScaleTest, ItsLabelIsNoWiderThanTheScreenThatItIsOn) {
   screens.edge = 500;
-  screens.room = LabelWidth();
+  screens.width = LabelWidth();
   Watch();
   Move(600, 10);
   EXPECT_EQ(screens.changes, 1);
-  EXPECT_LT(LabelWidth(), screens.room);
+  EXPECT_LT(LabelWidth(), screens.width);
   EXPECT_GT(LabelWidth(), 0);
   ExpectFits();
 }

@@ -22,7 +22,7 @@ def main():
     root = arguments(__doc__).root
     report({"No name begins with an article.": occurrences(root, OWN_FOLDERS, ARTICLE),
             "Only the rooms' given names begin with m.":
-            occurrences(root, ("platform", "win32", "sim", "wine"), FIELD_OF_THE_FORM)})
+            occurrences(root, ("platform", "win32", "linux", "sim", "wine", "x11"), FIELD_OF_THE_FORM)})
 
 
 if __name__ == "__main__":
