@@ -60,6 +60,14 @@ TEST_F(EngineTest, ReleasesSapi4UnlessItIsChosen) {
   }
 }
 
+TEST_F(EngineTest, ChangesNoSpeedOfAnObjectThatIsNotOfTheChosenVersion) {
+  std::ignore = engine.CreateBoth();
+  engine.Choose(4);
+  engine.Calls().ChangeSpeed(1);
+  EXPECT_EQ(simulated.transcript(), "");
+  EXPECT_EQ(engine.Calls().FileSpeed(), 0);
+}
+
 TEST_F(EngineTest, KnowsPlacesOfVoicesInSapi5Only) {
   std::ignore = engine.CreateBoth();
   engine.Choose(4);

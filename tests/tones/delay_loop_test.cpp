@@ -15,13 +15,17 @@ class PassClock final : public Clock {
   double SecondsSinceMidnight() override {
     return std::fmod(start_ + secondsOfAPass_ * static_cast<double>(passes), 86400.0);
   }
-  double BeginPasses() override { return SecondsSinceMidnight(); }
+  double BeginPasses() override {
+    ++beginnings;
+    return SecondsSinceMidnight();
+  }
   double SpinPass() override {
     ++passes;
     return SecondsSinceMidnight();
   }
 
   std::int64_t passes = 0;
+  int beginnings = 0;
 
  private:
   double start_;
@@ -62,6 +66,15 @@ TEST(DelayLoop, RunsOutOverMidnight) {
   clock.passes = 0;
   loop.BusyWait(1000);
   EXPECT_EQ(clock.passes, 1'000'001);
+}
+
+TEST(DelayLoop, TellsTheClockWhenItsPassesBegin) {
+  PassClock clock(36000.0, 0.25);
+  DelayLoop loop(clock);
+  loop.CalibrateDelayLoop();
+  clock.beginnings = 0;
+  loop.BusyWait(1000);
+  EXPECT_EQ(clock.beginnings, 1);
 }
 
 TEST(DelayLoop, WaitsWholePassesOnly) {
