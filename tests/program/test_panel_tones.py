@@ -28,6 +28,8 @@ class Volumes(PanelCase):
     def test_vertical_volume_is_saved_for_all_three(self):
         self.ask("Vertical Volume", 60, "45")
         self.saved(VerticalVolume=45, HorizontalVolume=45, DoDingVolume=45)
+        for answer in ("none", None):
+            self.ask("Vertical Volume", 45, answer)
         self.ask("Vertical Volume", 45, "60")
         self.saved(VerticalVolume=60, HorizontalVolume=60, DoDingVolume=60)
 
@@ -41,7 +43,8 @@ class Volumes(PanelCase):
         name, of = "Keyboard Scaling", "Keyboard Scaling for Midi Note Volume"
         self.ask(name, 50, "20", of)
         self.saved(KeyboardScaling=written_scaling(20))
-        self.ask(name, 20, None, of)
+        for answer in ("x", None):
+            self.ask(name, 20, answer, of)
         self.saved(KeyboardScaling=written_scaling(20))
 
 
