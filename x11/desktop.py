@@ -15,6 +15,7 @@ import ctypes
 import json
 import os
 import pathlib
+import select
 import signal
 import subprocess
 import sys
@@ -30,6 +31,22 @@ PR_SET_PDEATHSIG = 1
 def end_with_us():
     """In a program that is being started: however its parent ends, it ends too."""
     LIBC.prctl(PR_SET_PDEATHSIG, signal.SIGKILL)
+
+
+def next_line(pipe, limit=LIMIT):
+    """The next line that a program writes to a pipe, without its end; what follows stays in the pipe. TimeoutError when it takes
+    longer than the limit, EOFError when the program ends before."""
+    end = time.monotonic() + limit
+    line = b""
+    while not line.endswith(b"\n"):
+        ready, _, _ = select.select([pipe], [], [], max(0, end - time.monotonic()))
+        if not ready:
+            raise TimeoutError(f"no whole line within {limit} s, only {line}")
+        byte = os.read(pipe.fileno(), 1)
+        if not byte:
+            raise EOFError(f"the program has ended, and wrote only {line}")
+        line += byte
+    return line[:-1]
 
 
 class Desktop(contextlib.ExitStack):
@@ -73,18 +90,15 @@ class Desktop(contextlib.ExitStack):
     # Without -noreset the server begins anew when its last client goes, and takes one with it that comes meanwhile.
     def start_server(self):
         reading, writing = os.pipe()
-        server = self.start("Xvfb", "-screen", "0", f"{self.size}x24", "-nolisten", "tcp", "-noreset", "-displayfd",
-                            str(writing), pass_fds=(writing,))
+        self.start("Xvfb", "-screen", "0", f"{self.size}x24", "-nolisten", "tcp", "-noreset", "-displayfd",
+                   str(writing), pass_fds=(writing,))
         os.close(writing)
         with os.fdopen(reading) as display:
-            number = display.readline().strip()
-        if not number:
-            raise RuntimeError(f"no X server: {server.poll()}")
-        return f":{number}"
+            return f":{next_line(display).decode()}"
 
     def start_bus(self):
         bus = self.start("dbus-daemon", "--session", "--nofork", "--print-address=1", stdout=subprocess.PIPE)
-        return bus.stdout.readline().decode().strip()
+        return next_line(bus.stdout).decode()
 
     def start(self, *command, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, pass_fds=(), **env):
         """Starts a program on the desktop; further names are its environment."""
@@ -103,7 +117,7 @@ class Desktop(contextlib.ExitStack):
     def start_recorder(self, socket, log, *options):
         """Starts another one, for a program that has its SPEECHD_ADDRESS."""
         recorder = self.start(sys.executable, HERE / "ssip_recorder.py", socket, log, *options, stdout=subprocess.PIPE)
-        recorder.stdout.readline()
+        assert next_line(recorder.stdout) == b"ready"
         return recorder
 
     def start_sound(self):

@@ -15,12 +15,24 @@ def test_shift_spells(session):
     session.spells_the_field()
 
 
-@pytest.mark.parametrize("click, words", [(("1",), "Click"), (("3",), "Right Click"), (("2",), "Middle Click"),
-                                          (("--repeat", "2", "--delay", "60", "1"), "DoubleClick")])
+@pytest.mark.parametrize("click, words", [(("1",), "Click"), (("3",), "Right Click"), (("2",), "Middle Click")])
 def test_clicks_are_said(session, click, words):
     session.wait_for_name(place(0, 5), "A label")
     said = session.said_after(lambda: session.desktop.output("xdotool", "click", *click))
     session.desktop.wait_until(lambda: words in said())
+
+
+def test_a_double_click_is_said(session):
+    """On a busy machine the two clicks may come too far apart; then they are made once more."""
+    session.wait_for_name(place(0, 5), "A label")
+    since = []
+
+    def press():
+        since.append(len(session.desktop.said()))
+        session.desktop.output("xdotool", "click", "--repeat", "2", "--delay", "60", "1")
+
+    session.desktop.press_until(press, lambda: "DoubleClick" in session.desktop.said()[since[-1]:])
+    assert "Click" not in session.desktop.said()[since[-1]:]
 
 
 class Mouse:

@@ -54,11 +54,23 @@ def test_things_outside_their_own_window_are_left_out():
         assert not is_fit({**thing, **changed})
 
 
-def test_a_program_that_computes_uses_its_share_of_the_processor():
-    processor = cost.Processor(os.getpid())
-    while processor.percent() == 0:
-        sum(range(100_000))
-    assert processor.percent() > 0
+def test_the_share_of_the_processor_is_what_was_used_since_the_beginning(tmp_path):
+    """In the program's own code and in the system's. Its name has a parenthesis, which also ends the name in that file."""
+    stat = tmp_path / "7" / "stat"
+    stat.parent.mkdir()
+    times = iter((10, 14))
+
+    def write(own, system):
+        stat.write_text(f"7 (a) b) S 1 7 7 0 -1 4194304 900 800 700 600 {own} {system} 500 400 20 0 1 0 300", "ascii")
+
+    write(3 * cost.TICKS, 2 * cost.TICKS)
+    processor = cost.Processor(7, tmp_path, lambda: next(times))
+    write(4 * cost.TICKS, 2 * cost.TICKS + cost.TICKS // 2)
+    assert processor.percent() == 37.5
+
+
+def test_the_processor_and_the_memory_of_a_program_that_runs_are_known():
+    assert cost.Processor(os.getpid()).percent() >= 0
     resident, proportional = cost.memory(os.getpid())
     assert resident >= proportional > 1
 

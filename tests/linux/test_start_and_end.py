@@ -7,7 +7,7 @@ import sys
 
 import pytest
 
-from desktop import LIMIT
+from desktop import LIMIT, next_line
 from session import PROGRAM, place, start_pointalk_over
 
 
@@ -42,7 +42,7 @@ def test_another_users_program_does_not_keep_it_from_starting(own):
     own.pointalk.terminate()
     own.pointalk.wait(LIMIT)
     taker = own.desktop.start(sys.executable, "-c", TAKER, name, stdout=subprocess.PIPE)
-    assert taker.stdout.readline() == b"ready\n"
+    assert next_line(taker.stdout) == b"ready"
     greetings = own.desktop.said().count("Pointalk is running.  Hit F1 any time for help.")
     start_pointalk_over(own.desktop)
     own.desktop.wait_until(lambda: own.desktop.said().count("Pointalk is running.  Hit F1 any time for help.") > greetings)

@@ -7,7 +7,7 @@ import time
 
 import pytest
 
-from desktop import LIMIT, Desktop
+from desktop import LIMIT, Desktop, next_line
 from session import PROGRAM, RECORDER, wait_for_tones
 
 
@@ -121,7 +121,7 @@ def test_without_a_bus_for_objects_its_package_is_named(bare, tmp_path):
     settings.write_text(BUS_WITHOUT_SERVICES, encoding="ascii")
     bus = bare.start("dbus-daemon", f"--config-file={settings}", "--nofork", "--print-address=1", stdout=subprocess.PIPE)
     bare.start_voice()
-    start(bare, DBUS_SESSION_BUS_ADDRESS=bus.stdout.readline().decode().strip())
+    start(bare, DBUS_SESSION_BUS_ADDRESS=next_line(bus.stdout).decode())
     bare.wait_until(lambda: "install the package at-spi2-core" in shown(bare))
     wait_for_tones(bare)
     assert shown(bare).count("at-spi2-core") == 1

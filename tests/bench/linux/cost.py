@@ -15,16 +15,17 @@ STRACE_START = 2  # seconds until it has stopped every thread once
 class Processor:
     """The share of a core that a program uses while it is measured."""
 
-    def __init__(self, pid):
-        self._pid = pid
-        self._began, self._used = time.monotonic(), self._seconds()
+    def __init__(self, pid, processes="/proc", clock=time.monotonic):
+        self._file = pathlib.Path(processes) / str(pid) / "stat"
+        self._clock = clock
+        self._began, self._used = clock(), self._seconds()
 
     def _seconds(self):
-        fields = pathlib.Path(f"/proc/{self._pid}/stat").read_text("ascii", "replace").rpartition(")")[2].split()
+        fields = self._file.read_text("ascii", "replace").rpartition(")")[2].split()
         return (int(fields[11]) + int(fields[12])) / TICKS
 
     def percent(self):
-        return 100 * (self._seconds() - self._used) / (time.monotonic() - self._began)
+        return 100 * (self._seconds() - self._used) / (self._clock() - self._began)
 
 
 def memory(pid):
