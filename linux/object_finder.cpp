@@ -1,6 +1,8 @@
 #include "linux/object_finder.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <iterator>
 #include <string_view>
 #include <tuple>
 
@@ -14,6 +16,7 @@ constexpr std::size_t kDeepest = 40;  // objects in each other that are gone thr
 constexpr int kHighestClimb = 2;
 constexpr int kHighestHolder = 4;          // of an item in a pop-up
 constexpr std::size_t kMostWalked = 2000;  // objects of an old GTK 4 window
+constexpr std::size_t kAskedAtOnce = 100;  // of them, so that a walk gets on within the limit
 
 constexpr char kNameMatch[] =
     "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',member='NameOwnerChanged'";
@@ -213,26 +216,31 @@ BusObject ObjectFinder::ChildAt(const BusObject& object, const Measure& measure,
 }
 
 // What an old GTK 4 has not been asked for, it does not find by its place. It is walked through once; a walk
-// that the limit ends goes on the next time. False when it was over before.
+// that the limit ends goes on the next time. False when it was over before, and where the program ended while
+// it was asked, which ends its walk.
 bool ObjectFinder::WalkOn(const BusObject& frame, Moment limit) {
   const auto [entry, isNew] = walks_.try_emplace(frame);
   Walk& walk = entry->second;
-  if (isNew) walk.level.push_back(frame);
-  const auto isOver = [&walk] { return walk.level.empty() || walk.seen >= kMostWalked; };
+  if (isNew) walk.open.push_back(frame);
+  const auto isOver = [&walk] { return walk.open.empty() || walk.seen >= kMostWalked; };
   if (isOver()) return false;
   while (!isOver()) {
+    const auto count = static_cast<std::ptrdiff_t>(std::min(walk.open.size(), kAskedAtOnce));
     std::vector<BusMessage> calls;
-    calls.reserve(walk.level.size());
-    for (const BusObject& object : walk.level) calls.push_back(bus_.Call(object, kAccessible, "GetChildren"));
+    calls.reserve(kAskedAtOnce);
+    std::transform(walk.open.begin(), walk.open.begin() + count, std::back_inserter(calls),
+                   [this](const BusObject& object) { return bus_.Call(object, kAccessible, "GetChildren"); });
     const std::vector<BusMessage> answers = bus_.Ask(std::move(calls), limit);
+    if (!walks_.contains(frame)) return false;
     if (bus_.IsSilent(frame.program) || std::chrono::steady_clock::now() >= limit) break;
-    walk.level.clear();
+    walk.open.erase(walk.open.begin(), walk.open.begin() + count);
     for (const BusMessage& answer : answers) {
       for (BusObject& child : BusReader(answer).ReadObjects()) {
-        if (!child.IsNull()) walk.level.push_back(std::move(child));
+        if (child.IsNull()) continue;
+        walk.open.push_back(std::move(child));
+        ++walk.seen;
       }
     }
-    walk.seen += walk.level.size();
   }
   return true;
 }

@@ -30,7 +30,7 @@ class ObjectFinder {
  private:
   // Through a window of an old GTK 4, level by level.
   struct Walk {
-    std::vector<BusObject> level;  // that is not yet walked through
+    std::vector<BusObject> open;  // whose children were not yet asked for
     std::size_t seen = 0;
   };
 

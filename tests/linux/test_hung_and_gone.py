@@ -4,7 +4,7 @@ import os
 import pathlib
 import signal
 
-from accessible import AccessibleTarget
+from accessible import FRAME, AccessibleTarget
 from desktop import LIMIT
 from session import place, wait_for_name
 
@@ -51,6 +51,19 @@ def test_a_voice_that_dies_comes_back(session):
 
 def test_a_program_that_ends_is_forgotten(session):
     session.start_target_again()
+    session.wait_for_name(place(0, 3), "Toggle me button")
+
+
+def test_an_old_gtk_4_that_ends_while_it_is_walked_through_ends_nobody_else(session):
+    dying = AccessibleTarget(session.desktop, "GTK 4.8.3")
+    dying.show_window("frame", [800, 200, 1000, 300], "Dying")
+    dying.tell(id="frame", rectangle=[800, 200, 1000, 300], role=FRAME, name="Dying", lies={"GetChildren": "death"})
+
+    def has_ended():
+        session.desktop.move(*place(0, 0))
+        session.desktop.move(900, 250)
+        return dying.program.poll() is not None
+    session.desktop.wait_until(has_ended)
     session.wait_for_name(place(0, 3), "Toggle me button")
 
 

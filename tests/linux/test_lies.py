@@ -41,6 +41,10 @@ class Liar:
         self.is_well()
         return self.desktop.said()[before:]
 
+    def says_over(self, x, y, is_meant):
+        """Waits until such a text is said at a place; a busy machine may have to be asked again."""
+        self.desktop.wait_until(lambda: any(map(is_meant, self.said_over(x, y))))
+
 
 @pytest.fixture(scope="module", name="liar")
 def make_liar(desktop):
@@ -80,7 +84,7 @@ def test_objects_that_lie_in_each_other(liar):
     liar.target.put("above", [430, 140, 630, 170], name="Found", **{"child at": "frame"})
     liar.said_over(500, 75)
     liar.said_over(500, 115)
-    assert "Found button" in liar.said_over(500, 155)
+    liar.says_over(500, 155, lambda text: text == "Found button")
 
 
 def test_objects_that_are_not_there(liar):
@@ -90,18 +94,17 @@ def test_objects_that_are_not_there(liar):
 
 def test_a_text_of_two_milliard_characters(liar):
     liar.target.put("huge", [430, 220, 630, 250], TEXT, text="few words", characters=2147483647)
-    assert "few words" in liar.said_over(500, 235)
+    liar.says_over(500, 235, lambda text: text == "few words")
 
 
 def test_a_value_that_is_no_number_of_this_world(liar):
     liar.target.put("slider", [430, 260, 630, 290], SLIDER, name="Level", value=1.7e308)
-    assert "Level" in liar.said_over(500, 275)
+    liar.says_over(500, 275, lambda text: text == "Level")
 
 
 def test_a_name_of_a_hundred_thousand_characters(liar):
     liar.target.put("long", [430, 300, 630, 330], name="long " * 20_000)
-    said = liar.said_over(500, 315)
-    assert any(text.startswith("long long") and len(text) == 133 for text in said)
+    liar.says_over(500, 315, lambda text: text.startswith("long long") and len(text) == 133)
 
 
 def test_a_description_of_a_hundred_thousand_characters(liar):
@@ -117,7 +120,7 @@ def test_a_description_of_a_hundred_thousand_characters(liar):
 
 def test_a_name_that_no_voice_can_say(liar):
     liar.target.put("dots", [430, 340, 630, 370], name="..\r\n.\r\nCANCEL ALL\u0000\u0007\u202e")
-    assert liar.said_over(500, 355)[:1] != ["Healthy button"]
+    liar.says_over(500, 355, lambda text: text.startswith("dot"))
     assert not any(line.get("command", "").startswith("CANCEL ALL") for line in liar.desktop.heard())
 
 
@@ -125,9 +128,9 @@ def test_a_name_that_no_voice_can_say(liar):
 def test_what_lies_in_a_password_field_is_not_said(liar, within):
     liar.target.put("password", [430, 380, 630, 410], PASSWORD, name="Pass phrase")
     liar.target.put("typed", [435, 385, 625, 405], parent="password", **within)
-    said = liar.said_over(500, 395)
-    assert "Pass phrase" in said
-    assert "secret" not in said
+    before = len(liar.desktop.said())
+    liar.says_over(500, 395, lambda text: text == "Pass phrase")
+    assert "secret" not in liar.desktop.said()[before:]
 
 
 def test_a_program_that_answers_one_question_never(own_desktop):
