@@ -48,7 +48,9 @@ XWindowSpot XWindows::At(Point screen) {
   }
   if (top == 0) return {};
   if (const XWindowId client = ClientWithin(top)) return Spot(XWindowSpot::Kind::kTitleBar, client);
-  const XWindowSpot spot = Spot(XWindowSpot::Kind::kPopUp, top);
+  XWindowSpot spot = Spot(XWindowSpot::Kind::kPopUp, top);
+  // Without a window manager nobody marks a program's windows.
+  if (!spot.place.overridesRedirect) spot.kind = XWindowSpot::Kind::kWindow;
   return spot.process == 0 ? XWindowSpot{} : spot;
 }
 

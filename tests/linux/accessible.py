@@ -3,6 +3,7 @@
 import json
 import subprocess
 
+from desktop import next_line
 from session import BUILD
 
 PUSH_BUTTON, FRAME, PANEL, TEXT, LABEL, SLIDER, PASSWORD, STATIC = 43, 23, 39, 61, 29, 51, 40, 116
@@ -15,12 +16,12 @@ class AccessibleTarget:
     def __init__(self, desktop, *toolkits):
         self.program = desktop.start(BUILD / "pointalk_accessible_target", *toolkits, stdin=subprocess.PIPE,
                                      stdout=subprocess.PIPE)
-        assert self.program.stdout.readline() == b"ready\n"
+        assert next_line(self.program.stdout) == b"ready"
 
     def tell(self, **words):
         self.program.stdin.write(json.dumps(words).encode("ascii") + b"\n")
         self.program.stdin.flush()
-        assert self.program.stdout.readline() == b"ok\n"
+        assert next_line(self.program.stdout) == b"ok"
 
     def show_window(self, name, rectangle, title="", program=0, **more):
         """A window with a frame that other objects are put into."""

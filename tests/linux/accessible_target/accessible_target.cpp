@@ -12,8 +12,8 @@
 //
 // objects.h says what an object may have; the frame of a window is an object that has "root" for its parent.
 // A window may have the number of another "process". Of some "kind" it is none like others: a "pop-up", a
-// "tool tip", an "overlay" as compositing managers have, which no pointer is ever in, or one for "input
-// only".
+// "tool tip", an "overlay" as compositing managers have, which no pointer is ever in, one for "input only",
+// or "unmanaged", as all are where no window manager runs.
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
@@ -42,7 +42,7 @@ void ShowWindow(Display* display, const nlohmann::json& words) {
   const auto kind = words.value("kind", "");
   const bool isInputOnly = kind == "input only";
   XSetWindowAttributes attributes{};
-  attributes.override_redirect = True;
+  attributes.override_redirect = kind == "unmanaged" ? False : True;
   attributes.background_pixel = WhitePixel(display, DefaultScreen(display));
   const Window window = XCreateWindow(
       display, DefaultRootWindow(display), box[0], box[1], static_cast<unsigned>(box[2] - box[0]),
