@@ -129,22 +129,29 @@ void Programs::Refresh(Moment limit) {
 }
 
 // A hung program is not waited for, and how it has to be asked is found out once it answers. Where there is
-// no time left nobody is asked, and nothing is taken for known.
+// no time left nobody is asked, and nothing is taken for known. One that ends while it is asked is forgotten
+// at once, as any other.
 void Programs::Meet(const std::vector<Newcomer>& newcomers, Moment limit) {
   const Moment now = std::chrono::steady_clock::now();
   if (limit - now < kShortestMeeting) return Expect();
   std::vector<BusMessage> calls;
-  for (const Newcomer& newcomer : newcomers) {
-    calls.push_back(PropertyCall(bus_, newcomer.root, kApplication, "ToolkitName"));
-    calls.push_back(PropertyCall(bus_, newcomer.root, kApplication, "Version"));
+  for (const auto& [root, process] : newcomers) {
+    met_.insert(root.program);
+    programs_.push_back(std::make_shared<Program>(Program{root, process, Toolkit::kUsual, {}}));
+    calls.push_back(PropertyCall(bus_, root, kApplication, "ToolkitName"));
+    calls.push_back(PropertyCall(bus_, root, kApplication, "Version"));
   }
   const auto answers = bus_.Ask(std::move(calls), std::min(limit, now + kLongestMeeting));
   for (std::size_t i = 0; i < newcomers.size(); ++i) {
-    const auto& [root, process] = newcomers[i];
-    if (bus_.IsSilent(root.program)) continue;
-    met_.insert(root.program);
-    const Toolkit toolkit = ToolkitOf(TextProperty(answers[2 * i]), TextProperty(answers[2 * i + 1]));
-    programs_.push_back(std::make_shared<Program>(Program{root, process, toolkit, {}}));
+    const std::string& name = newcomers[i].root.program;
+    if (bus_.IsSilent(name)) {
+      Forget(name);
+      continue;
+    }
+    const auto program = std::find_if(programs_.begin(), programs_.end(),
+                                      [&name](const auto& known) { return known->root.program == name; });
+    if (program == programs_.end()) continue;
+    (*program)->toolkit = ToolkitOf(TextProperty(answers[2 * i]), TextProperty(answers[2 * i + 1]));
   }
 }
 
