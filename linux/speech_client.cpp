@@ -1,19 +1,17 @@
 #include "linux/speech_client.h"
 
 #include <poll.h>
-#include <pwd.h>
 #include <sys/eventfd.h>
 #include <sys/socket.h>
-#include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstdlib>
+#include <optional>
 #include <tuple>
 #include <utility>
 
 #include "linux/ssip_socket.h"
+#include "linux/ssip_voices.h"
 
 namespace pointalk::linux {
 namespace {
@@ -23,40 +21,6 @@ using Moment = std::chrono::steady_clock::time_point;
 constexpr std::size_t kMostUnanswered = 8;        // texts that go out before the server has taken one of them
 constexpr std::chrono::seconds kConnectPause{1};  // between two attempts
 constexpr std::chrono::seconds kKeptLimit{5};     // after which words are not worth saying any more
-constexpr std::chrono::seconds kListLimit{20};
-constexpr std::chrono::seconds kTakenLimit{5};  // after which a server that has not taken a text is hung
-
-constexpr int kVoiceListed = 249;  // an answer of SSIP
-
-std::string UserName() {
-  const passwd* const user = getpwuid(getuid());
-  return user == nullptr ? "user" : user->pw_name;
-}
-
-std::string Greeting(const char* connection) {
-  return "SET SELF CLIENT_NAME " + UserName() + ":pointalk:" + connection;
-}
-
-std::string UserLanguage() {
-  for (const char* const variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-    const char* const value = std::getenv(variable);
-    if (value != nullptr && *value != '\0') return value;
-  }
-  return {};
-}
-
-// What is there to be read; false when the connection has ended.
-bool ReadInto(int socket, SsipLines& lines) {
-  std::array<char, 4096> bytes{};
-  for (;;) {
-    const ssize_t count = ::recv(socket, bytes.data(), bytes.size(), MSG_DONTWAIT);
-    if (count > 0) {
-      lines.Add({bytes.data(), static_cast<std::size_t>(count)});
-    } else {
-      return count < 0 && (errno == EAGAIN || errno == EINTR);
-    }
-  }
-}
 
 }  // namespace
 
@@ -65,7 +29,8 @@ struct SpeechClient::State {
   std::condition_variable changed;
   OwnedFile wake{eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)};
   OwnedFile socket;
-  bool isTried = false;  // the first attempt to connect is over
+  bool isTried = false;   // the first attempt to connect is over
+  bool isFailed = false;  // the last one has found no server
   bool isUnwanted = false;
   bool mustConnectAgain = false;
 
@@ -77,13 +42,14 @@ struct SpeechClient::State {
   SsipLines lines;
 
   std::vector<std::string> voices;
+  bool isListing = false;
+  std::optional<std::size_t> listed;  // the place of the voice that is used once the voices are known
 
   void Wake() { std::ignore = eventfd_write(wake.Number(), 1); }  // it cannot be full
-  bool IsHung() const {
-    const auto oldest = talk.OldestTextDue();
-    return oldest && std::chrono::steady_clock::now() - *oldest > kTakenLimit;
+  // Not on a connection that is given up for another voice: what it has not spoken by then is not waited for.
+  bool CanSpeak() const {
+    return socket && !mustConnectAgain && out.empty() && talk.TextsDue() < kMostUnanswered;
   }
-  bool CanSpeak() const { return socket && out.empty() && talk.TextsDue() < kMostUnanswered; }
 
   void Send(std::string_view bytes);
   void SendOut();
@@ -94,7 +60,11 @@ struct SpeechClient::State {
   void Run();
   bool Connect(std::unique_lock<std::mutex>& lock);
   void Wait(std::unique_lock<std::mutex>& lock);
-  void ListVoices();
+
+  void Use(const VoiceSettings& settings);
+  void UseName(const std::string& name);
+  void AskForVoices(const std::shared_ptr<State>& self);
+  bool IsUnwanted();
 };
 
 // What the socket does not take waits for the thread.
@@ -137,15 +107,18 @@ bool SpeechClient::State::Connect(std::unique_lock<std::mutex>& lock) {
   auto made = ConnectToSpeechDispatcher();
   lock.lock();
   isTried = true;
+  isFailed = !made;
   mustConnectAgain = false;
   if (made) {
     Lose();
     socket = std::move(*made);
-    Send(talk.Command(Greeting("main")));
-    Send(talk.Command("SET SELF NOTIFICATION END on"));
-    Send(talk.Command("SET SELF NOTIFICATION CANCEL on"));
-    Send(talk.SetUp());
+    const Moment now = std::chrono::steady_clock::now();
+    Send(talk.Command(SsipGreeting("main"), now));
+    Send(talk.AskForEvents(now));
+    Send(talk.SetUp(now));
     SpeakKept();
+  } else if (socket) {
+    SpeakKept();  // with the voice that was to be left
   } else {
     kept.clear();
   }
@@ -171,51 +144,63 @@ void SpeechClient::State::Run() {
 void SpeechClient::State::Wait(std::unique_lock<std::mutex>& lock) {
   const short events = out.empty() ? POLLIN : POLLIN | POLLOUT;
   std::array<pollfd, 2> files{{{wake.Number(), POLLIN, 0}, {socket.Number(), events, 0}}};
-  const bool waitsToConnect = (!socket && !kept.empty()) || mustConnectAgain;
+  // A connection that was lost within the pause is made again after it, though nobody says anything.
+  const bool waitsToConnect = (!socket && (!isTried || !kept.empty())) || mustConnectAgain;
   lock.unlock();
   poll(files.data(), files.size(), waitsToConnect ? 100 : -1);
   eventfd_t unused = 0;
   if (files[0].revents != 0) std::ignore = eventfd_read(wake.Number(), &unused);
   lock.lock();
   if (!socket) return;
-  if (files[1].revents != 0 && !ReadInto(socket.Number(), lines)) {
+  if (files[1].revents != 0 && !ReadSsip(socket.Number(), lines)) {
     Lose();
     isTried = false;  // once more, at once
   }
-  while (const auto line = lines.Next()) talk.Take(*line);
+  const Moment now = std::chrono::steady_clock::now();
+  while (const auto line = lines.Next()) talk.Take(*line, now);
   SendOut();
   SpeakKept();
   changed.notify_all();
 }
 
-// On a connection of its own: some synthesizers need a second or two for their list.
-void SpeechClient::State::ListVoices() {
-  const auto connection = ConnectToSpeechDispatcher();
-  if (!connection) return;
-  const std::string question = Greeting("voices") + "\r\nLIST SYNTHESIS_VOICES\r\n";
-  if (::send(connection->Number(), question.data(), question.size(), MSG_NOSIGNAL) < 0) return;
-  const std::string language = UserLanguage();
-  const Moment end = std::chrono::steady_clock::now() + kListLimit;
-  std::vector<std::string> found;
-  SsipLines answers;
-  bool isOver = false;
-  while (!isOver && std::chrono::steady_clock::now() < end) {
-    pollfd file{connection->Number(), POLLIN, 0};
-    poll(&file, 1, 200);
-    isOver = file.revents != 0 && !ReadInto(connection->Number(), answers);
-    while (const auto line = answers.Next()) {
-      if (line->code >= kFirstError && line->code < kFirstEvent) return;
-      if (line->code != kVoiceListed) continue;
-      const auto voice = line->isLast ? std::nullopt : ParseSsipVoice(line->text);
-      if (voice && IsForUser(voice->language, language)) found.push_back(voice->name);
-      isOver = isOver || line->isLast;
-    }
-    const std::lock_guard lock(mutex);
-    if (isUnwanted) return;
+// A voice that was chosen by its name is only left by connecting anew.
+void SpeechClient::State::Use(const VoiceSettings& settings) {
+  const VoiceSettings before = talk.Settings();
+  if (settings == before) return;
+  const bool leavesVoice = settings.name.empty() && !before.name.empty();
+  const bool leavesType = settings.type.empty() && !before.type.empty();
+  talk.Want(settings);
+  if (leavesVoice || leavesType) {
+    mustConnectAgain = true;
+    Wake();
+  } else if (socket) {
+    Send(talk.SetUp(std::chrono::steady_clock::now()));
   }
+}
+
+void SpeechClient::State::UseName(const std::string& name) {
+  VoiceSettings settings = talk.Settings();
+  settings.type.clear();
+  settings.name = name;
+  Use(settings);
+}
+
+bool SpeechClient::State::IsUnwanted() {
   const std::lock_guard lock(mutex);
-  voices = std::move(found);
-  changed.notify_all();
+  return isUnwanted;
+}
+
+// Where it failed before, or there were none, they are asked for again.
+void SpeechClient::State::AskForVoices(const std::shared_ptr<State>& self) {
+  if (std::exchange(isListing, true)) return;
+  std::thread([self] {
+    auto found = ListSpeechVoices([self] { return self->IsUnwanted(); });
+    const std::lock_guard lock(self->mutex);
+    self->isListing = false;
+    self->voices = std::move(found);
+    const auto place = std::exchange(self->listed, std::nullopt);
+    if (place && *place < self->voices.size()) self->UseName(self->voices[*place]);
+  }).detach();
 }
 
 SpeechClient::SpeechClient() : state_(std::make_shared<State>()) {
@@ -230,7 +215,6 @@ SpeechClient::~SpeechClient() {
     state_->Wake();
   }
   thread_.detach();
-  if (lister_.joinable()) lister_.detach();
 }
 
 bool SpeechClient::WaitForServer(std::chrono::milliseconds limit) {
@@ -245,7 +229,7 @@ void SpeechClient::Silence() {
   state_->talk.Cut();
   if (!state_->socket || state_->isCutOff) return;
   state_->isCutOff = true;
-  state_->Send(state_->talk.Command("CANCEL SELF"));
+  state_->Send(state_->talk.Command("CANCEL SELF", std::chrono::steady_clock::now()));
 }
 
 void SpeechClient::Say(const std::string& line) {
@@ -258,24 +242,20 @@ void SpeechClient::Say(const std::string& line) {
 
 bool SpeechClient::IsQuiet() {
   const std::lock_guard lock(state_->mutex);
-  if (state_->IsHung()) return true;
-  return state_->kept.empty() && state_->talk.TextsDue() == 0 && !state_->talk.IsSounding();
+  SsipTalk& talk = state_->talk;
+  const Moment now = std::chrono::steady_clock::now();
+  if (talk.IsHung(now) || (state_->isFailed && !state_->socket)) return true;
+  if (!state_->kept.empty() || talk.TextsDue() > 0) return false;
+  if (!talk.IsSounding(now)) return true;
+  if (state_->socket) state_->Send(talk.AskForSign(now));
+  return false;
 }
 
-// A voice that was chosen by its name is only left by connecting anew.
-void SpeechClient::Use(const VoiceSettings& settings) {
+void SpeechClient::Change(const std::function<void(VoiceSettings&)>& change) {
   const std::lock_guard lock(state_->mutex);
-  const VoiceSettings before = state_->talk.Settings();
-  if (settings == before) return;
-  const bool leavesVoice = settings.name.empty() && !before.name.empty();
-  const bool leavesType = settings.type.empty() && !before.type.empty();
-  state_->talk.Want(settings);
-  if (leavesVoice || leavesType) {
-    state_->mustConnectAgain = true;
-    state_->Wake();
-  } else if (state_->socket) {
-    state_->Send(state_->talk.SetUp());
-  }
+  VoiceSettings settings = state_->talk.Settings();
+  change(settings);
+  state_->Use(settings);
 }
 
 VoiceSettings SpeechClient::Settings() {
@@ -283,17 +263,30 @@ VoiceSettings SpeechClient::Settings() {
   return state_->talk.Settings();
 }
 
+void SpeechClient::UseType(const std::string& type) {
+  const std::lock_guard lock(state_->mutex);
+  state_->listed.reset();
+  VoiceSettings settings = state_->talk.Settings();
+  settings.type = type;
+  settings.name.clear();
+  state_->Use(settings);
+}
+
+bool SpeechClient::UseListed(std::size_t place) {
+  const std::lock_guard lock(state_->mutex);
+  if (state_->voices.empty()) {
+    state_->listed = place;
+    state_->AskForVoices(state_);
+    return true;
+  }
+  if (place >= state_->voices.size()) return false;
+  state_->UseName(state_->voices[place]);
+  return true;
+}
+
 std::vector<std::string> SpeechClient::Voices() {
   const std::lock_guard lock(state_->mutex);
   return state_->voices;
-}
-
-void SpeechClient::AskForVoices(std::function<void()> whenKnown) {
-  if (lister_.joinable()) return;
-  lister_ = std::thread([state = state_, whenKnown = std::move(whenKnown)] {
-    state->ListVoices();
-    whenKnown();
-  });
 }
 
 }  // namespace pointalk::linux

@@ -4,7 +4,7 @@
 
 #include <chrono>
 #include <condition_variable>
-#include <cstdint>
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -37,26 +37,31 @@ class SpeechClient {
   // Says a line (of SsipText), after what is being said.
   void Say(const std::string& line);
 
-  // Everything that was said has been spoken, or cut off, or there is nobody who could: no server, or one
-  // that has not taken a text for seconds.
+  // Everything that was said has been spoken, or cut off, or there is nobody who could: no server when one
+  // was looked for last, or one that has not taken a text for seconds.
   bool IsQuiet();
 
-  void Use(const VoiceSettings& settings);
+  // Has the settings changed by a function, between which and the present ones no other change comes.
+  void Change(const std::function<void(VoiceSettings&)>& change);
   // Those that are in use; one that the server refused is as it was before.
   VoiceSettings Settings();
 
-  // The voices of the user's language, without their variants; none before they were asked for.
-  std::vector<std::string> Voices();
+  // One of SSIP's kinds of voices, or the user's own where it is empty.
+  void UseType(const std::string& type);
 
-  // Asks for them, the first time that it is called. The call back comes on another thread.
-  void AskForVoices(std::function<void()> whenKnown);
+  // One of Voices() by its place. While they are not known they are asked for on another thread, and the
+  // voice is used once they are, where no other one was chosen by then. False when there is none at that
+  // place.
+  bool UseListed(std::size_t place);
+
+  // The voices of the user's language, without their variants; none before one of them was chosen.
+  std::vector<std::string> Voices();
 
  private:
   struct State;
 
   std::shared_ptr<State> state_;
   std::thread thread_;
-  std::thread lister_;
 };
 
 }  // namespace pointalk::linux

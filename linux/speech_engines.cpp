@@ -12,10 +12,10 @@ namespace {
 
 constexpr std::chrono::seconds kServerLimit{12};
 
-// How long an utterance may take before it is no longer waited for: a slow voice needs a quarter of a second
-// for a character.
+// How long an utterance may take before it is no longer waited for. The slowest rate of espeak-ng is 80 words
+// a minute, which is an eighth of a second for a character.
 constexpr std::chrono::milliseconds kUtteranceLimit{5000};
-constexpr std::chrono::milliseconds kCharacterLimit{250};
+constexpr std::chrono::milliseconds kCharacterLimit{125};
 
 struct KindOfVoice {
   TextView description;
@@ -56,18 +56,14 @@ std::optional<double> LinuxSapi5Voice::Rate() {
 bool LinuxSapi5Voice::SetRate(double rate) {
   const auto whole = Whole(rate, -10, 10);
   if (!isCreated_ || !whole) return false;
-  VoiceSettings settings = client_.Settings();
-  settings.rate = *whole * 10;
-  client_.Use(settings);
+  client_.Change([&whole](VoiceSettings& settings) { settings.rate = *whole * 10; });
   return true;
 }
 
 bool LinuxSapi5Voice::SetVolume(double volume) {
   const auto whole = Whole(volume, 0, 100);
   if (!isCreated_ || !whole) return false;
-  VoiceSettings settings = client_.Settings();
-  settings.volume = *whole * 2 - 100;
-  client_.Use(settings);
+  client_.Change([&whole](VoiceSettings& settings) { settings.volume = *whole * 2 - 100; });
   return true;
 }
 
@@ -89,28 +85,9 @@ std::optional<Text> LinuxSapi5Voice::VoiceDescription(std::int32_t index) {
 bool LinuxSapi5Voice::SetVoice(std::int32_t index) {
   if (!isCreated_ || index < 0) return false;
   const auto place = static_cast<std::size_t>(index);
-  if (place >= std::size(kKindsOfVoice)) {
-    const std::size_t listed = place - std::size(kKindsOfVoice);
-    const auto voices = client_.Voices();
-    if (!voices.empty() && listed >= voices.size()) return false;
-    client_.AskForVoices([&client = client_, listed] { UseListed(client, listed); });
-    UseListed(client_, listed);
-    return true;
-  }
-  VoiceSettings settings = client_.Settings();
-  settings.type = kKindsOfVoice[place].type;
-  settings.name.clear();
-  client_.Use(settings);
+  if (place >= std::size(kKindsOfVoice)) return client_.UseListed(place - std::size(kKindsOfVoice));
+  client_.UseType(kKindsOfVoice[place].type);
   return true;
-}
-
-void LinuxSapi5Voice::UseListed(SpeechClient& client, std::size_t listed) {
-  const auto voices = client.Voices();
-  if (listed >= voices.size()) return;
-  VoiceSettings settings = client.Settings();
-  settings.type.clear();
-  settings.name = voices[listed];
-  client.Use(settings);
 }
 
 bool LinuxSapi5Voice::Speak(TextView text, std::optional<int> flags) {
@@ -121,7 +98,7 @@ bool LinuxSapi5Voice::Speak(TextView text, std::optional<int> flags) {
   if (!line.empty()) client_.Say(line);
   if ((how & kSpeakAsync) != 0 || line.empty()) return true;
   waiting_.WaitUntil([this] { return client_.IsQuiet(); },
-                     kUtteranceLimit + kCharacterLimit * static_cast<int>(line.size()));
+                     kUtteranceLimit + kCharacterLimit * static_cast<int>(text.size()));
   return true;
 }
 

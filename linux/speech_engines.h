@@ -28,8 +28,6 @@ class LinuxSapi5Voice final : public Sapi5Voice {
   bool Speak(TextView text, std::optional<int> flags) override;
 
  private:
-  static void UseListed(SpeechClient& client, std::size_t listed);
-
   SpeechClient& client_;
   Waiting& waiting_;
   Notices& notices_;

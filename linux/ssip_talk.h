@@ -33,7 +33,14 @@ class SsipTalk {
   void Begin();
 
   // The bytes of a command whose answer changes nothing.
-  std::string Command(std::string_view line);
+  std::string Command(std::string_view line, Moment now);
+
+  // The bytes that ask for being told when texts begin and end.
+  std::string AskForEvents(Moment now);
+
+  // The bytes of a command that changes nothing, by whose answer a server that still works is known from one
+  // that is stopped; empty where an answer is due, or was due not long ago.
+  std::string AskForSign(Moment now);
 
   // What is said before this is not waited for any more.
   void Cut();
@@ -41,43 +48,52 @@ class SsipTalk {
   void Want(const VoiceSettings& settings) { wanted_ = settings; }
 
   // The bytes that set the voice up as it is wanted.
-  std::string SetUp();
+  std::string SetUp(Moment now);
 
   // The bytes that say a line (of SsipText).
   std::string Speak(std::string_view line, Moment now);
 
   // A line that the server has sent.
-  void Take(const SsipLine& line);
+  void Take(const SsipLine& line, Moment now);
 
   // What was wanted last, but for what the server has refused: that is as the server has it.
   const VoiceSettings& Settings() const { return wanted_; }
 
-  // Texts that the server has neither taken nor refused, and when the first of them was sent.
+  // Texts that the server has neither taken nor refused.
   std::size_t TextsDue() const { return textsDue_; }
-  std::optional<Moment> OldestTextDue() const;
 
-  // A text that was taken since the last cut is being spoken.
-  bool IsSounding() const { return !sounding_.empty(); }
+  // The server has owed an answer for so long that it is not waited for any more.
+  bool IsHung(Moment now) const;
+
+  // A text that was taken since the last cut is being spoken, as far as the server tells. Of one that tells
+  // no events this is not known, and does not hold after a while.
+  bool IsSounding(Moment now);
 
  private:
-  enum class What { kOther, kText, kRate, kVolume, kType, kName };
+  enum class What { kOther, kText, kEndEvents, kRate, kVolume, kType, kName };
+  enum class Events { kUnknown, kCome, kNone };
   struct Due {
     What what = What::kOther;
+    Moment sent;
     VoiceSettings with;  // what a setting was set to
     unsigned cut = 0;    // that a text came after
-    Moment sent;
   };
 
-  std::string Set(What what, const std::string& words);
+  std::string Send(What what, std::string_view line, Moment now);
   void DropUntilText();
   void TakeEvent(const SsipLine& line);
+  void TakeTextNumber(const std::string& number, Moment now);
   void TakeAnswer(const SsipLine& line);
 
   std::deque<Due> due_;
+  Moment lastSent_;
+  bool answersTextsOnly_ = false;
   std::size_t textsDue_ = 0;
   unsigned cut_ = 0;                // counts the cuts
   std::set<std::string> sounding_;  // numbers of the texts that were taken since the last cut
-  std::string eventText_;           // the number that the event being read is about
+  Moment soundingSince_;            // when the first of them was taken
+  Events events_ = Events::kUnknown;
+  std::string eventText_;  // the number that the event being read is about
   VoiceSettings wanted_;
   VoiceSettings had_;  // what the server has taken
 };
