@@ -41,9 +41,16 @@ std::string Command() {
 
 }  // namespace
 
+// The desktop's own settings switch an entry off by a line in it.
 bool StartsWithSession() {
-  std::error_code error;
-  return fs::is_regular_file(EntryPath(), error);
+  std::ifstream entry(EntryPath());
+  std::string line;
+  bool isThere = false;
+  while (std::getline(entry, line)) {
+    if (line == "Hidden=true") return false;
+    isThere = true;
+  }
+  return isThere;
 }
 
 bool StartWithSession() {
@@ -59,7 +66,9 @@ bool StartWithSession() {
         << "\n"
            "Terminal=false\n";
   entry.close();
-  return entry.good();
+  if (entry.good()) return true;
+  fs::remove(EntryPath(), error);  // a part of it would count as the whole
+  return false;
 }
 
 bool StartWithSessionNoMore() {

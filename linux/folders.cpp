@@ -1,6 +1,8 @@
 #include "linux/folders.h"
 
+#include <pwd.h>
 #include <starting_settings.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <fstream>
@@ -18,13 +20,19 @@ fs::path FolderFrom(const char* variable) {
   return path.is_absolute() ? path : fs::path();
 }
 
+// Some sessions start programs without the variable.
+fs::path Home() {
+  fs::path named = FolderFrom("HOME");
+  if (!named.empty()) return named;
+  const passwd* const user = getpwuid(getuid());
+  return user == nullptr || user->pw_dir == nullptr ? "/" : user->pw_dir;
+}
+
 }  // namespace
 
 fs::path ConfigHome() {
   fs::path named = FolderFrom("XDG_CONFIG_HOME");
-  if (!named.empty()) return named;
-  const fs::path home = FolderFrom("HOME");
-  return (home.empty() ? fs::path("/") : home) / ".config";
+  return named.empty() ? Home() / ".config" : named;
 }
 
 fs::path ProgramFolderPath() { return ConfigHome() / "pointalk"; }
@@ -35,7 +43,9 @@ bool EnterProgramFolder() {
   const bool made = fs::create_directories(folder, error);
   if (made) std::ofstream(folder / "PTK.ini", std::ios::binary) << kStartingSettings;
   fs::current_path(folder, error);
-  return !error;
+  if (!error) return true;
+  fs::current_path("/", error);  // nothing is left in a folder where the user happens to be
+  return false;
 }
 
 }  // namespace pointalk::linux
