@@ -4,8 +4,9 @@
     tools/run_tests.py [STEP...]
 
 Without a name every step runs. Each step's output goes to build/test-logs/STEP.log. The counts are the runners' own; a
-step that ends badly without a failed test to show for it, or that counts no test at all, is one failed. A step whose tool
-is not on this machine is skipped, and said to be. tools/run_tests.py --list names the steps."""
+step that ends badly without a failed test to show for it, or that counts no test at all, is one failed, and so is one that
+needs a step which failed. A step whose tool is not on this machine is skipped, and said to be. tools/run_tests.py --list
+names the steps."""
 
 import concurrent.futures
 import contextlib
@@ -93,32 +94,43 @@ def whole_program(name, *files, **more):
                       *([folder / f"{file}.py" for file in files] or [folder]), **more)
 
 
+def needing(builds, *steps):
+    """The steps, which are not run when one of these builds has failed."""
+    for step in steps:
+        step.needs = builds
+    return list(steps)
+
+
 # What runs under Wine, which comes first so that the tests there begin soon.
 PROGRAMS = [
     preset("mingw-x86_64-release", "Pointalk", "pointalk_voice", "pointalk_automation", "pointalk_winmm", "pointalk_target",
            "pointalk_probe", "pointalk_saver", "voice_probe", "midi_probe", step="build-programs"),
     Step("prefix", "sh", "-c", f"rm -rf '{PREFIX}' && wine/prefix.sh make '{PREFIX}'", seconds=600),
 ]
+ALL_FOR_WINDOWS = preset("mingw-x86_64-release")
 # These two lists go on beside one another and beside the native steps.
-WHOLE_PROGRAM = [
-    whole_program("program"),
-]
-COMPANIONS = [
+WHOLE_PROGRAM = needing(PROGRAMS, whole_program("program"))
+COMPANIONS = needing(
+    PROGRAMS,
     under_wine("wine", python_tests, ROOT / "tests" / "wine", launcher=on_desktop(WINDOWS)),
     under_wine("packages", python_tests, ROOT / "tests" / "packages"),
-    preset("mingw-x86_64-release"),
+    ALL_FOR_WINDOWS,
+) + needing(
+    [*PROGRAMS, ALL_FOR_WINDOWS],
     under_wine("contract-win32", gtest, WINDOWS / "pointalk_contract.exe", *on_desktop(WINDOWS), "wine"),
-]
+)
 # The program for a Linux desktop, on desktops without a screen, a sound card or a voice.
-DESKTOP = [
-    preset("linux-release", "pointalk", "pointalk_note_recorder", "pointalk_qt_target", "pointalk_accessible_target",
-           "pointalk_contract_linux", "pointalk-rehearse", step="build-linux"),
+FOR_LINUX = preset("linux-release", "pointalk", "pointalk_note_recorder", "pointalk_qt_target", "pointalk_accessible_target",
+                   "pointalk_contract_linux", "pointalk-rehearse", step="build-linux")
+DESKTOP = [FOR_LINUX] + needing(
+    [FOR_LINUX],
     rehearsals("rehearsals", LINUX),
     gtest("contract-linux", LINUX / "pointalk_contract_linux", sys.executable, ROOT / "tests" / "linux" / "on_desktop.py"),
     python_tests("linux", "-n", DESKTOPS, "--dist", "loadfile", ROOT / "tests" / "linux",
                  environment={"POINTALK_LINUX_BUILD": str(LINUX)}),
     check("deb", LINUX / "pointalk", lacks=lacks_program("lintian")),
-]
+)
+FOR_32_BITS = preset("mingw-i686-release", "Pointalk" if what_is_missing() else "all")
 # These go on beside the sanitized build, which is the longest, and its tests.
 CHECKS = [
     python_tests("self-tests", TOOLS / "tests"),
@@ -129,25 +141,30 @@ CHECKS = [
     check("scripts"),
     check("format", lacks=lacks_program("clang-format-14")),
     plain_build(),
-    preset("mingw-i686-release", "Pointalk" if what_is_missing() else "all"),
+    FOR_32_BITS,
     tidy(),
 ]
-NATIVE = [
-    preset("linux-asan-clang"),
+SANITIZED = preset("linux-asan-clang")
+NATIVE = [SANITIZED] + needing(
+    [SANITIZED],
     gtest("tests", CLANG / "pointalk_tests", environment=SANITIZERS),
     gtest("contract-sim", CLANG / "pointalk_contract", environment=SANITIZERS),
     rehearsals("rehearsals-sanitized", CLANG),
     Step("fuzz", sys.executable, TOOLS / "run_fuzzers.py", CLANG, seconds=600, counts=last_line, environment=SANITIZERS),
-]
+)
 # What looks at several builds.
-LAST = [
+LAST = needing(
+    [PROGRAMS[0], ALL_FOR_WINDOWS, FOR_LINUX, SANITIZED],
     check("tests_built", CLANG, LINUX, WINDOWS),
+) + needing(
+    [PROGRAMS[0], FOR_32_BITS],
     check("exe", WINDOWS / "Pointalk.exe", WINDOWS_32 / "Pointalk.exe"),
     check("packages", WINDOWS / "Pointalk.exe", WINDOWS_32 / "Pointalk.exe"),
-]
+)
 # What the 64-bit program passes, over the 32-bit one, and each of both over programs of the other width.
 OVER_THE_OTHER = ("test_exe_names", "test_exe_controls", "test_exe_lists", "test_exe_texts", "test_one_pointalk")
-THIRTY_TWO_BITS = [
+THIRTY_TWO_BITS = needing(
+    [*PROGRAMS, FOR_32_BITS],
     whole_program("program-32", build=WINDOWS_32, lacks=what_is_missing),
     whole_program("program-32-over-64", *OVER_THE_OTHER, build=WINDOWS_32, target_build=WINDOWS, lacks=what_is_missing),
     whole_program("program-64-over-32", *OVER_THE_OTHER, target_build=WINDOWS_32, lacks=what_is_missing),
@@ -156,7 +173,7 @@ THIRTY_TWO_BITS = [
     under_wine("packages-32", python_tests, ROOT / "tests" / "packages", build=WINDOWS_32, lacks=what_is_missing),
     under_wine("contract-32", gtest, WINDOWS_32 / "pointalk_contract.exe", *on_desktop(WINDOWS_32), "wine",
                build=WINDOWS_32, lacks=what_is_missing),
-]
+)
 ALL = PROGRAMS + WHOLE_PROGRAM + COMPANIONS + DESKTOP + CHECKS + NATIVE + LAST + THIRTY_TWO_BITS
 
 
@@ -168,6 +185,7 @@ class Tally:
         self.failed = 0
         self.skipped = 0
         self.stopped = False
+        self._went_wrong = set()  # the names of the steps
         self._lock = threading.Lock()
         self._told = time.monotonic()
 
@@ -180,6 +198,8 @@ class Tally:
         with self._lock:
             self.passed += passed
             self.failed += failed
+            if failed:
+                self._went_wrong.add(name)
         shown = [f"       | {line}" for line in tail] if failed else []
         self.tell(f"{'ok    ' if not failed else 'FAILED'} {name:24} {words} ({seconds:.0f} s)", *shown)
 
@@ -189,24 +209,19 @@ class Tally:
         self.tell(f"skipped {name:23} {why}")
 
     def run(self, steps):
-        """One after the other; returns whether all went well."""
-        all_well = True
+        """One after the other; what cannot run counts as failed."""
         for step in steps:
             if self.stopped:
-                return False
+                return
+            wrong = [needed.name for needed in step.needs if needed.name in self._went_wrong]
             if step.lacks():
                 self.skip(step.name, step.lacks())
-                continue
-            began = time.monotonic()
-            passed, failed, words = step.run()
-            self.add(step.name, passed, failed, words, time.monotonic() - began, step.what_failed())
-            all_well = all_well and not failed
-        return all_well
-
-    def give_up(self, steps):
-        """What cannot run counts as failed."""
-        for step in steps:
-            self.add(step.name, 0, 1, "not run: what it needs was not built", 0)
+            elif wrong:
+                self.add(step.name, 0, 1, f"not run, since {' and '.join(wrong)} failed", 0)
+            else:
+                began = time.monotonic()
+                passed, failed, words = step.run()
+                self.add(step.name, passed, failed, words, time.monotonic() - began, step.what_failed())
 
     @contextlib.contextmanager
     def telling_what_runs(self, steps):
@@ -258,9 +273,8 @@ def run_all(tally, wanted):
                 lane.result()
 
     def for_windows():
-        if not tally.run(wanted(PROGRAMS)):
-            return tally.give_up(wanted(WHOLE_PROGRAM + COMPANIONS))
-        return side_by_side((tally.run, wanted(WHOLE_PROGRAM)), (tally.run, wanted(COMPANIONS)))
+        tally.run(wanted(PROGRAMS))
+        side_by_side((tally.run, wanted(WHOLE_PROGRAM)), (tally.run, wanted(COMPANIONS)))
 
     # What waits for a sound or a window goes first, next what such steps are built by, and last what only computes. It would
     # hardly go on at the lowest priority where the machine has other work.
@@ -270,13 +284,8 @@ def run_all(tally, wanted):
     for step in CHECKS + NATIVE:
         step.niceness = lower if step.name == "self-tests" else lowest  # whose commands have limits
 
-    def for_linux():
-        if not tally.run(wanted(DESKTOP[:1])):
-            return tally.give_up(wanted(DESKTOP[1:]))
-        return tally.run(wanted(DESKTOP[1:]))
-
     with tally.telling_what_runs(ALL):
-        side_by_side((for_windows,), (for_linux,), (tally.run, wanted(NATIVE)), (tally.run, wanted(CHECKS)))
+        side_by_side((for_windows,), *((tally.run, wanted(steps)) for steps in (DESKTOP, NATIVE, CHECKS)))
         tally.run(wanted(LAST))
         tally.run(wanted(THIRTY_TWO_BITS))
 
@@ -300,7 +309,8 @@ def main():
     if tally.skipped:
         print(f"{tally.skipped} skipped: the lines above that begin with that word say why")
     print(f"{tally.passed} passed, {tally.failed} failed")
-    sys.exit(1 if tally.failed or not tally.passed else 0)
+    # Steps that are named may only build, or all be skipped; of all steps some must pass.
+    sys.exit(1 if tally.failed or not tally.passed and not sys.argv[1:] else 0)
 
 
 if __name__ == "__main__":

@@ -5,7 +5,7 @@
 #                              far it is; `desktop`, `wine`, `tour`, `package`, `test`, `bench` and `wine32` are
 #                              groups
 
-# `a|b` is the first of the two that this system has.
+# `a|b` is the first of the two that this system has, and `a|` is left out where the system has no a.
 #
 # What pointalk is built of, and what it needs on a desktop; xdotool tells whether there is one.
 POINTALK_desktop=(
@@ -34,7 +34,7 @@ POINTALK_test=(
   "${POINTALK_tour[@]}" "${POINTALK_package[@]}" libglib2.0-bin libxext-dev gir1.2-gtk-3.0 gcc
   lintian appstream desktop-file-utils man-db
   build-essential libgtest-dev libgmock-dev googletest libbenchmark-dev
-  clang "libclang-rt-dev|clang" "clang-format-14|clang-format" "clang-tidy-14|clang-tidy"
+  clang "libclang-rt-dev|clang" "clang-format-14|" "clang-tidy-14|"  # the two judge by this release alone
   python3-pytest python3-pytest-xdist python3-jsonschema python3-yaml flake8 shellcheck 7zip librsvg2-bin icoutils
 )
 # What pointalk is measured beside, and with.
@@ -51,8 +51,9 @@ pointalk_missing() {
   for group in "$@"; do
     local -n packages=POINTALK_$group
     for entry in "${packages[@]}"; do
-      IFS='|' read -r -a alternatives <<<"$entry"
+      mapfile -t alternatives <<<"${entry//|/$'\n'}"
       for name in "${alternatives[@]}"; do
+        if [ -z "$name" ]; then break; fi
         if [ "$(dpkg-query -W -f='${db:Status-Status}' "$name" 2>/dev/null)" = installed ]; then break; fi
         if apt-cache policy "$name" 2>/dev/null | grep -q 'Candidate: [^(]' || [ "$name" = "${alternatives[-1]}" ]; then
           echo "$name"
@@ -84,6 +85,11 @@ pointalk_progress() {
   if [ -t 1 ] && [ -n "${step:-}" ]; then printf '\r  %-24s\r' ""; fi
 }
 
+# Says what is done and how long it took; the second argument is SECONDS as it was at the beginning.
+pointalk_took() {
+  echo "$1 ($((SECONDS - $2)) s)."
+}
+
 # Runs apt-get with these arguments, showing how far it is; what it says goes to standard error.
 pointalk_apt() {
   local -a as_root=() options=(-q -y -o Acquire::Retries=3 -o DPkg::Lock::Timeout=300 -o APT::Status-Fd=3)
@@ -95,7 +101,7 @@ pointalk_apt() {
 }
 
 pointalk_setup() {
-  local number
+  local number began=$SECONDS
   local -a missing
   if ! command -v apt-get >/dev/null; then
     echo "The set-up needs apt-get: a Debian or an Ubuntu." >&2
@@ -112,7 +118,8 @@ pointalk_setup() {
   mapfile -t missing < <(pointalk_missing "$@")  # what this system has may have changed
   number=$(apt-get -s -q --no-install-recommends install "${missing[@]}" 2>/dev/null | grep -c '^Inst ')
   echo "Installing $number packages: ${missing[*]}, and what they need..."
-  pointalk_apt --no-install-recommends install "${missing[@]}"
+  pointalk_apt --no-install-recommends install "${missing[@]}" || return 1
+  pointalk_took "Installed $number packages" "$began"
 }
 
 # Adds the 32-bit packages to those that apt knows, which only who asks for a 32-bit Wine gets.

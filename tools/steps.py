@@ -24,6 +24,8 @@ class Step:
     """One command; `counts` reads its test counts from its output, or is None where it only builds. A step that `lacks`
     something (a function that says what, or an empty text) is skipped: what decides its verdict is not on every system."""
 
+    needs = ()  # the steps that build what it uses
+
     def __init__(self, name, *command, seconds, counts=None, environment=None, folder=ROOT, lacks=lambda: ""):
         self.name = name
         self.command = [str(part) for part in command]
@@ -51,7 +53,7 @@ class Step:
         if not self.counts:
             return 0, int(status != 0), "built" if status == 0 else f"exit status {status}"
         try:
-            passed, failed = self.counts(self)
+            passed, failed, skipped = self.counts(self)
         except (OSError, ValueError, xml.etree.ElementTree.ParseError) as error:
             return 0, 1, f"exit status {status}, no counts: {error}"
         if status == KILLED and "wine" in self.command and passed:
@@ -60,7 +62,7 @@ class Step:
             return passed, 1, f"{passed} passed, but exit status {status}"
         if not passed and not failed:
             return 0, 1, "ran no test"
-        return passed, failed, f"{passed} passed, {failed} failed"
+        return passed, failed, f"{passed} passed, {failed} failed" + (f", {skipped} skipped" if skipped else "")
 
     def execute(self):
         environment = {**os.environ, **self.environment}
@@ -114,22 +116,24 @@ class Step:
 
 
 def last_line(step):
-    """The counts that our own runners print last."""
+    """The counts that our own runners print last; they skip none."""
     found = re.findall(r"^(\d+) passed, (\d+) failed$", step.log.read_text("utf-8", "replace"), re.M)
     if not found:
         raise ValueError("no last line")
-    return int(found[-1][0]), int(found[-1][1])
+    return int(found[-1][0]), int(found[-1][1]), 0
 
 
 def report_counts(step):
-    """The counts of a report as GoogleTest and pytest write it."""
-    passed = failed = 0
+    """The counts of a report as GoogleTest and pytest write it: passed, failed, skipped."""
+    passed = failed = skipped = 0
     for suite in xml.etree.ElementTree.parse(step.report()).getroot().iter("testsuite"):
         number = {key: int(suite.get(key, 0)) for key in ("tests", "failures", "errors", "skipped", "disabled")}
         bad = number["failures"] + number["errors"]
+        left_out = number["skipped"] + number["disabled"]
         failed += bad
-        passed += number["tests"] - bad - number["skipped"] - number["disabled"]
-    return passed, failed
+        skipped += left_out
+        passed += number["tests"] - bad - left_out
+    return passed, failed, skipped
 
 
 def lacks_program(name):

@@ -35,10 +35,13 @@ class Folder(unittest.TestCase):
 
 
 class Steps(Folder):
-    def outcome(self, body, counts=None, seconds=20):
+    def run_step(self, body, counts=None, seconds=20):
         step = steps.Step("step", "sh", "-c", body, seconds=seconds, counts=counts)
         step.log = self.folder / "step.log"
-        return step.run()[:2]
+        return step.run()
+
+    def outcome(self, *arguments, **named):
+        return self.run_step(*arguments, **named)[:2]
 
     def test_a_build(self):
         self.assertEqual(self.outcome("true"), (0, 0))
@@ -64,6 +67,8 @@ class Steps(Folder):
         self.assertEqual(self.outcome(report(0), steps.report_counts), (2, 0))
         self.assertEqual(self.outcome(report(1) + "exit 1", steps.report_counts), (1, 1))
         self.assertEqual(self.outcome(report(0) + "exit 1", steps.report_counts), (2, 1))
+        self.assertEqual(self.run_step(report(1) + "exit 1", steps.report_counts)[2], "1 passed, 1 failed, 2 skipped")
+        self.assertEqual(self.run_step("echo 3 passed, 0 failed", steps.last_line)[2], "3 passed, 0 failed")
 
     def test_what_is_shown_of_a_failed_step(self):
         step = steps.Step("step", "true", seconds=1)
@@ -143,6 +148,18 @@ class TallyOfSteps(Folder):
         self.assertIn("skipped other", said.getvalue())
         self.assertIn("no-such-program is not installed", said.getvalue())
 
+    def test_what_needs_a_failed_step_is_not_run_and_failed(self):
+        build, other = self.step("build", "false"), self.step("other", "true")
+        test = self.step("test", "touch", self.folder / "ran", counts=steps.last_line)
+        lacking = self.step("lacking", "false", lacks=steps.lacks_program("no-such-program"))
+        needing = run_tests.needing([other, build], test, lacking)
+        tally = run_tests.Tally()
+        with contextlib.redirect_stdout(io.StringIO()) as said:
+            tally.run([build, other, *needing])
+        self.assertEqual((tally.passed, tally.failed, tally.skipped), (0, 2, 1))
+        self.assertRegex(said.getvalue(), "FAILED test +not run, since build failed")
+        self.assertFalse((self.folder / "ran").exists())
+
     def test_what_runs_is_told_meanwhile(self):
         tally = run_tests.Tally()
         step = self.step("slow", "sh", "-c", "echo '[57/128] a.cpp'; while [ ! -e told ]; do sleep 0.05; done",
@@ -158,6 +175,53 @@ class TallyOfSteps(Folder):
             (self.folder / "told").touch()
             worker.join()
         self.assertIn("...    slow 57/128", said.getvalue())
+
+
+class Outcome(unittest.TestCase):
+    """What the whole of it comes to, with steps that do not run."""
+
+    def not_run(self, failing):
+        """The steps that are not run where one fails, on a machine that lacks no tool."""
+        said = io.StringIO()
+        with contextlib.ExitStack() as patches:
+            for step in run_tests.ALL:
+                outcome = (0, 1, "failed") if step.name == failing else (1, 0, "passed")
+                patches.enter_context(mock.patch.multiple(step, run=lambda outcome=outcome: outcome, lacks=lambda: "",
+                                                          what_failed=lambda: []))
+            patches.enter_context(mock.patch.object(run_tests, "share_of_idle_time", lambda: 1))
+            patches.enter_context(contextlib.redirect_stdout(said))
+            run_tests.run_all(run_tests.Tally(), lambda some: some)
+        return [line.split()[1] for line in said.getvalue().splitlines() if "not run" in line]
+
+    def test_what_a_failed_build_keeps_from_running(self):
+        self.assertEqual(self.not_run(None), [])
+        self.assertEqual(self.not_run("configure-plain"), [])
+        for build, expected in (
+                ("build-programs", "program wine packages build-mingw-x86_64-release contract-win32 check-tests_built check-exe "
+                 "check-packages program-32 program-32-over-64 program-64-over-32 wine-32 packages-32 contract-32"),
+                ("build-mingw-x86_64-release", "contract-win32 check-tests_built"),
+                ("build-linux", "rehearsals contract-linux linux check-deb check-tests_built"),
+                ("build-linux-asan-clang", "tests contract-sim rehearsals-sanitized fuzz check-tests_built"),
+                ("build-mingw-i686-release", "check-exe check-packages program-32 program-32-over-64 program-64-over-32 wine-32 "
+                 "packages-32 contract-32")):
+            with self.subTest(build):
+                self.assertEqual(sorted(self.not_run(build)), sorted(expected.split()))
+
+    def exit_status(self, *names, passed=0, failed=0):
+        def run_all(tally, _):
+            tally.add("step", passed, failed, "", 0)
+
+        with mock.patch.multiple(run_tests, run_all=run_all, signal=mock.DEFAULT), contextlib.redirect_stdout(io.StringIO()), \
+                mock.patch.object(sys, "argv", ["run_tests.py", *names]), self.assertRaises(SystemExit) as end:
+            run_tests.main()
+        return end.exception.code
+
+    def test_the_exit_status(self):
+        self.assertEqual(self.exit_status(passed=1), 0)
+        self.assertEqual(self.exit_status(), 1)
+        self.assertEqual(self.exit_status(passed=1, failed=1), 1)
+        self.assertEqual(self.exit_status("build-programs"), 0)
+        self.assertEqual(self.exit_status("build-programs", failed=1), 1)
 
 
 class Fuzzers(Folder):

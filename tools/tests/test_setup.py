@@ -1,4 +1,4 @@
-"""Proves that tools/setup.sh asks for what is missing of every group that it is told."""
+"""Proves that tools/setup.sh asks for what is missing of every group that it is told, and says what it installed."""
 
 import os
 import pathlib
@@ -11,7 +11,9 @@ INSTALLED = "first"
 UNKNOWN = "older"  # to apt
 
 
-class Missing(unittest.TestCase):
+class Machine(unittest.TestCase):
+    """On which one package is installed, and another one is unknown."""
+
     def setUp(self):
         self.folder = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory()))
         self.program("dpkg-query", f'[ "$3" = {INSTALLED} ] && echo installed')
@@ -22,12 +24,16 @@ class Missing(unittest.TestCase):
         path.write_text(f"#!/bin/sh\n{body}\n", encoding="utf-8")
         path.chmod(0o755)
 
-    def missing(self, *groups):
+    def run_shell(self, command):
         script = (f". '{TOOLS}/setup.sh'; POINTALK_some=(first second 'older|newer'); POINTALK_more=(third second); "
-                  f"pointalk_missing {' '.join(groups)}")
-        run = subprocess.run(["bash", "-uc", script], env={**os.environ, "PATH": f"{self.folder}:{os.environ['PATH']}"},
-                             stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, text=True, check=True, timeout=600)
-        return run.stdout.split()
+                  f"POINTALK_judges=('older|' 'newer|'); {command}")
+        return subprocess.run(["bash", "-uc", script], env={**os.environ, "PATH": f"{self.folder}:{os.environ['PATH']}"},
+                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, text=True, check=False, timeout=600)
+
+
+class Missing(Machine):
+    def missing(self, *groups):
+        return self.run_shell(f"pointalk_missing {' '.join(groups)}").stdout.split()
 
     def test_of_a_group(self):
         self.assertEqual(self.missing("some"), ["newer", "second"])
@@ -35,6 +41,29 @@ class Missing(unittest.TestCase):
     def test_of_two_groups(self):
         self.assertEqual(self.missing("some", "more"), ["newer", "second", "third"])
         self.assertEqual(self.missing("more", "some"), ["newer", "second", "third"])
+
+    def test_what_the_system_has_not_got_and_nothing_replaces(self):
+        self.assertEqual(self.missing("judges"), ["newer"])
+
+
+class Installing(Machine):
+    def install(self, status):
+        """What is said where apt would install two packages, and ends so."""
+        self.program("id", "echo 0")
+        self.program("apt-get", f'case " $* " in *" -s "*) echo "Inst second"; echo "Inst newer";; *" install "*) exit {status};; '
+                     "esac")
+        return self.run_shell("pointalk_setup some")
+
+    def test_how_many_packages_and_how_long_it_took(self):
+        run = self.install(0)
+        self.assertEqual(run.returncode, 0)
+        self.assertRegex(run.stdout, r"(?m)^Installing 2 packages: newer second, and what they need\.\.\.\n"
+                                     r"Installed 2 packages \(\d+ s\)\.$")
+
+    def test_an_installation_that_fails(self):
+        run = self.install(100)
+        self.assertNotEqual(run.returncode, 0)
+        self.assertNotIn("Installed", run.stdout)
 
 
 if __name__ == "__main__":
