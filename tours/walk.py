@@ -1,18 +1,20 @@
 """The listener's walk: moves the pointer, presses keys, and notes what must be heard at each place."""
 
 import contextlib
+import itertools
 import time
 
 import tones
 from harness import now, wait_until
 
-LIMIT = 10.0         # seconds in which what must be heard is heard
+LIMIT = 60.0         # seconds in which what must be heard is heard
 LONGEST_TEXT = 60    # seconds in which the longest text is spoken to its end
 PACE = 0.02          # seconds between two places of a glide
 SILENCE = 1.0        # seconds
-TURNS = 4            # how often a key is pressed, or a place is moved to, that is not answered
+TURNS = 24           # how often a key is pressed, or a place is moved to, that is not answered
 TICK = 0.03          # seconds between two looks at the pointer
 CLICK_TICKS = 6      # in which a click is not yet spoken
+ASIDE = 20           # pixels from a row of a list to another one
 SPEAK_TO_THE_END = 2  # the flags with which the program waits for the end of what it says
 
 # The notes, on the channel of event sounds, by which some of them are known.
@@ -49,7 +51,7 @@ class Walk:
         self.stops.append((now(), *place, what))
         self.hears(what, *words, since=since, came=came)
         if earcon:
-            self._hears_earcon(what, earcon, since)
+            self._hears_earcon(what, earcon, since, start)
         self._hears_tones(what)
         self.settle()
 
@@ -74,9 +76,7 @@ class Walk:
             (place, words), (other, _) = (second, first) if turn % 2 else (first, second)
 
             def come_again(there=other, back=place):
-                self.hand.move(*there)
-                time.sleep(2 * TICK)
-                self.hand.move(*back)
+                self._come_from(there, back)
 
             since = now()
             self.hand.move(*place)
@@ -84,6 +84,14 @@ class Walk:
                 break
             time.sleep(turn * 7 % 30 / 1000)
         self.settle()
+
+    def _come_from(self, other, place):
+        """Jumps to another place, long enough to be seen there, and then to the place itself; when it came to it."""
+        self.hand.move(*other)
+        time.sleep(2 * TICK)
+        came = now()
+        self.hand.move(*place)
+        return came
 
     def hears(self, what, *words, since, came=None, ask_again=None):
         """Whether all the words were said; words in quotation marks are a whole utterance. came: when the pointer came onto
@@ -123,7 +131,16 @@ class Walk:
         except AssertionError:
             return None
 
-    def _hears_earcon(self, what, earcon, since):
+    def _hears_earcon(self, what, earcon, since, start):
+        """A row or an icon sounds only when another one was the last, and that may have been one of the same number on the way
+        here. So the place is come to again from a row below or above it, or from where the glide began."""
+        x, y = place = self.hand.position()
+        others = itertools.cycle([(x, y + ASIDE), (x, y - ASIDE), start])
+
+        def come_again():
+            nonlocal since
+            since = self._come_from(next(others), place)
+
         def struck():
             return any(on and channel == EARCON_CHANNEL and note & DATA == EARCONS[earcon] & DATA
                        for _, on, channel, note, _ in tones.notes(self.heard.lines(since)))
@@ -133,7 +150,7 @@ class Walk:
                 return wait_until(struck, limit, earcon)
             return False
 
-        if not self._in_turns(strikes, self.nudge):
+        if not self._in_turns(strikes, come_again):
             self.missed.append(f"{what}: the sound of {earcon}; instead nothing")
 
     def _hears_tones(self, what):

@@ -147,6 +147,38 @@ class Judgement(Record):
         self.walk.to(MIDDLE, "a button", "cancel", steps=1)
         self.assertEqual((self.walk.missed, len(self.walk.stops), len(self.walk.nudges)), ([], 1, 1))
 
+    def test_a_row_or_an_icon_that_sounded_last_is_come_to_again_from_another(self):
+        """Which one is at a place, for a row among others, the last row of a list, and an icon in a line of them."""
+        for name, number_at in (("row", lambda x, y: y // 18), ("last row", lambda x, y: min(y // 18, MIDDLE[1] // 18)),
+                                ("icon", lambda x, y: x // 400)):
+            with self.subTest(name):
+                self.walk.hand.moves = [(now(), 100, 100)]
+                self.walk.missed.clear()
+                self.walk.nudges.clear()
+                self.walk.hand.move = self.moving_over("a row of a list box", number_at, last=number_at(*MIDDLE))
+                self.tones_of_the_middle()
+                self.walk.jump(MIDDLE, name, earcon="a row of a list box")
+                self.assertEqual(self.walk.missed, [])
+                self.assertEqual(self.walk.hand.position(), MIDDLE)
+                self.assertEqual({what for *_, what in self.walk.nudges}, {"once more"})
+
+    def moving_over(self, earcon, number_at, last):
+        """A way to move over things that sound when another one was the last."""
+        def move(x, y):
+            nonlocal last
+            self.walk.hand.moves.append((now(), x, y))
+            before, last = last, number_at(x, y)
+            if last != before:
+                self.sounds(note_on(walk.EARCON_CHANNEL, walk.EARCONS[earcon]), later=0)
+        return move
+
+    def test_the_sound_of_the_row_beside_is_not_that_of_the_place(self):
+        rows = iter([0, 1])
+        self.walk.hand.move = self.moving_over("a row of a list box", lambda x, y: next(rows, 1), last=0)
+        self.tones_of_the_middle()
+        self.walk.jump(MIDDLE, "a row", earcon="a row of a list box")
+        self.assertEqual(self.walk.missed, ["a row: the sound of a row of a list box; instead nothing"])
+
     def test_a_place_that_was_named_too_early_is_come_to_again_from_the_other(self):
         first, second = (100, 100), (200, 100)
         came, names = self.walk.hand.move, {first: iter(["O K"]), second: iter([None, "Cancel"])}
