@@ -7,6 +7,7 @@
 #include "reader/list_view_records.h"
 #include "reader/messages.h"
 #include "reader/remote_block.h"
+#include "tests/contract/asking.h"
 #include "tests/contract/world.h"
 
 namespace pointalk::contract {
@@ -19,11 +20,15 @@ constexpr int kLabelBytes = 255;
 
 class RemoteMemoryContract : public ::testing::Test {
  protected:
+  bool Sent(std::uint32_t message, RemoteAddress record) {
+    return Answered([&] { return messages_.Send(list_, message, 0, record); }).has_value();
+  }
+
   ListViewHit HitTest(Point screen) {
     HitTestRecord record({windows_.ToClient(list_, screen).value()}, memory_.PointerBytes(process_));
     RemoteBlock remote(memory_, process_, record.Bytes().size());
     EXPECT_TRUE(remote.Write(record.Bytes()));
-    EXPECT_TRUE(messages_.Send(list_, kLvmSubItemHitTest, 0, remote.Address()));
+    EXPECT_TRUE(Sent(kLvmSubItemHitTest, remote.Address()));
     EXPECT_TRUE(remote.Read(record.Bytes()));
     return record.Hit();
   }
@@ -34,7 +39,7 @@ class RemoteMemoryContract : public ::testing::Test {
     ItemRecord record(item, text.Address(), capacity, memory_.PointerBytes(process_));
     RemoteBlock remote(memory_, process_, record.Bytes().size());
     EXPECT_TRUE(remote.Write(record.Bytes()));
-    EXPECT_TRUE(messages_.Send(list_, kLvmGetItemA, 0, remote.Address()));
+    EXPECT_TRUE(Sent(kLvmGetItemA, remote.Address()));
     EXPECT_TRUE(text.Read(label));
     const Text whole = world_->Seam().ansi.ToText(label);
     return whole.substr(0, whole.find(u'\0'));

@@ -86,7 +86,8 @@ class World {
   virtual void SetLeftButton(bool down) = 0;
   virtual Point ScreenSizeInPixels() = 0;
 
-  // The mouse messages that the form was told of, once there are so many; after a time those that there are.
+  // The mouse messages that the form was told of, once there are so many; those that there are if no more
+  // come for very long. A test that wants to see none come asks for the next ones that do.
   virtual std::vector<int> MouseReports(std::size_t count) = 0;
 
   // The window's program answers nothing for a while.
@@ -98,7 +99,7 @@ class World {
   virtual void AnswerInput(std::optional<Text> typed) = 0;
 
   // What voices and sounds were asked, in the words of a rehearsal's transcript, once there are so many
-  // lines; after a time those that there are.
+  // lines; as with the mouse messages, if no more come.
   virtual std::vector<std::string> Heard(std::size_t count) = 0;
 
   // A file as it stands on disk; no value when it is missing.

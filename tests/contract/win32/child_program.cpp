@@ -2,10 +2,15 @@
 #include "tests/contract/win32/patience.h"
 
 #include <stdexcept>
+#include <string>
 #include <utility>
 
 namespace pointalk::contract {
 namespace {
+
+// Wine has been seen to refuse a start, once, on a busy machine.
+constexpr int kAttempts = 4;
+constexpr DWORD kPause = 500;  // milliseconds
 
 struct Pipe {
   Pipe() {
@@ -39,9 +44,14 @@ ChildProgram::ChildProgram(const std::wstring& path, const std::wstring& options
   startup.hStdError = GetStdHandle(STD_ERROR_HANDLE);
   PROCESS_INFORMATION process{};
   std::wstring command = L'"' + path + L'"' + options;
-  if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW, nullptr, nullptr,
-                      &startup, &process))
-    throw std::runtime_error("the other program does not start");
+  for (int attempt = 1; !CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW,
+                                        nullptr, nullptr, &startup, &process);
+       ++attempt) {
+    const DWORD error = GetLastError();
+    if (attempt == kAttempts)
+      throw std::runtime_error("the other program does not start: " + std::to_string(error));
+    Sleep(kPause);
+  }
   CloseHandle(process.hThread);
   process_.reset(process.hProcess);
   in_ = std::move(in.writing);

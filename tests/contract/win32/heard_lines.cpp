@@ -8,10 +8,10 @@
 #include <system_error>
 #include <utility>
 
+#include "tests/contract/win32/patience.h"
+
 namespace pointalk::contract {
 namespace {
-
-constexpr ULONGLONG kHeardWithin = 3000;  // milliseconds
 
 // The recorders of this process open the file once, so there is one for all tests.
 const std::filesystem::path& HeardFile() {
@@ -105,7 +105,7 @@ HeardLines::HeardLines() {
 }
 
 std::vector<std::string> HeardLines::Lines(std::size_t count) const {
-  for (const ULONGLONG end = GetTickCount64() + kHeardWithin;; Sleep(10)) {
+  for (const ULONGLONG end = GetTickCount64() + kPatience;; Sleep(10)) {
     std::ifstream file(HeardFile(), std::ios::binary);
     file.seekg(begin_);
     std::vector<std::string> lines;

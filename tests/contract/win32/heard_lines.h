@@ -17,8 +17,8 @@ class HeardLines {
   // What is written down from now on.
   HeardLines();
 
-  // Once there are so many lines; after three seconds those that there are. A call that failed is none,
-  // except those that a transcript tells of whatever they give.
+  // Once there are so many lines; those that there are if no more come for very long. A call that failed is
+  // none, except those that a transcript tells of whatever they give.
   std::vector<std::string> Lines(std::size_t count) const;
 
  private:

@@ -32,10 +32,11 @@ TEST_F(LastWordsTest, TheyAreOverOnceNothingIsSaid) {
 }
 
 TEST_F(LastWordsTest, AVoiceThatNeverEndsIsLeft) {
-  int asked = 0;
+  const ULONGLONG endOfVoice = GetTickCount64() + kPatience;  // or this test could have no end
+  bool isSpeaking = false;
   win32::HearOut(
-      panel_, [&](DWORD) { return ++asked > 0; }, 100);
-  EXPECT_GT(asked, 1);
+      panel_, [&](DWORD) { return isSpeaking = GetTickCount64() < endOfVoice; }, 100);
+  EXPECT_TRUE(isSpeaking);
 }
 
 // The program that ends is not kept longer by a question whose answer does not come.

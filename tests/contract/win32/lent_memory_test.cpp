@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "reader/messages.h"
+#include "tests/contract/asking.h"
 #include "tests/contract/win32/patience.h"
 #include "tests/contract/win32/win_world.h"
 
@@ -56,7 +57,7 @@ TEST_F(LentMemoryTest, ABlockStaysUntilTheThreadThatHadItAnswers) {
 
 TEST_F(LentMemoryTest, ABlockIsGivenBackAtOnceWhereTheWindowAnswers) {
   const RemoteAddress block = Allocate();
-  EXPECT_EQ(messages_.Send(window_, kWmGetTextLength, 0, 0), 4);
+  EXPECT_EQ(Answered([&] { return messages_.Send(window_, kWmGetTextLength, 0, 0); }), 4);
   memory_.FreeOnceAnswered(process_, block, window_);
   EXPECT_FALSE(IsThere(block));
   memory_.FreeOnceAnswered(process_, 0, window_);
@@ -67,7 +68,7 @@ TEST_F(LentMemoryTest, AnotherThreadsAnswerSaysNothing) {
   world_.Tell("hang slow");
   RunOver();
   memory_.FreeOnceAnswered(process_, block, window_);
-  EXPECT_EQ(messages_.Send(other_, kWmGetTextLength, 0, 0), 5);
+  EXPECT_EQ(Answered([&] { return messages_.Send(other_, kWmGetTextLength, 0, 0); }), 5);
   const RemoteAddress others = Allocate();
   memory_.FreeOnceAnswered(process_, others, other_);
   EXPECT_FALSE(IsThere(others));

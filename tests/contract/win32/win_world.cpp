@@ -10,6 +10,7 @@
 #include <tuple>
 #include <utility>
 
+#include "tests/contract/win32/patience.h"
 #include "win32/com.h"
 #include "win32/program_folder.h"
 
@@ -196,7 +197,7 @@ void WinWorld::MovePointer(Point place) {
         POINT reached{};
         return GetCursorPos(&reached) && reached.x == place.x && reached.y == place.y;
       },
-      1000);
+      kPatience);
 }
 
 void WinWorld::SetKey(int virtualKey, bool down) { PressKey(virtualKey, down); }
@@ -213,7 +214,7 @@ Point WinWorld::ScreenSizeInPixels() {
 }
 
 std::vector<int> WinWorld::MouseReports(std::size_t count) {
-  RunUntil([&] { return mouseReports.size() >= count; }, 1000);
+  RunUntil([&] { return mouseReports.size() >= count; }, kPatience);
   return mouseReports;
 }
 
