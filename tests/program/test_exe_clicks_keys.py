@@ -34,13 +34,25 @@ class ClicksAndKeys(Listening):
         self.assertEqual(self.clicks_told(*((self.hand.click, button, texts[button]) for button in order)),
                          [(ASYNC, texts[button]) for button in order])
 
+    def double_click_told(self, button, text):
+        """How a double click is told. On a busy machine its two clicks may come too far apart and be told as two; then it is
+        made once more."""
+        two_clicks = [text.replace("DoubleClick", "Click")] * 2
+        for _ in range(TURNS):
+            since = now()
+            told = lambda: [(flags, words) for flags, words in self.speech(since) if words.endswith("Click")]
+            self.hand.double_click(button)
+            wait_until(lambda: len(told()) == 2 or (told() and told()[0][1] == text), SOON, lambda: f"{text}; heard {told()}")
+            time.sleep(APART)  # or the next click would belong to these; and what else is told of them has come
+            if [words for _, words in told()] != two_clicks:
+                break
+        return told()
+
     def test_a_double_click_is_spoken_as_that_alone(self):
-        told = self.clicks_told((self.hand.double_click, "left", "DoubleClick"),
-                                (self.hand.double_click, "right", "Right DoubleClick"),
-                                (self.hand.double_click, "middle", "Middle DoubleClick"),
-                                (self.hand.click, "right", "Right Click"))
-        self.assertEqual(told, [(AND_WAIT, "DoubleClick"), (ASYNC, "Right DoubleClick"), (ASYNC, "Middle DoubleClick"),
-                                (ASYNC, "Right Click")])
+        for button, flags, text in (("left", AND_WAIT, "DoubleClick"), ("right", ASYNC, "Right DoubleClick"),
+                                    ("middle", ASYNC, "Middle DoubleClick")):
+            self.assertEqual(self.double_click_told(button, text), [(flags, text)])
+        self.assertEqual(self.clicks_told((self.hand.click, "right", "Right Click")), [(ASYNC, "Right Click")])
 
     def test_two_clicks_far_apart_are_two_clicks(self):
         self.leave()
@@ -55,11 +67,13 @@ class ClicksAndKeys(Listening):
     def press_control(self, place, *answers):
         """Presses Control over a place that was just named, until that is answered so; returns the time just before. A pointer
         that already rests, as on a busy machine, answers at the next move; over an object that is late Control tells the
-        class, and is pressed once more."""
+        class, and is pressed once more. It is held from one turn to the next, for the window that keys are aimed at then may
+        lose them again."""
         self.addCleanup(self.hand.release, "ctrl")
+        begin = since = now()
+        self.hand.press("ctrl")
         for _ in range(TURNS):
-            since, looks = now(), itertools.count(1)
-            self.hand.press("ctrl")
+            looks = itertools.count(1)
 
             def told():
                 look = next(looks)
@@ -71,9 +85,9 @@ class ClicksAndKeys(Listening):
                 wait_until(lambda: len(told()) >= len(answers), SOON / TURNS, "an answer")
             if told()[:len(answers)] == list(answers):
                 return since
+            since = now()
             self.hand.press_again()
-            self.hand.release("ctrl")
-        self.fail(f"{answers}; heard {self.speech(since)}; keys go to {self.hand.where_keys_go()}")
+        self.fail(f"{answers}; heard {self.speech(begin)}; keys go to {self.hand.where_keys_go()}")
 
     def assert_told(self, place, name, *answers):
         """What Control says of what is named so."""

@@ -9,6 +9,7 @@ RIGHTS = "Copyright Corvane.  You may use it and pass it on, unchanged and free 
 AGREEMENT = ("Hello, and welcome to Pointalk, the Audio Mouse \"Driver\".  " + RIGHTS + "It is offered as is, with no "
              "liability whatsoever.  You are the only one responsible for its behavior, usage and results.  Do you agree?")
 INSTRUCTIONS = ("This mouse driver lets you hear your mouse", "menu for user options. ")  # how they begin and end
+AT_START = 300  # seconds after which what a program says first never comes
 MARK = "Been there done that.\r\n"
 FIRST_VOICE = [("sapi5 voices", None), ("sapi5 voice item", 0), ("sapi5 voice", 0)]
 PORT = [("midi devices", 1), ("midi open", -1, 0, 0, 0, 0)]
@@ -135,7 +136,7 @@ class FirstRun(unittest.TestCase):
         return text.startswith(begin) and text.endswith(end)
 
     def test_agreeing_leads_to_the_instructions_and_on(self):
-        self.pointalk.heard.wait_words(AGREEMENT + " Y for yes, N for No.", 30)
+        self.pointalk.heard.wait_words(AGREEMENT + " Y for yes, N for No.", AT_START)
         since = self.pointalk.heard.lines()[-1]["t"]
         box = self.panel.answer("Pointalk", "y")
         self.assertIn(AGREEMENT, box["texts"])
@@ -156,7 +157,7 @@ class FirstRun(unittest.TestCase):
         self.pointalk.heard.wait(lambda line: line["what"] == "midi", SOON, since)
 
     def test_declining_ends_the_program_and_leaves_no_mark(self):
-        self.pointalk.heard.wait_words(AGREEMENT + " Y for yes, N for No.", 30)
+        self.pointalk.heard.wait_words(AGREEMENT + " Y for yes, N for No.", AT_START)
         self.panel.answer("Pointalk", "n")
         self.pointalk.wait_for_end()
         self.assertEqual(self.spoken()[-2:], [(3, "No."), (3, "O K nevermind.")])

@@ -99,7 +99,8 @@ class Tones(unittest.TestCase):
         self.hand.move(MIDDLE[0] + 1, MIDDLE[1])  # within the cell: its notes are the last ones, and not struck again
         self.click("left", "right")
         self.assertEqual(self.heard.midi(since), [])
-        self.move(LEFT, struck(HIGHER, 76, 80))
+        with self.left_held():
+            self.move(LEFT, struck(HIGHER, 76, 80))
 
     def test_a_held_button_keeps_the_tones_until_it_is_let_go(self):
         self.run_format(1)

@@ -31,6 +31,7 @@ PROGRAMS = {
     "taskmgr": (("taskmgr",), "#32770", "Task Manager", (410, 510, 700, 760)),
     "winecfg": (("winecfg",), "#32770", "Wine configuration", (560, 280, 1000, 740)),
 }
+TURNS = 4         # of visits where a program may answer too late
 POSITION = 0xD6  # EM_POSFROMCHAR with the character's number: x and y in one
 
 
@@ -86,14 +87,20 @@ class WinePrograms(Listening):
         return wait_until(find, 100, f"a {class_name} {title}")
 
     def visit_in_turn(self, *stops):
-        """Places and what is said there; nothing else may be said from the first on until the pointer rests."""
-        since = now()
-        for place, said in stops:
-            self.visit(place, said)
-        self.rest()
-        heard = self.heard.words(since)
+        """Places and what is said there; nothing else may be said from the first on until the pointer rests. Where a program
+        answers too late, as on a busy machine, the beginning of its text is said; all is visited once more then."""
         said = [said for _, said in stops]
-        self.assertEqual(heard[heard.index(said[0]):], said)
+        for _ in range(TURNS):
+            self.leave()
+            since = now()
+            for place, words in stops:
+                self.visit(place, words)
+            self.rest()
+            heard = self.heard.words(since)
+            heard = heard[heard.index(said[0]):]
+            if heard == said:
+                break
+        self.assertEqual(heard, said)
 
     def character(self, window, word):
         """On a word's second character; both kinds of texts here count a line's end as one or as two."""
