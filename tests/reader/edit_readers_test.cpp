@@ -7,8 +7,10 @@
 namespace pointalk {
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::Not;
 
 constexpr std::uint64_t Packed(std::uint32_t x, std::uint32_t y) { return y << 16U | x; }
 
@@ -50,6 +52,22 @@ TEST_F(EditReadersTest, AFieldThatDoesNotAnswerIsTakenForItsBeginning) {
   EXPECT_THAT(Asked(kEmLineLength, &StrangeMessages::Sent::lParam), ElementsAre(0u));
   EXPECT_THAT(messages.lines, IsEmpty());
   EXPECT_EQ(HeardWords(), "Beginning");
+}
+
+TEST_F(EditReadersTest, TheNextLineIsLookedForAsFarAs256PixelsBelow) {
+  messages.answers[kEmCharFromPos] = 0x10000;
+  edits.ReadEditControl(spot);
+  const auto places = Asked(kEmCharFromPos, &StrangeMessages::Sent::lParam);
+  EXPECT_THAT(places, Contains(Packed(3, 20 + 256)));
+  EXPECT_THAT(places, Not(Contains(Packed(3, 20 + 260))));
+}
+
+TEST_F(EditReadersTest, ACharacterThatIsNotToldIsTakenForTheFirst) {
+  messages.places[Packed(3, 20)] = 0x2000A;  // the line's first
+  messages.answers = {{kEmCharFromPos, std::nullopt}, {kEmLineLength, 5}};
+  messages.text = u"first";
+  edits.ReadEditControl(spot);
+  EXPECT_THAT(messages.lines, ElementsAre(0));
 }
 
 TEST_F(EditReadersTest, ALineWithoutACharacterIsNotFetched) {
