@@ -66,12 +66,14 @@ void AccessibilitySwitch::PutBack() {
 std::string AccessibilitySwitch::BusAddress() {
   if (const char* const named = std::getenv("AT_SPI_BUS_ADDRESS")) return named;
   const Session session = OpenSession();
+  missing_ = session || hadSession_ ? MissingBus::kNone : MissingBus::kSession;
   if (!session) return {};
+  hadSession_ = true;
   sd_bus_message* message = nullptr;
   sd_bus_error error{};
   const int outcome =
       sd_bus_call_method(session.get(), kService, kPath, kService, "GetAddress", &error, &message, "");
-  isMissing_ = sd_bus_error_has_name(&error, SD_BUS_ERROR_SERVICE_UNKNOWN) != 0;
+  if (sd_bus_error_has_name(&error, SD_BUS_ERROR_SERVICE_UNKNOWN) != 0) missing_ = MissingBus::kObjects;
   sd_bus_error_free(&error);
   if (outcome < 0) return {};
   const Owned<sd_bus_message, sd_bus_message_unref> answer(message);

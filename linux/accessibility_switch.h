@@ -6,6 +6,9 @@
 
 namespace pointalk::linux {
 
+// A bus that no program of the desktop offers.
+enum class MissingBus { kNone, kSession, kObjects };
+
 // Belongs to one thread, which may have to wait for the desktop for some seconds.
 class AccessibilitySwitch {
  public:
@@ -17,12 +20,14 @@ class AccessibilitySwitch {
   // The address of the bus on which programs tell of their objects; empty where there is none.
   std::string BusAddress();
 
-  // The desktop has no such bus: the package that brings it is not installed.
-  bool IsMissing() const { return isMissing_; }
+  // What the last look for that address did not find because it is not installed. A session's bus that was
+  // there before has only ended.
+  MissingBus Missing() const { return missing_; }
 
  private:
   bool wasOff_ = false;
-  bool isMissing_ = false;
+  bool hadSession_ = false;
+  MissingBus missing_ = MissingBus::kNone;
 };
 
 }  // namespace pointalk::linux

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "app/mouse.h"
+#include "linux/accessibility_switch.h"
 #include "linux/folders.h"
 #include "linux/linux_platform.h"
 #include "linux/qt_text.h"
@@ -28,6 +29,9 @@ constexpr TextView kWaylandSentence =
 constexpr TextView kNoObjectsSentence =
     u"Pointalk cannot see into programs and names their windows alone. Please install the package "
     u"at-spi2-core, and log in again.";
+constexpr TextView kNoSessionBusSentence =
+    u"Pointalk cannot see into programs and names their windows alone, because this session has no message "
+    u"bus. Please install the package dbus-user-session, and log in again.";
 constexpr std::chrono::seconds kSpeechServerLimit{6};
 constexpr std::chrono::seconds kSpokenLimit{30};
 constexpr std::chrono::seconds kReadingTime{8};
@@ -39,7 +43,9 @@ class FormEvents final : public PanelEvents {
 
   void OnTick() override {
     if (!platform_.display.IsOpen()) return OnUnload();
-    if (platform_.things.TakeMissingBus()) platform_.notices.Show(kNoObjectsSentence);
+    const MissingBus missing = platform_.things.TakeMissingBus();
+    if (missing != MissingBus::kNone)
+      platform_.notices.Show(missing == MissingBus::kObjects ? kNoObjectsSentence : kNoSessionBusSentence);
     const StillInput still(platform_.input);
     form_.Timer1_Timer();
   }

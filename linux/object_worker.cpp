@@ -9,7 +9,6 @@
 #include <tuple>
 #include <utility>
 
-#include "linux/accessibility_switch.h"
 #include "linux/object_finder.h"
 
 namespace pointalk::linux {
@@ -33,7 +32,7 @@ struct ObjectWorker::Shared {
   unsigned answered = 0;                   // the number of the one that the answer is for
   Answer answer;
   std::set<ProcessId> silent;
-  bool isBusMissing = false;  // and nobody has been told
+  MissingBus missing = MissingBus::kNone;  // of which nobody has been told
   bool isUnwanted = false;
   bool isOver = false;
 
@@ -73,9 +72,9 @@ class ObjectWorker::Work {
     finder_.reset();
     switch_.TurnOn();  // each bus that is started anew begins without
     bus_ = Bus::Open(switch_.BusAddress());
-    if (switch_.IsMissing() && !std::exchange(isMissingTold_, true)) {
+    if (switch_.Missing() != MissingBus::kNone && !std::exchange(isMissingTold_, true)) {
       const std::lock_guard lock(shared_->mutex);
-      shared_->isBusMissing = true;
+      shared_->missing = switch_.Missing();
     }
     if (bus_) finder_ = std::make_unique<ObjectFinder>(*bus_);
   }
@@ -162,9 +161,9 @@ bool ObjectWorker::IsSilent(ProcessId process) {
   return shared_->silent.contains(process);
 }
 
-bool ObjectWorker::TakeMissingBus() {
+MissingBus ObjectWorker::TakeMissingBus() {
   const std::lock_guard lock(shared_->mutex);
-  return std::exchange(shared_->isBusMissing, false);
+  return std::exchange(shared_->missing, MissingBus::kNone);
 }
 
 // A thread that does not come to its end in time is left behind.

@@ -10,6 +10,7 @@
 #include <set>
 #include <thread>
 
+#include "linux/accessibility_switch.h"
 #include "linux/bus.h"
 #include "linux/found_object.h"
 #include "linux/owned.h"
@@ -38,8 +39,8 @@ class ObjectWorker {
   // A question to that process is still out that nobody waits for any more.
   bool IsSilent(ProcessId process);
 
-  // True once, when the desktop turned out to have no bus for accessible objects.
-  bool TakeMissingBus();
+  // Tells once which bus the desktop turned out not to have; otherwise none.
+  MissingBus TakeMissingBus();
 
   // Puts back what was asked of the desktop and ends the thread; waits for that a second at most.
   void End();

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "linux/accessibility_switch.h"
 #include "linux/found_object.h"
 #include "linux/object_worker.h"
 #include "linux/own_objects.h"
@@ -51,7 +52,7 @@ class Things {
 
   bool IsSilent(ProcessId process) { return worker_.IsSilent(process); }
 
-  bool TakeMissingBus() { return worker_.TakeMissingBus(); }
+  MissingBus TakeMissingBus() { return worker_.TakeMissingBus(); }
 
   // At the end of the program.
   void End() { worker_.End(); }

@@ -127,6 +127,14 @@ def test_without_a_bus_for_objects_its_package_is_named(bare, tmp_path):
     assert shown(bare).count("at-spi2-core") == 1
 
 
+def test_without_a_bus_of_the_session_its_package_is_named(bare):
+    bare.start_voice()
+    start(bare, DBUS_SESSION_BUS_ADDRESS=f"unix:path={bare.folder}/no bus")
+    bare.wait_until(lambda: "install the package dbus-user-session" in shown(bare))
+    wait_for_tones(bare)
+    assert shown(bare).count("install the package") == 1
+
+
 def test_without_a_voice_the_tones_sound(bare):
     start(bare)
     wait_for_tones(bare)
