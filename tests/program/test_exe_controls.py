@@ -4,7 +4,7 @@ import contextlib
 import itertools
 
 from harness import now, wait_until
-from listening import EARCON, QUICK, SOON, Listening, note_on
+from listening import EARCON, QUICK, SOON, Listening, again_where_late, note_on
 
 SCROLL_UP, SCROLL_DOWN = ([note_on(EARCON, note, 90) for note in notes]
                           for notes in ((*range(209, 217), 216), (*range(216, 208, -1), 209)))
@@ -31,6 +31,7 @@ class Controls(Listening):
     def setUp(self):
         self.leave()
 
+    @again_where_late
     def test_each_control_is_told_in_its_own_way(self):
         since = now()
         for name, said in CONTROLS:
@@ -38,6 +39,7 @@ class Controls(Listening):
         heard = self.heard.words(since)
         self.assertEqual(heard[heard.index(CONTROLS[0][1]):], [said for _, said in CONTROLS])
 
+    @again_where_late
     def test_a_button_without_a_text_is_silent_and_one_with_a_title_alone_tells_it(self):
         self.visit(self.target.centre("ok"), "O K button")
         self.rest()
@@ -62,6 +64,7 @@ class Controls(Listening):
         for place, said in (((620, 405), "Application menu"), ((690, 405), "Open menu"), ((750, 405), "Bold button")):
             self.visit(place, said)
 
+    @again_where_late
     def test_scroll_bars_are_told_and_sound_only_while_the_button_is_held(self):
         thumb, page_up = (900, 405), (840, 405)
         since = self.visit(thumb, "scroll bar")

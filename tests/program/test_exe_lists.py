@@ -3,7 +3,7 @@
 import struct
 
 from harness import now, wait_until
-from listening import EARCON, QUICK, SOON, Listening, note_on
+from listening import EARCON, QUICK, SOON, Listening, again_where_late, note_on
 
 ICONS = ("My Computer", "My Documents", "Recycle Bin", "Letters & Notes", "Gr\u00fc\u00dfe")
 SCROLL_DOWN = [hex(note_on(EARCON, note, 90)) for note in (216, 215, 214, 213, 212, 211, 210, 209, 209)]
@@ -51,6 +51,7 @@ class Lists(Listening):
         self.target.ask("items", name, *items)
         self.addCleanup(self.target.destroy, holder)
 
+    @again_where_late
     def test_icons_of_the_desktop(self):
         self.come_from_button()
         self.target.ask("hide", "controls")
@@ -63,6 +64,7 @@ class Lists(Listening):
         self.assert_at_rest((600, 600), [], [])
         self.assert_at_rest(self.target.place("icons", "item", 4), [ICONS[4]], ["NewIcon"])
 
+    @again_where_late
     def test_items_of_another_window_after_its_name(self):
         self.come_from_button()
         words, earcons = self.at_rest(self.target.place("details", "label", 0))
@@ -92,6 +94,7 @@ class Lists(Listening):
         self.visit(self.target.place("odd", "label", 1), "Ends")
         self.visit(self.target.place("odd", "label", 2), "Odd,")  # an empty label
 
+    @again_where_late
     def test_items_of_a_list_box(self):
         self.target.ask("send", "list", "LB_SETTOPINDEX", 0, 0)
         self.come_from_button()
@@ -101,6 +104,7 @@ class Lists(Listening):
         for index, text in ((2, "Cherry"), (0, "Apple"), (3, "Date")):
             self.assert_at_rest(self.target.place("list", "item", index), [text], ["ListBoxHit"])
 
+    @again_where_late
     def test_a_list_box_that_was_scrolled(self):
         self.target.ask("send", "list", "LB_SETTOPINDEX", 0, 0)
         x, y = self.target.place("list", "item", 1)
@@ -112,6 +116,7 @@ class Lists(Listening):
                 x += 1
                 self.assert_at_rest((x, y), [said], [*scroll, "ListBoxHit"])
 
+    @again_where_late
     def test_below_the_last_item_of_a_list_box(self):
         self.make_list("short", "box", "Box", (600, 100, 900, 250), "One", "Two", class_="ListBox")
         self.at_rest(self.target.place("short", "item", 0))
@@ -122,13 +127,12 @@ class Lists(Listening):
         self.assert_at_rest(self.target.place("short", "item", 1), [], [])  # still the last item that was hit
         self.visit(self.target.place("short", "item", 0), "One")
 
+    @again_where_late
     def test_a_list_box_that_draws_its_data_itself_only_sounds(self):
         self.come_from_button()
         self.at_rest(self.target.place("drawn", "item", 2))
         for index in (1, 0, 2):
-            words, earcons = self.at_rest(self.target.place("drawn", "item", index), [], ["ListBoxHit"])
-            # Where an answer was late in between, the item is another one once more.
-            self.assertEqual((words, set(earcons)), ([], {"ListBoxHit"}))
+            self.assert_at_rest(self.target.place("drawn", "item", index), [], ["ListBoxHit"])
 
     def test_one_record_stays_in_the_first_list_and_nothing_in_any_other(self):
         records = [block for block in self.target.blocks().values()

@@ -3,7 +3,7 @@
 import itertools
 
 from harness import now
-from listening import QUICK, Listening
+from listening import QUICK, Listening, again_where_late
 
 LINES = ("Woven quick fox", "Must walk over", "", "When lazy dogs", "Do sleep")
 TEXT = "\r\n".join(LINES)
@@ -62,6 +62,7 @@ class Texts(Listening):
         self.rest()
         self.assertEqual(self.heard.words(since), [])
 
+    @again_where_late
     def test_a_line_is_read_whole_and_then_word_by_word(self):
         for field in BY_LINE:
             with self.subTest(field):
@@ -69,6 +70,7 @@ class Texts(Listening):
                 self.read(field, ("Woven", LINES[0]), ("quick", "quick"), ("fox", "fox"), ("walk", LINES[1]), ("over", "over"),
                           ("Must", "Must"), ("lazy", LINES[3]), ("sleep", LINES[4]), ("Do", "Do"), ("Woven", LINES[0]))
 
+    @again_where_late
     def test_a_line_left_and_entered_again_is_read_whole_again(self):
         for field in BY_LINE:
             with self.subTest(field):
@@ -77,6 +79,7 @@ class Texts(Listening):
                 self.go_elsewhere()
                 self.read(field, ("fox", LINES[0]))  # the window was left
 
+    @again_where_late
     def test_the_same_word_is_not_said_again(self):
         for field in ("textbox", "rich"):
             with self.subTest(field):
@@ -86,6 +89,7 @@ class Texts(Listening):
                 self.silence_at((x + 4, y))
                 self.read(field, ("over", "over"), ("walk", "walk"))
 
+    @again_where_late
     def test_over_an_empty_line_the_whole_text_stands_in(self):
         # Wine's rich edits take the first column of an empty line for the next line.
         for field in ("textbox", "editbox"):
@@ -95,11 +99,13 @@ class Texts(Listening):
                 self.visit(self.place_in_empty_line(field), FIRST_LINE)
                 self.read(field, ("lazy", LINES[3]), ("dogs", "dogs"))
 
+    @again_where_late
     def test_fields_of_one_line(self):
         self.begin_with("editcontrol", "one two three")
         self.read("editcontrol", ("one", "one two three"), ("two", "two"), ("three", "three"), ("one", "one"))
         self.visit(self.target.centre("emptybox"), "It is eigh empty text box")
 
+    @again_where_late
     def test_a_field_of_the_plain_class_tells_its_whole_text_wherever_the_pointer_is(self):
         self.begin_with("multiline", TEXT)
         since = self.visit(self.place_of("multiline", "Woven"), FIRST_LINE)
@@ -107,6 +113,7 @@ class Texts(Listening):
         self.rest()
         self.assertEqual(self.heard.words(since)[-1], FIRST_LINE)
 
+    @again_where_late
     def test_letters_of_the_code_page_and_beyond(self):
         """A rich text comes as its object gives it, a plain line through the code page."""
         text = "Gr\u00fc\u00dfe \u0418\u043c\u044f \u20ac5\r\nN\u00e4chste"
@@ -116,6 +123,7 @@ class Texts(Listening):
                 self.begin_with(field, text)
                 self.read(field, ("Gr\u00fc\u00dfe", line), ("\u20ac5", "\u20ac 5"), ("chste", "N\u00e4chste"))
 
+    @again_where_late
     def test_a_line_longer_than_its_window(self):
         self.begin_with("editcontrol", LONG_LINE)
         self.read("editcontrol", (WORDS[0], LONG_LINE[:LONGEST_SAID]), *zip(WORDS[1:3], WORDS[1:3]))
@@ -124,6 +132,7 @@ class Texts(Listening):
         self.begin_with("editcontrol", LONGER_LINE)
         self.visit(self.target.centre("editcontrol"), LONGER_LINE[:LONGEST_SAID])
 
+    @again_where_late
     def test_a_rich_text_is_read_by_the_lines_that_it_is_broken_into(self):
         self.begin_with("rich", LONG_LINE)
         _, top = self.place_of("rich", WORDS[0])
