@@ -42,7 +42,8 @@ bool LinuxSapi5Voice::Create() {
   if (client_.WaitForServer(kServerLimit)) return true;
   notices_.Show(
       HasSpeechDispatcher()
-          ? u"Pointalk has no voice: speech-dispatcher does not answer. The tones work without it."
+          ? u"Pointalk has no voice: speech-dispatcher does not answer. Where it has no synthesizer, please "
+            u"install one, such as the package speech-dispatcher-espeak-ng. The tones work without it."
           : u"Pointalk has no voice. Please install the package speech-dispatcher, and a synthesizer, such "
             u"as the package speech-dispatcher-espeak-ng. The tones work without it.");
   return true;

@@ -139,6 +139,7 @@ def test_without_a_voice_the_tones_sound(bare):
     start(bare)
     wait_for_tones(bare)
     assert "speech-dispatcher does not answer" in shown(bare)
+    assert "install one, such as the package speech-dispatcher-espeak-ng" in shown(bare)
 
 
 @pytest.fixture(name="unaddressed")
