@@ -1,12 +1,11 @@
 """What the tests of the whole program share: a Pointalk that runs beside a stand-in, and what it must sound like."""
 
 import functools
-import itertools
 import time
 import unittest
 import wave
 
-from harness import Desktop, now, settings_text, wait_until
+from harness import Desktop, settings_text, visit, wait_until
 from tones import HIGHER, LOWER, notes_at
 
 SETTINGS = settings_text(VerticalVolume=60, HorizontalVolume=60, DoDingVolume=60)
@@ -98,18 +97,8 @@ class Listening(unittest.TestCase):
         return self.visit_until(place, lambda text: text == words, words, limit)
 
     def visit_until(self, place, wanted, what, limit=SOON):
-        """As visit, for any text that is wanted. A place that did not answer in time, as on a very busy machine, is asked
-        again by a move of a pixel."""
-        since, looks = now(), itertools.count()
-
-        def said():
-            look = next(looks)
-            if look % 100 == 0:
-                self.hand.move(place[0] + look // 100 % 2, place[1])
-            return any(wanted(text) for text in self.heard.words(since))
-
-        wait_until(said, limit, lambda: f"{what!r}; heard {self.heard.lines(since)[-12:]}")
-        return since
+        """As visit, for any text that is wanted."""
+        return visit(self.hand, self.heard, place, wanted, what, limit)
 
     def last_notes(self):
         """The note that each of the two tones had last."""

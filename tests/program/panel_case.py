@@ -2,7 +2,7 @@
 
 import unittest
 
-from harness import Desktop, Panel, names_desktop, now, wait_until
+from harness import Desktop, Panel, names_desktop, now, visit, wait_until
 from harness.settings import DEFAULTS
 
 SOON = 100  # seconds after which what has not come never will
@@ -52,7 +52,7 @@ class DesktopCase(unittest.TestCase):
         since = now()
         self.panel.open()
         pointalk.heard.wait_words("DoubleClick", SOON, since)
-        pointalk.heard.wait(lambda line: names_desktop(line.get("text", "")), SOON, since, "the desktop, under the pointer")
+        visit(self.hand, pointalk.heard, AWAY, names_desktop, "the desktop, under the pointer", SOON, since)
 
 
 class PanelCase(DesktopCase):

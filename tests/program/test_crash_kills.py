@@ -4,7 +4,7 @@ import os
 import random
 import time
 
-from harness import now
+from harness import visit
 from panel_case import DesktopCase, check_whole
 
 # In the normal run there are fewer kills than where this is set.
@@ -94,7 +94,6 @@ class Kills(DesktopCase):
     def avoids_what_was_learnt(self):
         for name in {line[1:] for line in self.learnt if line.startswith("^") and line[1:] in CLASSES}:
             self.target.ask("reset")
-            since = now()
-            self.hand.move(*self.target.centre(name))
-            self.pointalk.heard.wait(lambda line: name.lower() in line.get("text", "").lower().replace(" ", ""), 100, since, name)
+            is_named = lambda text: name.lower() in text.lower().replace(" ", "")
+            visit(self.hand, self.pointalk.heard, self.target.centre(name), is_named, name, 100)
             self.assertNotIn("WM_GETOBJECT", self.target.counts(name))

@@ -3,7 +3,7 @@
 import itertools
 import time
 
-from harness import names_desktop, now, wait_until
+from harness import names_desktop, now, visit, wait_until
 from panel_case import SOON, DesktopCase
 
 ASKED = ("You did not exit from Pointalk last time, before quitting Windows.\r\nIs that because Pointalk crashed?  Just say no, "
@@ -74,8 +74,7 @@ class Learning(DesktopCase):
         since = now()
         self.hand.move(*self.target.centre(name))
         self.pointalk.heard.wait_words(text, SOON, since)
-        self.hand.move(900, 740)
-        self.pointalk.heard.wait(lambda line: names_desktop(line.get("text", "")), SOON, since)
+        visit(self.hand, self.pointalk.heard, (900, 740), names_desktop, "the desktop", SOON, since)
         return self.target.counts(name)
 
     def test_a_class_whose_query_was_out(self):

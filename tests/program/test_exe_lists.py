@@ -156,7 +156,5 @@ class Lists(Listening):
 
     def read_all(self, other):
         for index, said in enumerate(("One", "Two", "Three")):
-            since = now()
-            self.hand.move(*other.place("view", "label", index))
-            self.heard.wait(lambda line: said in line.get("text", ""), SOON, since)
+            self.visit_until(other.place("view", "label", index), lambda text, said=said: said in text, said)
         self.visit(other.place("rich", "char", 2), "Some text")

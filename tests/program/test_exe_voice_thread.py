@@ -5,7 +5,7 @@ import contextlib
 import subprocess
 import unittest
 
-from harness import Desktop, Panel, now
+from harness import Desktop, Panel, now, visit
 from listening import QUICK, SETTINGS, SOON, start, voice_that_takes
 
 HOUR = 3600
@@ -69,8 +69,7 @@ class WhileItSpeaks(unittest.TestCase):
         target = self.enterContext(self.desktop.target("elements"))
         self.begin(**QUICK, POINTALK_SAPI5_HANGS="O K button")
         self.window = self.panel.window()["hwnd"]
-        self.hand.move(*OK)
-        self.heard.wait_words("O K button", SOON)
+        visit(self.hand, self.heard, OK, lambda text: text == "O K button", "the button", SOON)
         for place in ((300, 500), (700, 100)):
             since = now()
             self.hand.move(*place)

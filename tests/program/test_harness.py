@@ -7,7 +7,7 @@ import threading
 import unittest
 from unittest import mock
 
-from harness import Desktop, Heard, now, wait_until
+from harness import Desktop, Heard, now, visit, wait_until
 
 CODES = {"shift": 16, "ctrl": 17, "alt": 18}
 BUTTON_CODES = {"left": 1, "right": 2, "middle": 4}
@@ -79,8 +79,7 @@ class Listening(unittest.TestCase):
                     pointalk.start()
                     if run == "first":
                         pointalk.wait_ready()
-                        self.hand.move(960, 380)
-                        pointalk.heard.wait_words("O K button", LIMIT, began)
+                        visit(self.hand, pointalk.heard, (960, 380), lambda text: text == "O K button", "the button", LIMIT)
                     else:  # which asks whether the first one crashed
                         pointalk.heard.wait(lambda line: line["what"].endswith("speak"), LIMIT, began)
                     self.assertTrue(pointalk.running())

@@ -1,6 +1,6 @@
 """The Midi menu by keys: what is asked, said and saved for good, bad and cancelled answers."""
 
-from harness import names_desktop, now, settings_text, written_scaling
+from harness import names_desktop, now, settings_text, visit, written_scaling
 from panel_case import AWAY, SOON, PanelCase, values
 
 PRESETS = {1: (50, 50), 3: (35, 44)}  # lower and higher tone
@@ -107,7 +107,7 @@ class Instruments(PanelCase):
         self.panel.wait_for_keyboard()
         since = now()
         self.wander()
-        self.pointalk.heard.wait(lambda line: names_desktop(line.get("text", "")), SOON, since, "the desktop")
+        visit(self.hand, self.pointalk.heard, AWAY, names_desktop, "the desktop", SOON, since)
         self.assertEqual(self.pointalk.heard.midi(since), [])
         self.panel.choose("Midi On/Off")
         self.pointalk.heard.wait(lambda line: line["what"] == "midi open", SOON, since, "the port open")

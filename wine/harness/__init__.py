@@ -14,10 +14,11 @@ from .panel import Panel
 from .pointalk import Pointalk, Run
 from .programs import KILLED_AT_ITS_END, LineProgram, Probe, Target, command_for, quoted
 from .settings import settings_text, written_scaling
+from .visiting import visit
 from .waiting import wait_until
 
 __all__ = [
     "BUILD", "KILLED_AT_ITS_END", "ROOT", "Desktop", "Hand", "Heard", "LineProgram", "Mail", "Panel", "Pointalk", "Probe",
-    "Run", "TARGET_BUILD", "Target", "command_for", "names_desktop", "now", "quoted", "settings_text", "wait_until",
+    "Run", "TARGET_BUILD", "Target", "command_for", "names_desktop", "now", "quoted", "settings_text", "visit", "wait_until",
     "written_scaling",
 ]
