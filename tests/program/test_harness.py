@@ -7,7 +7,7 @@ import threading
 import unittest
 from unittest import mock
 
-from harness import Desktop, Heard, now, visit, wait_until
+from harness import Desktop, Heard, names_desktop, now, visit, wait_until
 
 CODES = {"shift": 16, "ctrl": 17, "alt": 18}
 BUTTON_CODES = {"left": 1, "right": 2, "middle": 4}
@@ -46,6 +46,14 @@ class Hands(unittest.TestCase):
             wait_until(lambda: self.is_down(code), LIMIT, f"{name} down")
             self.hand.up(name)
             wait_until(lambda: not self.is_down(code), LIMIT, f"{name} up")
+
+    def test_keys_that_are_pressed_again_go_to_the_desktop(self):
+        self.hand.move(*self.target.centre("field"))
+        self.hand.click()
+        with self.hand.held("shift"):
+            self.hand.press_again()
+            wait_until(lambda: names_desktop(self.hand.where_keys_go()), LIMIT, self.hand.where_keys_go)
+            wait_until(lambda: self.is_down(CODES["shift"]), LIMIT, "shift down")
 
     def test_what_is_typed_arrives_in_the_field_that_was_clicked(self):
         self.hand.move(*self.target.centre("field"))

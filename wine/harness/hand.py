@@ -72,7 +72,7 @@ class Hand:
         if not self._pressed:
             return
         self._do(*(f"keyup {key}" for key in self._pressed))
-        self._output("search", "--onlyvisible", "--name", "^.* - Wine [Dd]esktop$", "windowfocus")
+        self._output("search", "--onlyvisible", "--name", "^(.* - )?Wine [Dd]esktop$", "windowfocus")
         self._do(*(f"keydown {key}" for key in self._pressed))
 
     def where_keys_go(self):
