@@ -41,13 +41,15 @@ std::string Command() {
 
 }  // namespace
 
-// The desktop's own settings switch an entry off by a line in it.
+// The desktop's own settings switch an entry off by one of these lines in it.
 bool StartsWithSession() {
   std::ifstream entry(EntryPath());
   std::string line;
   bool isThere = false;
   while (std::getline(entry, line)) {
-    if (line == "Hidden=true") return false;
+    if (line == "Hidden=true" || line == "X-GNOME-Autostart-enabled=false" ||
+        line == "X-MATE-Autostart-enabled=false")
+      return false;
     isThere = true;
   }
   return isThere;

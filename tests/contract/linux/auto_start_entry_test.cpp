@@ -18,10 +18,13 @@ class AutoStartEntryTest : public ::testing::Test {
 
 TEST_F(AutoStartEntryTest, OneThatTheDesktopsSettingsSwitchedOffStartsNothing) {
   EXPECT_FALSE(StartsWithSession());
-  ASSERT_TRUE(StartWithSession());
-  EXPECT_TRUE(StartsWithSession());
-  std::ofstream(ConfigHome() / "autostart" / "pointalk.desktop", std::ios::app) << "Hidden=true\n";
-  EXPECT_FALSE(StartsWithSession());
+  for (const char* const line :
+       {"Hidden=true", "X-GNOME-Autostart-enabled=false", "X-MATE-Autostart-enabled=false"}) {
+    ASSERT_TRUE(StartWithSession());
+    EXPECT_TRUE(StartsWithSession());
+    std::ofstream(ConfigHome() / "autostart" / "pointalk.desktop", std::ios::app) << line << '\n';
+    EXPECT_FALSE(StartsWithSession()) << line;
+  }
   ASSERT_TRUE(StartWithSession());
   EXPECT_TRUE(StartsWithSession());
 }
