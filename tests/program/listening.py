@@ -3,6 +3,7 @@
 import functools
 import time
 import unittest
+import warnings
 import wave
 
 from harness import Desktop, settings_text, visit, wait_until
@@ -66,9 +67,10 @@ def again_where_late(test):
         for turn in range(TURNS):
             try:
                 return test(self)
-            except AssertionError:
+            except AssertionError as error:
                 if turn == TURNS - 1:
                     raise
+                warnings.warn(f"tried again: {error}", stacklevel=1)  # the step's log has it
                 self.doCleanups()
                 self.setUp()
     return in_turns
